@@ -1,0 +1,42 @@
+#pragma once
+// What a file search found, kept until the next search. The list shows it as the folder "File Search".
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+
+#include "app/text.h"
+#include "platform/ce_api.h"
+
+struct SearchResult {
+    OwnedText folder;
+    OwnedText name;
+    DWORD attributes = 0;
+    FILETIME time{}; // file: last write, folder: creation, both as the file system has them
+    std::uint32_t size = 0;
+    std::unique_ptr<SearchResult> next;
+    SearchResult* previous = nullptr;
+};
+
+/// The chain of results, newest first.
+class SearchResults {
+  public:
+    SearchResults() = default;
+    SearchResults(const SearchResults&) = delete;
+    SearchResults& operator=(const SearchResults&) = delete;
+    ~SearchResults() { Clear(); }
+
+    /// Puts a result at the head and returns it.
+    SearchResult* Add(std::wstring_view folder, std::wstring_view name, DWORD attributes, FILETIME time,
+                      std::uint32_t size);
+    /// Drops one result and returns the one that followed it.
+    SearchResult* Remove(SearchResult* result);
+    /// The result with exactly this folder and name, or null.
+    SearchResult* Find(std::wstring_view folder, std::wstring_view name) const;
+    /// Drops all results; safe for any number of them.
+    void Clear();
+    SearchResult* First() const { return head_.get(); }
+
+  private:
+    std::unique_ptr<SearchResult> head_;
+};

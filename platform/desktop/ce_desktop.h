@@ -1,0 +1,98 @@
+#pragma once
+// The phone calls as the desktop carries them out. Signatures are the platform's own; what is said here is
+// only what the device shell adds or does differently. All run on the user-interface thread unless said.
+
+#include "platform/ce_types.h"
+
+// The phone has these names without a suffix; here they are calls of the shell's, not names for others.
+#undef SHGetFileInfo
+#undef ShellExecuteEx
+#undef SHGetSpecialFolderPath
+
+namespace ce {
+
+// --- file_system.cpp: one root, storage cards, files in ROM. Any thread. ---
+
+/// Finds as the phone does: never "." or "..". A linked folder of the root has the attributes of a storage
+/// card (0x100, no link bit); links further down keep FILE_ATTRIBUTE_REPARSE_POINT; a file lying directly in
+/// \Windows has FILE_ATTRIBUTE_INROM. Close the handle with ce::FindClose.
+HANDLE FindFirstFileW(const wchar_t* pattern, WIN32_FIND_DATAW* found);
+BOOL FindNextFileW(HANDLE find, WIN32_FIND_DATAW* found);
+BOOL FindClose(HANDLE find);
+
+/// The attributes as ce::FindFirstFileW gives them. The root ("\" or "") is a plain folder.
+DWORD GetFileAttributesW(const wchar_t* path);
+
+/// Sets what the host can keep; the card, ROM and link bits are left as they are.
+BOOL SetFileAttributesW(const wchar_t* path, DWORD attributes);
+
+/// Removes an empty folder, or a link to a folder and nothing behind it.
+BOOL RemoveDirectoryW(const wchar_t* path);
+
+// --- shell.cpp ---
+
+DWORD_PTR SHGetFileInfo(const wchar_t* path, DWORD attributes, SHFILEINFOW* info, UINT size, UINT flags);
+BOOL ShellExecuteEx(SHELLEXECUTEINFOW* info);
+BOOL SHGetSpecialFolderPath(HWND owner, wchar_t* path, int folder, BOOL create);
+BOOL CreateProcessW(const wchar_t* application, wchar_t* commandLine, SECURITY_ATTRIBUTES* process,
+                    SECURITY_ATTRIBUTES* thread, BOOL inherit, DWORD flags, void* environment,
+                    wchar_t* directory, STARTUPINFOW* startup, PROCESS_INFORMATION* information);
+BOOL GetSaveFileNameW(OPENFILENAMEW* request);
+BOOL GetOpenFileNameW(OPENFILENAMEW* request);
+FARPROC GetProcAddressW(HMODULE library, const wchar_t* name);
+void SystemIdleTimerReset();
+BOOL EventModify(HANDLE event, DWORD function);
+
+// --- shortcuts.cpp: the phone's text shortcut files. Any thread. ---
+
+/// Writes `target` as it stands (the caller quotes) to a new shortcut file. Fails when the file exists.
+BOOL SHCreateShortcut(const wchar_t* shortcut, const wchar_t* target);
+
+/// Reads a shortcut's target text, quotes included, into `target` of `capacity` characters. Also reads the
+/// desktop shell's own binary shortcuts. Fails, with `target` empty, on anything else.
+BOOL SHGetShortcutTarget(const wchar_t* shortcut, wchar_t* target, int capacity);
+
+// --- menu_bar.cpp: the soft keys ---
+
+/// Makes the soft-key bar of `hwndParent` at the screen's bottom from an RCDATA menu-bar resource. It lives
+/// as long as its parent. Soft keys send WM_COMMAND to the parent; popups are tracked with it as owner.
+BOOL SHCreateMenuBar(SHMENUBARINFO* info);
+HWND SHFindMenuBar(HWND parent);
+
+// --- windows.cpp: places on the screen ---
+
+/// As CreateWindowExW; a window without a parent and with CW_USEDEFAULT places fills the work area between
+/// the title strip and the soft keys, without frame or caption.
+HWND CreateWindowExW(DWORD exStyle, const wchar_t* className, const wchar_t* title, DWORD style, int x, int y,
+                     int width, int height, HWND parent, HMENU menu, HINSTANCE instance, void* parameter);
+
+// --- dialogs.cpp ---
+
+/// Sizes the dialog to the work area and, with SHIDIF_SIPDOWN, puts the input panel away.
+BOOL SHInitDialog(SHINITDLGINFO* info);
+
+// --- input_panel.cpp ---
+
+BOOL SipGetInfo(SIPINFO* info);
+BOOL SipShowIM(DWORD flags);
+BOOL SHHandleWMSettingChange(HWND window, WPARAM wParam, LPARAM lParam, SHACTIVATEINFO* info);
+BOOL SHHandleWMActivate(HWND window, WPARAM wParam, LPARAM lParam, SHACTIVATEINFO* info, DWORD flags);
+
+/// Answers the Back key reported by WM_HOTKEY: an edit field with the focus erases, any other window gets
+/// the key.
+void SHSendBackToFocusWindow(UINT message, WPARAM wParam, LPARAM lParam);
+
+// --- command_bar.cpp ---
+
+HWND CommandBar_Create(HINSTANCE instance, HWND parent, int id);
+HWND CommandBar_InsertComboBox(HWND bar, HINSTANCE instance, int width, UINT style, WORD id, WORD button);
+int CommandBar_Height(HWND bar);
+void CommandBar_Destroy(HWND bar);
+BOOL CommandBar_Show(HWND bar, BOOL show);
+
+// --- network.cpp ---
+
+DWORD WNetConnectionDialog1W(CONNECTDLGSTRUCTW* request);
+DWORD WNetDisconnectDialog(HWND owner, DWORD type);
+
+} // namespace ce

@@ -1,0 +1,73 @@
+#pragma once
+// On the phone every ce:: call is the platform's own. This file declares what mingw-w64's headers lack or
+// name otherwise.
+
+#include "platform/ce_types.h"
+
+extern "C" {
+BOOL SHCreateMenuBar(SHMENUBARINFO* info);
+HWND SHFindMenuBar(HWND parent);
+BOOL SHInitDialog(SHINITDLGINFO* info);
+BOOL SipGetInfo(SIPINFO* info);
+BOOL SipShowIM(DWORD flags);
+BOOL SHHandleWMSettingChange(HWND window, WPARAM wParam, LPARAM lParam, SHACTIVATEINFO* info);
+BOOL SHHandleWMActivate(HWND window, WPARAM wParam, LPARAM lParam, SHACTIVATEINFO* info, DWORD flags);
+void SHSendBackToFocusWindow(UINT message, WPARAM wParam, LPARAM lParam);
+BOOL SHCreateShortcut(const wchar_t* shortcut, const wchar_t* target);
+BOOL SHGetShortcutTarget(const wchar_t* shortcut, wchar_t* target, int capacity);
+FARPROC GetProcAddressW(HMODULE library, const wchar_t* name);
+void SystemIdleTimerReset();
+BOOL EventModify(HANDLE event, DWORD function);
+HWND CommandBar_Create(HINSTANCE instance, HWND parent, int id);
+HWND CommandBar_InsertComboBox(HWND bar, HINSTANCE instance, int width, UINT style, WORD id, WORD button);
+int CommandBar_Height(HWND bar);
+BOOL CommandBar_Show(HWND bar, BOOL show);
+}
+
+#undef SHGetFileInfo
+#undef ShellExecuteEx
+#undef SHGetSpecialFolderPath
+extern "C" {
+DWORD_PTR SHGetFileInfo(const wchar_t* path, DWORD attributes, SHFILEINFOW* info, UINT size, UINT flags);
+BOOL ShellExecuteEx(SHELLEXECUTEINFOW* info);
+BOOL SHGetSpecialFolderPath(HWND owner, wchar_t* path, int folder, BOOL create);
+}
+
+namespace ce {
+using ::CommandBar_Create;
+using ::CommandBar_Height;
+using ::CommandBar_InsertComboBox;
+using ::CommandBar_Show;
+using ::CreateProcessW;
+using ::CreateWindowExW;
+using ::EventModify;
+using ::FindClose;
+using ::FindFirstFileW;
+using ::FindNextFileW;
+using ::GetFileAttributesW;
+using ::GetOpenFileNameW;
+using ::GetProcAddressW;
+using ::GetSaveFileNameW;
+using ::RemoveDirectoryW;
+using ::SetFileAttributesW;
+using ::SHCreateMenuBar;
+using ::SHCreateShortcut;
+using ::ShellExecuteEx;
+using ::SHFindMenuBar;
+using ::SHGetFileInfo;
+using ::SHGetShortcutTarget;
+using ::SHGetSpecialFolderPath;
+using ::SHHandleWMActivate;
+using ::SHHandleWMSettingChange;
+using ::SHInitDialog;
+using ::SHSendBackToFocusWindow;
+using ::SipGetInfo;
+using ::SipShowIM;
+using ::SystemIdleTimerReset;
+using ::WNetConnectionDialog1W;
+using ::WNetDisconnectDialog;
+
+inline void CommandBar_Destroy(HWND bar) {
+    DestroyWindow(bar);
+}
+} // namespace ce
