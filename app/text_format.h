@@ -5,19 +5,20 @@
 #include <span>
 #include <string_view>
 
+#include "filelist/selection_entry.h"
 #include "platform/ce_api.h"
 
 /// The platform's version, major times 100 plus minor; read once.
 int GetOsVersion();
 
 /// Reads the locale's decimal separator, which FormatInteger cuts at. Called once at start.
-void LoadDecimalSeparator();
+void LoadDecimalSeparator(LCID locale = LOCALE_USER_DEFAULT);
 
-/// Groups the plain decimal number in `text` by the user's locale, without decimals, in place.
-void FormatInteger(std::span<wchar_t> text);
+/// Groups the plain decimal number in `text` by the locale, without decimals, in place.
+void FormatInteger(std::span<wchar_t> text, LCID locale = LOCALE_USER_DEFAULT);
 
-/// Formats the decimal number with a fraction in `text` by the user's locale, in place.
-void FormatDecimal(std::span<wchar_t> text);
+/// Formats the decimal number with a fraction in `text` by the locale, in place.
+void FormatDecimal(std::span<wchar_t> text, LCID locale = LOCALE_USER_DEFAULT);
 
 /// Writes `bytes` in kilobytes, or from 1,024,000 on in megabytes, through the format of that unit, whose one
 /// "%s" takes the number.
@@ -25,10 +26,14 @@ void FormatSize(std::uint32_t bytes, std::span<wchar_t> out, const wchar_t* kbFo
                 const wchar_t* mbFormat);
 
 /// Mode 0: short date, a blank, the time. Any other mode: only the time for today, only the date otherwise.
-void FormatDateTime(const SYSTEMTIME& time, std::span<wchar_t> out, std::uint32_t mode);
+void FormatDateTime(const SYSTEMTIME& time, std::span<wchar_t> out, std::uint32_t mode,
+                    LCID locale = LOCALE_USER_DEFAULT);
 
 /// Files and folders below `folder`, at any depth; links are counted but never entered.
 std::int32_t CountEntries(std::wstring_view folder);
+
+/// The steps of a progress bar for `entries`: one for each file, and for each folder one more than its count.
+std::int32_t CountSelection(std::wstring_view baseFolder, std::span<const SelectionEntry> entries);
 
 /// Cuts the name at its last "." in place; returns where, or null when there is none.
 wchar_t* CutExtension(wchar_t* name);

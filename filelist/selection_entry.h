@@ -1,0 +1,15 @@
+#pragma once
+// The form in which the list hands its selection to the operations on files.
+
+#include <cstdint>
+
+#include "app/settings.h"
+#include "filelist/file_item.h"
+
+struct SelectionEntry {
+    std::int32_t index = 0; // in the list view, when collected
+    ItemKind kind = ItemKind::UpLevel;
+    PathText folder{};
+    PathText name{};
+    std::int32_t done = 0; // set by the operation for each entry it has carried out
+};
