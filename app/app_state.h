@@ -42,6 +42,7 @@ struct AppState {
     bool dragging = false;
     bool labelEditing = false;
     bool marqueeStarted = false;
+    bool selectionNoticePosted = false; // one notice is on its way for any number of changes
     Pane focusedPane = Pane::List;
 
     // Splitter drag: what the press found

@@ -78,6 +78,10 @@ class FileList {
     void GoFromAddressBar();
     void GoToUserPath(int index);
     void UpdateNavigationState();
+    /// Shows the Favorites folder.
+    void OrganizeFavorites();
+    /// Builds the entries of the menus that come from folders and stored paths anew.
+    void RebuildMenus();
 
     const Path& CurrentFolder() const { return currentFolder_; }
     /// Sets the path alone; the list shows it with the next listing.

@@ -20,6 +20,13 @@ class FolderTree {
     /// Timer 2 of the main window: a pending keyboard selection navigates the list.
     void OnSyncTimer();
 
+    /// "Up Folder" with the focus here: selects the parent of the selected node and shows it in the list.
+    void SelectParent();
+    /// "Rename": edits the selected node's name in place.
+    void BeginRename();
+    /// Reads the root's folders afresh, keeping what is open.
+    void RefreshRoot();
+
     HWND Window() const { return window_; }
 
   private:

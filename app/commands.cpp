@@ -1,0 +1,278 @@
+#include "app/commands.h"
+
+#include "app/address_bar.h"
+#include "app/menu_state.h"
+#include "app/pane_layout.h"
+#include "app/sticky_keys.h"
+#include "resources/resource.h"
+
+namespace {
+
+struct Command {
+    int id;
+    void (*run)(int id);
+};
+
+// --- Going somewhere ---
+
+void OnGoTo(int id) {
+    const Settings& settings = appState.settings;
+    switch (id) {
+    case IDM_GOTO_DESKTOP:
+        return appState.fileList.GoToPath(settings.desktopPath.data());
+    case IDM_GOTO_MY_DOCUMENTS:
+        return appState.fileList.GoToPath(settings.myDocumentsPath.data());
+    case IDM_GOTO_START_MENU:
+        return appState.fileList.GoToPath(settings.startMenuPath.data());
+    default:
+        return appState.fileList.GoToPath(L"");
+    }
+}
+
+void OnUpFolder(int) {
+    if (IsTreeFocused())
+        appState.folderTree.SelectParent();
+    else
+        appState.fileList.UpOneLevel();
+}
+
+void OnOpen(int) {
+    if (IsListFocused())
+        appState.fileList.OpenEntry(appState.fileList.FirstSelected());
+}
+
+void OnOrganizeFavorites(int) {
+    appState.fileList.OrganizeFavorites();
+}
+
+// --- Focus ---
+
+void OnFocusNext(int) {
+    if (IsListFocused()) {
+        if (!FocusAddressBar())
+            SetFocus(appState.folderTree.Window());
+    } else if (!IsTreeFocused() && appState.settings.showFolderTree) {
+        SetFocus(appState.folderTree.Window());
+    } else {
+        SetFocus(appState.fileList.Window());
+    }
+}
+
+void OnFocusPrevious(int) {
+    if (IsListFocused() && appState.settings.showFolderTree)
+        SetFocus(appState.folderTree.Window());
+    else if ((!IsListFocused() && !IsTreeFocused()) || !FocusAddressBar())
+        SetFocus(appState.fileList.Window());
+}
+
+void OnChangeView(int) {
+    if (!appState.settings.showFolderTree) {
+        if (IsListFocused())
+            appState.fileList.UpOneLevel();
+    } else if (IsListFocused()) {
+        SetFocus(appState.folderTree.Window());
+    } else if (IsTreeFocused()) {
+        SetFocus(appState.fileList.Window());
+    }
+}
+
+// --- Clipboard of an edit field ---
+
+void OnCopyOrCut(int id) {
+    if (IsListFocused() || IsTreeFocused())
+        return;
+    SendMessageW(GetFocus(), id == IDM_TOOLBAR_COPY ? WM_COPY : WM_CUT, 0, 0);
+    UpdatePasteItems(true, false);
+}
+
+void OnPaste(int) {
+    if (!IsListFocused() && !IsTreeFocused())
+        SendMessageW(GetFocus(), WM_PASTE, 0, 0);
+}
+
+// --- View ---
+
+void OnViewStyle(int id) {
+    appState.fileList.ApplyViewStyle(id);
+}
+
+void OnListStyle(int) {
+    appState.fileList.CycleViewStyle();
+}
+
+void OnArrange(int id) {
+    appState.fileList.OnSortCommand(id);
+}
+
+void OnToggleBar(int id) {
+    Settings& settings = appState.settings;
+    switch (id) {
+    case IDM_VIEW_ADDRESS_BAR:
+        appState.commandBands.addressBarShown = !appState.commandBands.addressBarShown;
+        break;
+    case IDM_VIEW_FOLDER_TREE:
+        settings.showFolderTree = !settings.showFolderTree;
+        break;
+    case IDM_VIEW_STATUS_BAR:
+        settings.showStatusBar = !settings.showStatusBar;
+        break;
+    case IDM_VIEW_SIDE:
+        settings.viewSide = !settings.viewSide;
+        break;
+    case IDM_TOOLBAR_HIDE:
+        appState.commandBands.toolBarShown = 0;
+        break;
+    default:
+        break;
+    }
+    ShowPanes();
+    RefreshCheckMarks();
+    appState.fileList.UpdateStatusTexts();
+}
+
+void OnToggleDragDrop(int) {
+    appState.settings.dragDrop = !appState.settings.dragDrop;
+    RefreshCheckMarks();
+}
+
+void OnRefresh(int) {
+    appState.folderTree.Rebuild();
+    appState.fileList.GoToAddress();
+    appState.fileList.RebuildMenus();
+    InvalidateRect(appState.mainWindow, nullptr, TRUE);
+}
+
+// --- Selection ---
+
+void OnSelection(int id) {
+    switch (id) {
+    case IDM_EDIT_SELECT_ALL:
+        return appState.fileList.SelectAll();
+    case IDM_EDIT_REVERSE_SELECTION:
+        return appState.fileList.InvertSelection();
+    default:
+        return appState.fileList.ReleaseSelection();
+    }
+}
+
+// --- Naming ---
+
+void OnRename(int) {
+    if (IsTreeFocused())
+        appState.folderTree.BeginRename();
+}
+
+// --- Program ---
+
+void OnUserManual(int) {
+    SHELLEXECUTEINFOW info{};
+    info.cbSize = sizeof(info);
+    info.lpVerb = L"open";
+    info.lpFile = L"\\Windows\\File Manager_user_manual.htm";
+    info.lpParameters = L"\\Windows\\iexplore.exe"; // the browser that phones open pages with
+    info.nShow = SW_SHOW;
+    if (!ce::ShellExecuteEx(&info))
+        MessageBoxW(appState.mainWindow,
+                    L"If you can't open user manual, please open it under installation directory.", L"Prompt",
+                    MB_OK);
+}
+
+void OnExit(int) {
+    SendMessageW(appState.mainWindow, WM_CLOSE, 0, 0);
+}
+
+void OnStickyKey(int id) {
+    ToggleStickyKey(id == IDM_KEY_CTRL ? StickyKey::Ctrl : StickyKey::Shift);
+}
+
+constexpr Command commandTable[] = {
+    {IDM_SOFTKEY_CHANGE_VIEW, OnChangeView},
+    {IDM_FOCUS_NEXT, OnFocusNext},
+    {IDM_FOCUS_PREV, OnFocusPrevious},
+
+    {IDM_FILE_OPEN, OnOpen},
+    {IDM_FILE_RENAME, OnRename},
+    {IDM_MENU_REFRESH, OnRefresh},
+    {IDM_MENU_EXIT, OnExit},
+    {IDM_HELP_USER_MANUAL, OnUserManual},
+
+    {IDM_TOOLBAR_COPY, OnCopyOrCut},
+    {IDM_TOOLBAR_CUT, OnCopyOrCut},
+    {IDM_TOOLBAR_PASTE, OnPaste},
+    {IDM_EDIT_SELECT_ALL, OnSelection},
+    {IDM_EDIT_REVERSE_SELECTION, OnSelection},
+    {IDM_EDIT_RELEASE_SELECTION, OnSelection},
+    {IDM_KEY_CTRL, OnStickyKey},
+    {IDM_KEY_SHIFT, OnStickyKey},
+
+    {IDM_VIEW_LARGE, OnViewStyle},
+    {IDM_VIEW_SMALL, OnViewStyle},
+    {IDM_VIEW_LIST, OnViewStyle},
+    {IDM_VIEW_DETAILED, OnViewStyle},
+    {IDM_VIEW_DETAILED_LINE, OnViewStyle},
+    {IDM_TOOLBAR_LIST_STYLE, OnListStyle},
+    {IDM_ARRANGE_NAME, OnArrange},
+    {IDM_ARRANGE_TYPE, OnArrange},
+    {IDM_ARRANGE_SIZE, OnArrange},
+    {IDM_ARRANGE_DATE, OnArrange},
+    {IDM_ARRANGE_REVERSE, OnArrange},
+    {IDM_VIEW_ADDRESS_BAR, OnToggleBar},
+    {IDM_VIEW_FOLDER_TREE, OnToggleBar},
+    {IDM_VIEW_STATUS_BAR, OnToggleBar},
+    {IDM_VIEW_SIDE, OnToggleBar},
+    {IDM_TOOLBAR_HIDE, OnToggleBar},
+    {IDM_VIEW_DRAG_DROP, OnToggleDragDrop},
+
+    {IDM_TOOLBAR_GO_TO, [](int) { GoToTypedAddress(); }},
+    {IDM_TOOLBAR_BACK, [](int) { appState.fileList.GoBack(); }},
+    {IDM_TOOLBAR_FORWARD, [](int) { appState.fileList.GoForward(); }},
+    {IDM_TOOLBAR_UP_FOLDER, OnUpFolder},
+    {IDM_GOTO_DESKTOP, OnGoTo},
+    {IDM_GOTO_DEVICE, OnGoTo},
+    {IDM_GOTO_MY_DOCUMENTS, OnGoTo},
+    {IDM_GOTO_START_MENU, OnGoTo},
+    {IDM_FAVORITES_ORGANIZE, OnOrganizeFavorites},
+};
+
+void RunCommand(int id) {
+    for (const Command& command : commandTable) {
+        if (command.id == id)
+            return command.run(id);
+    }
+}
+
+/// The entries built at run time, by their ranges. True when `id` is one of them.
+bool RunBuiltEntry(int id) {
+    if (id >= IDM_USERPATH_FIRST && id < IDM_USERPATH_FIRST + BUILT_ENTRY_LIMIT) {
+        appState.fileList.GoToUserPath(id - IDM_USERPATH_FIRST);
+        return true;
+    }
+    return false;
+}
+
+} // namespace
+
+LRESULT OnCommand(WPARAM wParam, LPARAM lParam) {
+    const int id = LOWORD(wParam);
+    if (RunBuiltEntry(id))
+        return 0;
+    RunCommand(appState.fileList.FilterSearchCommand(id));
+    if (lParam && reinterpret_cast<HWND>(lParam) == appState.addressCombo)
+        OnAddressNotification(HIWORD(wParam));
+    return 0;
+}
+
+bool IsListFocused() {
+    HWND focus = GetFocus();
+    return focus && focus == appState.fileList.Window();
+}
+
+bool IsTreeFocused() {
+    HWND focus = GetFocus();
+    return focus && focus == appState.folderTree.Window();
+}
+
+void FocusPane(Pane pane) {
+    const bool tree = pane == Pane::Tree && appState.settings.showFolderTree;
+    SetFocus(tree ? appState.folderTree.Window() : appState.fileList.Window());
+}

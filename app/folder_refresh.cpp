@@ -1,0 +1,50 @@
+#include "app/folder_refresh.h"
+
+#include "app/app_state.h"
+#include "app/main_window.h"
+
+namespace {
+
+bool Exists(const Path& path) {
+    return ce::GetFileAttributesW(path.Text()) != INVALID_FILE_ATTRIBUTES;
+}
+
+} // namespace
+
+void ScheduleRefresh(RefreshCause cause) {
+    if (cause == RefreshCause::DeviceChange)
+        appState.deviceChanged = true;
+    KillTimer(appState.mainWindow, refreshTimer);
+    SetTimer(appState.mainWindow, refreshTimer, refreshDelay, nullptr);
+}
+
+void OnFolderChanged() {
+    MSG message{};
+    while (PeekMessageW(&message, appState.mainWindow, UM_FOLDERCHANGED, UM_FOLDERCHANGED, PM_REMOVE)) {
+    }
+    ScheduleRefresh(RefreshCause::FolderChange);
+}
+
+void RefreshAfterChange() {
+    KillTimer(appState.mainWindow, refreshTimer);
+    appState.folderTree.RefreshRoot();
+    Path target = appState.fileList.CurrentFolder();
+    const bool exists = Exists(target);
+    if (appState.deviceChanged && exists) {
+        // A card came or went elsewhere: the list may stay as it is.
+        if (!target.IsEmpty() && target.View() != appState.settings.networkLeaf) {
+            appState.deviceChanged = false;
+            return;
+        }
+        target.Clear();
+    } else if (!exists) {
+        CutToExisting(target);
+    }
+    appState.fileList.GoToFolder(target.View(), treeRescan);
+    appState.deviceChanged = false;
+}
+
+void CutToExisting(Path& folder) {
+    while (!Exists(folder) && folder.View().find(L'\\') != std::wstring_view::npos)
+        folder.Truncate(ParentOf(folder.View()).size());
+}

@@ -1,0 +1,88 @@
+#include "app/start_up.h"
+
+#include <cwchar>
+
+#include "app/app_state.h"
+#include "app/main_window.h"
+#include "app/text_format.h"
+#include "resources/resource.h"
+
+namespace {
+
+constexpr std::wstring_view folderPrefix = L"/FOLDER:";
+
+/// Brings the running instance forward and shows it the folder this start was given.
+void HandOverToRunningInstance() {
+    HWND window = FindWindowW(instanceName, nullptr);
+    if (!window)
+        return;
+    SetForegroundWindow(window);
+    if (!appState.startPath)
+        return;
+    COPYDATASTRUCT data{};
+    data.dwData = COPYDATA_OPEN_FOLDER;
+    data.cbData = static_cast<DWORD>((std::wcslen(appState.startPath) + 1) * sizeof(wchar_t));
+    data.lpData = appState.startPath;
+    SendMessageW(window, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data));
+}
+
+int RunMessageLoop() {
+    HACCEL accelerators = LoadAcceleratorsW(appState.instance, MAKEINTRESOURCEW(IDR_ACCELERATORS));
+    MSG message{};
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+        if (TranslateAcceleratorW(appState.mainWindow, accelerators, &message))
+            continue;
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+    return static_cast<int>(message.wParam);
+}
+
+} // namespace
+
+wchar_t* ParseCommandLine(wchar_t* commandLine) {
+    const std::wstring_view text(commandLine);
+    if (text.starts_with(folderPrefix))
+        return commandLine + folderPrefix.size();
+    if (text.empty())
+        return nullptr;
+    if (*commandLine != L'"')
+        return commandLine;
+    wchar_t* path = commandLine + 1;
+    if (wchar_t* quote = std::wcschr(path, L'"'))
+        *quote = L'\0';
+    return path;
+}
+
+bool ReadHandOver(const COPYDATASTRUCT* data, Path& path) {
+    if (!data || data->dwData != COPYDATA_OPEN_FOLDER || !data->lpData)
+        return false;
+    if (data->cbData < sizeof(wchar_t) || data->cbData % sizeof(wchar_t) != 0 ||
+        data->cbData > pathCapacity * sizeof(wchar_t))
+        return false;
+    const auto* text = static_cast<const wchar_t*>(data->lpData);
+    const std::size_t length = data->cbData / sizeof(wchar_t) - 1;
+    if (text[length] != L'\0')
+        return false;
+    return path.Assign(std::wstring_view(text));
+}
+
+int ProgramMain(HINSTANCE instance, wchar_t* commandLine) {
+    appState.startPath = ParseCommandLine(commandLine);
+
+    // Held until the process ends: it is what keeps a second instance from starting.
+    CreateMutexW(nullptr, FALSE, instanceName);
+    if (GetLastError() == ERROR_ALREADY_EXISTS) {
+        HandOverToRunningInstance();
+        return 0;
+    }
+    LoadDecimalSeparator();
+    appState.changeWatcher.StartWatcher();
+    appState.instance = instance;
+    CreateMainWindow();
+    ShowMainWindow();
+    appState.listWindow = appState.fileList.Window();
+    const int exitCode = RunMessageLoop();
+    appState.changeWatcher.StopWatcher();
+    return exitCode;
+}

@@ -1,0 +1,7 @@
+#pragma once
+// Ctrl and Shift that stay down, for phones without them: they let the phone's keys extend a selection.
+
+enum class StickyKey { Ctrl, Shift };
+
+/// Presses the key, or releases it when it is down; the other one is released first.
+void ToggleStickyKey(StickyKey key);
