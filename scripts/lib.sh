@@ -1,0 +1,128 @@
+# shellcheck shell=bash
+# What ./run, ./test and ./lint share: how they talk, and how they get the tools they need.
+
+# The project's own folder, wherever the script was called from.
+house=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+readonly house
+
+# File names outside ASCII need a UTF-8 locale; the pictures and tests the same one everywhere.
+export LC_ALL=C.UTF-8
+
+# Some services start without it.
+export HOME=${HOME:-$(getent passwd "$(id -u)" | cut -d: -f6)}
+
+# say TEXT: one progress line.
+say() {
+    printf '\e[36m»\e[0m %s\n' "$*" >&2
+}
+
+# fail WHAT MEND: ends the script with one line that says what is wrong and how to mend it.
+fail() {
+    printf '\e[31m%s: %s.\e[0m %s.\n' "$(basename "$0")" "$1" "$2" >&2
+    exit 1
+}
+
+# Colours are for people only.
+if [[ ! -t 2 ]]; then
+    say() { printf '» %s\n' "$*" >&2; }
+    fail() {
+        printf '%s: %s. %s.\n' "$(basename "$0")" "$1" "$2" >&2
+        exit 1
+    }
+fi
+
+# has TOOL: whether a command, or a file given by its full path, is there.
+has() {
+    if [[ $1 == /* ]]; then [[ -e $1 ]]; else command -v "$1" >/dev/null; fi
+}
+
+# Which of Debian's packages brings a tool.
+declare -rA package_of=(
+    [arm-none-eabi-g++]=gcc-arm-none-eabi
+    [clang-format]=clang-format
+    [clang-tidy]=clang-tidy
+    [cmake]=cmake
+    [cppcheck]=cppcheck
+    [import]=imagemagick
+    [ninja]=ninja-build
+    [shellcheck]=shellcheck
+    [websockify]=websockify
+    [wine]='wine wine64'
+    [x11vnc]=x11vnc
+    [x86_64-w64-mingw32-g++-posix]=g++-mingw-w64-x86-64-posix
+    [x86_64-w64-mingw32-windres]=binutils-mingw-w64-x86-64
+    [xauth]=xauth
+    [xdotool]=xdotool
+    [xdpyinfo]=x11-utils
+    [Xvfb]=xvfb
+    [/usr/share/fonts/truetype/liberation]=fonts-liberation
+    [/usr/share/novnc/vnc.html]=novnc
+    [/usr/share/wine/fonts]=fonts-wine
+    [/usr/src/googletest/CMakeLists.txt]=googletest
+)
+
+# The tools that build the program, and those that run it.
+readonly build_tools=(cmake ninja x86_64-w64-mingw32-g++-posix x86_64-w64-mingw32-windres
+    /usr/src/googletest/CMakeLists.txt)
+readonly wine_tools=(wine /usr/share/wine/fonts /usr/share/fonts/truetype/liberation)
+
+# need TOOL...: installs what is missing of the tools, from Debian's packages.
+need() {
+    local tool missing=()
+    for tool; do
+        # shellcheck disable=SC2206  # a tool may come in several packages
+        has "$tool" || missing+=(${package_of[$tool]})
+    done
+    ((${#missing[@]} == 0)) || install_packages "${missing[@]}"
+    for tool; do
+        has "$tool" || fail "'$tool' is still missing after its package was installed" \
+            "Look whether PATH leads to it, or reinstall ${package_of[$tool]}"
+    done
+}
+
+install_packages() {
+    local packages="$*" as_root=() log
+    has apt-get || fail "these packages are missing and there is no apt-get: $packages" \
+        "Install them by your system's own means (the scripts are made for Debian 12)"
+    if ((EUID != 0)); then
+        has sudo || fail "these packages are missing: $packages" \
+            "Install sudo, or as root: apt-get install $packages"
+        [[ -t 0 ]] || sudo -n true 2>/dev/null || fail "these packages are missing and sudo asks for a password: $packages" \
+            "Start it from a terminal, or first: sudo apt-get install $packages"
+        as_root=(sudo)
+    fi
+
+    say "Installing $packages"
+    log=$(mktemp)
+    local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -y -o DPkg::Lock::Timeout=300)
+    if ! {
+        "${apt[@]}" -o APT::Update::Error-Mode=any update &&
+            "${apt[@]}" install --no-install-recommends "$@"
+    } >"$log" 2>&1 </dev/null; then
+        tail -n 15 "$log" >&2
+        local offline='resolve|connect to|Connection|timed out|unreachable'
+        if grep -qE "$offline" "$log"; then
+            rm -f "$log"
+            fail "no network: Debian's packages cannot be reached, and these are missing: $packages" \
+                "Connect and start again"
+        fi
+        rm -f "$log"
+        fail "installing failed: $packages" "See the lines above; the packages are those of Debian 12"
+    fi
+    rm -f "$log"
+}
+
+# build PRESET [TARGET...]: configures and builds, showing the log's end when that fails.
+build() {
+    local preset=$1 log=$house/build/$1.log
+    shift
+    mkdir -p "$house/build" 2>/dev/null || fail "cannot write to $house/build" "Give yourself the right to, or clone afresh"
+    (
+        cd "$house" &&
+            cmake --preset "$preset" &&
+            cmake --build --preset "$preset" ${1:+--target "$@"}
+    ) >"$log" 2>&1 </dev/null || {
+        tail -n 30 "$log" >&2
+        fail "building failed" "See the lines above (all of it: $log); after moving the folder: rm -r build"
+    }
+}
