@@ -23,11 +23,18 @@ BOOL FindClose(HANDLE find);
 /// The attributes as ce::FindFirstFileW gives them. The root ("\" or "") is a plain folder.
 DWORD GetFileAttributesW(const wchar_t* path);
 
-/// Sets what the host can keep; the card, ROM and link bits are left as they are.
+/// Sets what the host can keep; the card, ROM and link bits are left as they are. What is behind a link keeps
+/// its attributes.
 BOOL SetFileAttributesW(const wchar_t* path, DWORD attributes);
 
 /// Removes an empty folder, or a link to a folder and nothing behind it.
 BOOL RemoveDirectoryW(const wchar_t* path);
+
+/// Deletes a file, or a link to one and not what is behind it.
+BOOL DeleteFileW(const wchar_t* path);
+
+/// Renames or moves a file, a folder, or a link alone: what is behind a link stays where it is.
+BOOL MoveFileW(const wchar_t* from, const wchar_t* to);
 
 // --- shell.cpp ---
 

@@ -1,0 +1,124 @@
+#include "platform/ce_api.h"
+
+#include <string_view>
+
+#include "platform/desktop/host_links.h"
+#include "platform/desktop/rooted_path.h"
+
+namespace {
+
+/// The folders whose entries the phone marks.
+enum class Place { Root, Rom, Other };
+
+Place PlaceOf(std::wstring_view folder) {
+    folder = RootedPart(folder);
+    if (folder.empty() || (folder.size() == 2 && folder[1] == L':'))
+        return Place::Root;
+    return SameText(folder, L"\\Windows") ? Place::Rom : Place::Other;
+}
+
+/// The attributes that the phone shows for an entry of `place`.
+DWORD PhoneAttributes(Place place, DWORD attributes) {
+    const bool folder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    if (place == Place::Rom && !folder)
+        return attributes | FILE_ATTRIBUTE_INROM;
+    if (place == Place::Root && folder && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0)
+        return (attributes & ~static_cast<DWORD>(FILE_ATTRIBUTE_REPARSE_POINT)) | FILE_ATTRIBUTE_STORAGE_CARD;
+    return attributes;
+}
+
+/// What a handle of ce::FindFirstFileW points to.
+struct Search {
+    HANDLE handle;
+    Place place;
+};
+
+/// Whether the phone has an entry of this name. A name with a backslash, or with a blank or dot at its end,
+/// would as a path mean another file.
+bool IsPhoneName(std::wstring_view name) {
+    return name != L"." && name != L".." && !name.empty() && name.back() != L'.' && name.back() != L' ' &&
+           name.find(L'\\') == std::wstring_view::npos;
+}
+
+/// Passes over what the phone has not, and marks the entry. False when nothing is left.
+bool SettleOnEntry(const Search& search, WIN32_FIND_DATAW& found) {
+    while (!IsPhoneName(found.cFileName)) {
+        if (!::FindNextFileW(search.handle, &found))
+            return false;
+    }
+    found.dwFileAttributes = PhoneAttributes(search.place, found.dwFileAttributes);
+    return true;
+}
+
+bool IsRoot(std::wstring_view path) {
+    path = RootedPart(path);
+    return path.empty() || path == L"\\";
+}
+
+} // namespace
+
+namespace ce {
+
+HANDLE FindFirstFileW(const wchar_t* pattern, WIN32_FIND_DATAW* found) {
+    const Search search{::FindFirstFileW(pattern, found), PlaceOf(FolderPart(pattern))};
+    if (search.handle == INVALID_HANDLE_VALUE)
+        return INVALID_HANDLE_VALUE;
+    if (SettleOnEntry(search, *found))
+        return new Search(search);
+    ::FindClose(search.handle);
+    SetLastError(ERROR_NO_MORE_FILES); // what the phone gives for an empty folder
+    return INVALID_HANDLE_VALUE;
+}
+
+BOOL FindNextFileW(HANDLE find, WIN32_FIND_DATAW* found) {
+    if (find == nullptr || find == INVALID_HANDLE_VALUE) {
+        SetLastError(ERROR_INVALID_HANDLE);
+        return FALSE;
+    }
+    const Search& search = *static_cast<const Search*>(find);
+    return ::FindNextFileW(search.handle, found) && SettleOnEntry(search, *found);
+}
+
+BOOL FindClose(HANDLE find) {
+    if (find == nullptr || find == INVALID_HANDLE_VALUE) {
+        SetLastError(ERROR_INVALID_HANDLE);
+        return FALSE;
+    }
+    const Search* search = static_cast<const Search*>(find);
+    const BOOL closed = ::FindClose(search->handle);
+    delete search;
+    return closed;
+}
+
+DWORD GetFileAttributesW(const wchar_t* path) {
+    if (path == nullptr)
+        return INVALID_FILE_ATTRIBUTES;
+    if (IsRoot(path))
+        return FILE_ATTRIBUTE_DIRECTORY;
+    const DWORD attributes = ::GetFileAttributesW(path);
+    return attributes == INVALID_FILE_ATTRIBUTES ? attributes
+                                                 : PhoneAttributes(PlaceOf(FolderPart(path)), attributes);
+}
+
+BOOL SetFileAttributesW(const wchar_t* path, DWORD attributes) {
+    constexpr DWORD kept =
+        FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE;
+    if (IsHostLink(path))
+        return TRUE; // a link has none of its own, and what is behind it is not meant
+    const DWORD wanted = attributes & kept;
+    return ::SetFileAttributesW(path, wanted != 0 ? wanted : FILE_ATTRIBUTE_NORMAL);
+}
+
+BOOL RemoveDirectoryW(const wchar_t* path) {
+    return IsHostLink(path) ? RemoveHostLink(path) : ::RemoveDirectoryW(path);
+}
+
+BOOL DeleteFileW(const wchar_t* path) {
+    return IsHostLink(path) ? RemoveHostLink(path) : ::DeleteFileW(path);
+}
+
+BOOL MoveFileW(const wchar_t* from, const wchar_t* to) {
+    return IsHostLink(from) ? MoveHostLink(from, to) : ::MoveFileW(from, to);
+}
+
+} // namespace ce
