@@ -15,6 +15,9 @@ using PathText = std::array<wchar_t, pathCapacity>;
 struct Settings {
     /// Sets every default that needs no look at the shell's folders.
     Settings();
+    // The leaves point into the record itself.
+    Settings(const Settings&) = delete;
+    Settings& operator=(const Settings&) = delete;
 
     std::int32_t showStatusBar = 1;
     std::int32_t showFolderTree = 0;
