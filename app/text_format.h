@@ -5,11 +5,8 @@
 #include <span>
 #include <string_view>
 
-#include "filelist/selection_entry.h"
+#include "app/device_info.h"
 #include "platform/ce_api.h"
-
-/// The platform's version, major times 100 plus minor; read once.
-int GetOsVersion();
 
 /// Reads the locale's decimal separator, which FormatInteger cuts at. Called once at start.
 void LoadDecimalSeparator(LCID locale = LOCALE_USER_DEFAULT);
@@ -22,36 +19,15 @@ void FormatDecimal(std::span<wchar_t> text, LCID locale = LOCALE_USER_DEFAULT);
 
 /// Writes `bytes` in kilobytes, or from 1,024,000 on in megabytes, through the format of that unit, whose one
 /// "%s" takes the number.
-void FormatSize(std::uint32_t bytes, std::span<wchar_t> out, const wchar_t* kbFormat,
-                const wchar_t* mbFormat);
+void FormatSize(std::uint32_t bytes, std::span<wchar_t> out, const wchar_t* kbFormat, const wchar_t* mbFormat,
+                LCID locale = LOCALE_USER_DEFAULT);
 
 /// Mode 0: short date, a blank, the time. Any other mode: only the time for today, only the date otherwise.
 void FormatDateTime(const SYSTEMTIME& time, std::span<wchar_t> out, std::uint32_t mode,
                     LCID locale = LOCALE_USER_DEFAULT);
-
-/// Files and folders below `folder`, at any depth; links are counted but never entered.
-std::int32_t CountEntries(std::wstring_view folder);
-
-/// The steps of a progress bar for `entries`: one for each file, and for each folder one more than its count.
-std::int32_t CountSelection(std::wstring_view baseFolder, std::span<const SelectionEntry> entries);
 
 /// Cuts the name at its last "." in place; returns where, or null when there is none.
 wchar_t* CutExtension(wchar_t* name);
 
 /// Appends the extension of `name`, with its dot, to `destination`; what does not fit is cut.
 void AppendExtension(std::span<wchar_t> destination, std::wstring_view name);
-
-/// The input panel's flags (SIPF_...).
-DWORD GetSipFlags();
-
-/// Moves `window` to the middle of the main window.
-void CenterOnMainWindow(HWND window);
-
-/// WM_PAINT of option and property pages: the line under the page's title. Returns 1.
-LRESULT PaintPageHeader(HWND page);
-
-/// WM_CTLCOLORSTATIC of pages: title and captions stand out. Returns the brush, or 0 for other controls.
-LRESULT ColorPageTitle(HDC context, HWND control);
-
-/// The device's display name, which names the root; a single backslash when it has none. Read once.
-const wchar_t* DeviceDisplayName();
