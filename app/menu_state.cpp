@@ -1,0 +1,154 @@
+#include "app/menu_state.h"
+
+#include "app/app_state.h"
+#include "app/menu_rules.h"
+#include "resources/resource.h"
+
+namespace {
+
+/// The list's clipboard holds entries, as UpdatePasteItems told last.
+bool filesToPaste = false;
+
+constexpr int toolButtons[] = {IDM_FILE_DELETE, IDM_MENU_PROPERTIES, IDM_TOOLBAR_CUT, IDM_TOOLBAR_COPY,
+                               IDM_TOOLBAR_PASTE};
+
+HMENU SoftKeyMenu() {
+    return reinterpret_cast<HMENU>(SendMessageW(appState.menuBar, SHCMBM_GETSUBMENU, 0, IDM_SOFTKEY_MENU));
+}
+
+void EnableIn(HMENU menu, int command, bool enabled) {
+    EnableMenuItem(menu, static_cast<UINT>(command), MF_BYCOMMAND | (enabled ? MF_ENABLED : MF_GRAYED));
+}
+
+void CheckIn(HMENU menu, int command, bool checked) {
+    CheckMenuItem(menu, static_cast<UINT>(command), MF_BYCOMMAND | (checked ? MF_CHECKED : MF_UNCHECKED));
+}
+
+void SetToolButton(int command, int state) {
+    SendMessageW(appState.commandBar, TB_SETSTATE, static_cast<WPARAM>(command), MAKELPARAM(state, 0));
+}
+
+void EnableToolButton(int command, bool enabled) {
+    SetToolButton(command, enabled ? TBSTATE_ENABLED : TBSTATE_INDETERMINATE);
+}
+
+void CheckToolButton(int command, bool checked) {
+    SetToolButton(command, checked ? TBSTATE_CHECKED | TBSTATE_ENABLED : TBSTATE_ENABLED);
+}
+
+/// A text field belongs to the address bar, or to a name that a pane is editing.
+Focus FindFocus() {
+    HWND focused = GetFocus();
+    HWND list = appState.fileList.Window();
+    HWND tree = appState.folderTree.Window();
+    if (!focused)
+        return Focus::Elsewhere;
+    if (focused == list)
+        return Focus::List;
+    if (focused == tree)
+        return Focus::Tree;
+    if (focused == appState.addressCombo || IsChild(appState.addressCombo, focused) ||
+        IsChild(list, focused) || IsChild(tree, focused))
+        return Focus::Text;
+    return Focus::Elsewhere;
+}
+
+// No archiver is at hand in this build of the facts, so nothing counts as an archive.
+MenuFacts GatherMenuFacts() {
+    const FileList& list = appState.fileList;
+    MenuFacts facts;
+    facts.focus = FindFocus();
+    facts.searchFolder = list.CurrentFolder().IsSearchFolder();
+    facts.filesToPaste = filesToPaste;
+    facts.textToPaste = IsClipboardFormatAvailable(CF_UNICODETEXT) != FALSE;
+    if (facts.focus == Focus::List) {
+        const int first = list.FirstSelected();
+        const FileItem* item = list.ItemAt(first);
+        facts.selectedCount = list.SelectedCount();
+        facts.anySelected = first >= 0;
+        facts.firstIsFile = item && item->kind == ItemKind::File;
+    }
+    return facts;
+}
+
+CheckFacts GatherCheckFacts() {
+    const Settings& settings = appState.settings;
+    const ListOptions& options = appState.fileList.options;
+    return {
+        .statusBar = settings.showStatusBar != 0,
+        .folderTree = settings.showFolderTree != 0,
+        .sideBySide = settings.viewSide != 0,
+        .dragDrop = settings.dragDrop != 0,
+        .addressBar = appState.commandBands.addressBarShown != 0,
+        .ctrlLatched = appState.ctrlLatched,
+        .shiftLatched = appState.shiftLatched,
+        .sortKey = options.sortKey,
+        .ascending = options.ascending != 0,
+        .viewStyle = options.viewStyle,
+        .lineSelect = options.extendedStyle != 0,
+    };
+}
+
+/// The built entries of "Send To" share one rule.
+void EnableBuiltEntries(HMENU menu, const MenuFacts& facts) {
+    const bool enabled = IsCommandEnabled(IDM_SENDTO_FIRST, facts);
+    for (int entry = 1; entry < BUILT_ENTRY_LIMIT; ++entry)
+        EnableIn(menu, IDM_SENDTO_FIRST + entry, enabled);
+}
+
+void ApplyFacts(HMENU menu, const MenuFacts& facts) {
+    for (int command : RuledCommands())
+        EnableIn(menu, command, IsCommandEnabled(command, facts));
+    EnableBuiltEntries(menu, facts);
+}
+
+} // namespace
+
+void UpdateMenuState() {
+    const MenuFacts facts = GatherMenuFacts();
+    ApplyFacts(SoftKeyMenu(), facts);
+    for (int command : toolButtons)
+        EnableToolButton(command, IsCommandEnabled(command, facts));
+}
+
+void ApplyMenuState(HMENU menu) {
+    ApplyFacts(menu, GatherMenuFacts());
+}
+
+void RefreshCheckMarks() {
+    ApplyCheckMarks(SoftKeyMenu());
+    CheckToolButton(IDM_VIEW_FOLDER_TREE, appState.settings.showFolderTree != 0);
+    CheckToolButton(IDM_KEY_CTRL, appState.ctrlLatched);
+    // This button is greyed while the address bar is hidden, though it would bring it back.
+    EnableToolButton(IDM_VIEW_ADDRESS_BAR, appState.commandBands.addressBarShown != 0);
+}
+
+void ApplyCheckMarks(HMENU menu) {
+    const CheckFacts facts = GatherCheckFacts();
+    for (int command : CheckedCommands())
+        CheckIn(menu, command, IsCommandChecked(command, facts));
+}
+
+void SetMenuCheck(int command, bool checked) {
+    CheckIn(SoftKeyMenu(), command, checked);
+}
+
+void EnableMenuCommand(int command, bool enabled) {
+    EnableIn(SoftKeyMenu(), command, enabled);
+}
+
+void UpdateNavigationItems(bool up, bool back, bool forward) {
+    HMENU menu = SoftKeyMenu();
+    EnableIn(menu, IDM_TOOLBAR_UP_FOLDER, up);
+    EnableIn(menu, IDM_TOOLBAR_BACK, back);
+    EnableIn(menu, IDM_TOOLBAR_FORWARD, forward);
+}
+
+void UpdatePasteItems(bool canPaste, bool alsoShortcut) {
+    EnableMenuCommand(IDM_TOOLBAR_PASTE, canPaste);
+    EnableToolButton(IDM_TOOLBAR_PASTE, canPaste);
+    if (alsoShortcut) {
+        filesToPaste = canPaste;
+        EnableMenuCommand(IDM_TOOLBAR_PASTE_SHORTCUT, canPaste);
+    }
+}
