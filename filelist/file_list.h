@@ -58,6 +58,13 @@ class FileList {
     // --- display.cpp: texts and icons when they are drawn ---
     void OnGetDisplayInfo(NMLVDISPINFOW* info);
 
+    // --- icons.cpp ---
+
+    /// Makes both icon sets anew by the icon options and gives them to the view.
+    void BuildIconSets();
+    /// Fetches the file's icon from the shell again, for every entry that shares it.
+    void RefreshIconFor(std::wstring_view path);
+
     // --- sorting.cpp ---
     void SortList();
     /// Carries out an Arrange Icons By command.
@@ -76,10 +83,17 @@ class FileList {
     void GoToAddress();
     /// Goes to the entry picked in the address bar's list.
     void GoFromAddressBar();
-    void GoToUserPath(int index);
-    void UpdateNavigationState();
     /// Shows the Favorites folder.
     void OrganizeFavorites();
+    void UpdateNavigationState();
+
+    // --- user_path_menu.cpp ---
+
+    /// Puts the remembered paths into "Go to".
+    void BuildUserPathMenu();
+    /// Takes them out again; to be called with the same paths.
+    void ClearUserPathMenu();
+    void GoToUserPath(int index);
     /// Builds the entries of the menus that come from folders and stored paths anew.
     void RebuildMenus();
 
@@ -87,6 +101,8 @@ class FileList {
     /// Sets the path alone; the list shows it with the next listing.
     void SetCurrentFolder(const Path& folder) { currentFolder_ = folder; }
     HWND Window() const { return window_; }
+    /// The "Go to" popup.
+    HMENU GoToMenu() const;
     bool UpLevelShown() const { return upLevel_ != nullptr; }
     const History& Visited() const { return history_; }
 
@@ -102,10 +118,27 @@ class FileList {
   private:
     friend class ListSettingsStore; // reads and writes the fields that are stored
 
-    void ListFolder(std::wstring_view path, int treeFlag);
+    // --- listing.cpp ---
+    void ListFolder(const Path& path, int treeFlag);
     void ListSearchResults();
+    int ItemCount() const;
+    void BeginListing();
     void ClearList();
+    void AddUpLevel();
+    FileItem* AddEntry(const wchar_t* folder, const WIN32_FIND_DATAW& found);
+    const wchar_t* KeepFolderText(std::wstring_view folder);
+    void FillView(const FileItem* selected);
+    void SelectEntry(int index);
+    void EndListing(const Path& folder);
+
+    // --- display.cpp ---
+    wchar_t* TextOf(FileItem& item, int column) const;
+
+    // --- presentation.cpp ---
+    void InsertColumns();
     void ChooseStartFolder();
+    void AttachGoToMenu();
+    void DetachGoToMenu();
 
     HWND window_ = nullptr;
     MenuHandle menu_; // the context menus and "Go to"
@@ -114,8 +147,9 @@ class FileList {
     FileItem* upLevel_ = nullptr;  // the ".." of the last folder listing, or null
     std::uint32_t totalBytes_ = 0; // of the files listed
     History history_;
-    std::vector<OwnedText> folderTexts_; // what the entries' folder fields point into
+    std::vector<std::unique_ptr<FileItem>> items_; // every record the view points to
+    std::vector<OwnedText> folderTexts_;           // what the entries' folder fields point into
     IconSet largeIcons_;
     IconSet smallIcons_;
-    IconSet* icons_ = nullptr; // the set of the current style
+    IconSet* icons_ = &smallIcons_; // the set of the current style
 };

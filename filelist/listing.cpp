@@ -1,0 +1,253 @@
+// What the list shows: folders, search results, one single entry.
+
+#include <string_view>
+
+#include "app/address_bar.h"
+#include "app/app_state.h"
+#include "app/text_format.h"
+#include "app/wait_cursor.h"
+#include "filelist/file_list.h"
+#include "filelist/listing_rules.h"
+#include "filelist/sorting.h"
+#include "filelist/status_texts.h"
+
+namespace {
+
+template <class Visit>
+void ForEachFound(std::wstring_view folder, Visit visit) {
+    Path pattern;
+    if (!pattern.AssignPattern(folder))
+        return;
+    WIN32_FIND_DATAW found{};
+    const FindHandle find(ce::FindFirstFileW(pattern.Text(), &found));
+    if (!find)
+        return;
+    do
+        visit(found);
+    while (ce::FindNextFileW(find.Get(), &found));
+}
+
+bool IsFolder(const WIN32_FIND_DATAW& found) {
+    return (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+WIN32_FIND_DATAW FoundAgain(const SearchResult& result) {
+    WIN32_FIND_DATAW found{};
+    CopyTextTo(found.cFileName, result.name.get());
+    found.dwFileAttributes = result.attributes;
+    found.ftCreationTime = result.time;
+    found.ftLastWriteTime = result.time;
+    found.nFileSizeLow = result.size;
+    return found;
+}
+
+bool StillExists(const SearchResult& result) {
+    Path path;
+    return path.AssignChild(result.folder.get(), result.name.get()) &&
+           ce::GetFileAttributesW(path.Text()) != INVALID_FILE_ATTRIBUTES;
+}
+
+void InsertIntoView(HWND view, int index, FileItem& item) {
+    LVITEMW entry{};
+    entry.mask = LVIF_TEXT | LVIF_IMAGE | LVIF_PARAM;
+    entry.iItem = index;
+    entry.iImage = I_IMAGECALLBACK;
+    entry.lParam = reinterpret_cast<LPARAM>(&item);
+    entry.pszText = item.kind == ItemKind::UpLevel ? item.name.get() : LPSTR_TEXTCALLBACKW;
+    SendMessageW(view, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&entry));
+
+    const int firstText = item.kind == ItemKind::File ? 1 : 2;
+    const int lastText = item.kind == ItemKind::File ? 3 : item.kind == ItemKind::Folder ? 2 : 0;
+    entry.pszText = LPSTR_TEXTCALLBACKW;
+    for (entry.iSubItem = firstText; entry.iSubItem <= lastText; ++entry.iSubItem)
+        SendMessageW(view, LVM_SETITEMTEXTW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&entry));
+}
+
+} // namespace
+
+void FileList::GoToFolder(std::wstring_view path, int treeFlag) {
+    Path folder; // a copy: the text may belong to an entry that goes with the listing
+    if (!folder.Assign(path))
+        return;
+    appState.changeWatcher.PauseWatcher();
+    SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
+    if (folder.IsSearchFolder())
+        ListSearchResults();
+    else
+        ListFolder(folder, treeFlag);
+    SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
+    // The view knows how far it can scroll only from here on.
+    const int selected = FirstSelected();
+    if (selected >= 0)
+        SendMessageW(window_, LVM_ENSUREVISIBLE, static_cast<WPARAM>(selected), FALSE);
+    appState.changeWatcher.WatchFolder(folder.View());
+    appState.changeWatcher.ResumeWatcher();
+}
+
+void FileList::ListFolder(const Path& path, int treeFlag) {
+    const FileItem* reselected = nullptr;
+    bool found = false;
+    {
+        const WaitCursor wait;
+        BeginListing();
+        history_.Record(path.View());
+        if (!path.IsEmpty() && options.showUpLevel)
+            AddUpLevel();
+        const wchar_t* folder = KeepFolderText(path.View());
+        const std::wstring_view name = NameToReselect(path.View(), previousFolder_.View());
+        ForEachFound(path.View(), [&](const WIN32_FIND_DATAW& entry) {
+            if (hideFolders && IsFolder(entry))
+                return;
+            const bool matches = !name.empty() && name == entry.cFileName;
+            found = found || matches;
+            const FileItem* item = AddEntry(folder, entry);
+            if (matches)
+                reselected = item;
+        });
+        FillView(reselected);
+        EndListing(path);
+    }
+    appState.folderTree.SelectPath(path.View(), treeFlag == treeRescan, true);
+    if (!found)
+        SelectEntry(0);
+    previousFolder_ = path;
+}
+
+void FileList::ListSearchResults() {
+    Path folder;
+    {
+        const WaitCursor wait;
+        BeginListing();
+        SearchResult* result = searchResults.First();
+        while (result) {
+            if (StillExists(*result)) {
+                AddEntry(KeepFolderText(result->folder.get()), FoundAgain(*result));
+                result = result->next.get();
+            } else {
+                result = searchResults.Remove(result);
+            }
+        }
+        FillView(nullptr);
+        if (folder.Assign(searchFolder))
+            EndListing(folder);
+    }
+    appState.folderTree.SelectPath(searchFolder, false, true);
+    SelectEntry(0);
+}
+
+void FileList::ShowSingleEntry(std::wstring_view path) {
+    Path entryPath;
+    if (path.empty() || path == DeviceDisplayName() || !entryPath.Assign(path)) {
+        currentFolder_.Clear();
+        return;
+    }
+    ClearList();
+    WIN32_FIND_DATAW found{};
+    const FindHandle find(ce::FindFirstFileW(entryPath.Text(), &found));
+    if (find)
+        AddEntry(KeepFolderText(ParentOf(entryPath.View())), found);
+    FillView(nullptr);
+    currentFolder_ = entryPath;
+    LVITEMW all{};
+    all.state = LVIS_SELECTED;
+    all.stateMask = LVIS_SELECTED;
+    SendMessageW(window_, LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&all));
+}
+
+FileItem* FileList::ItemAt(int index) const {
+    LVITEMW entry{};
+    entry.mask = LVIF_PARAM;
+    entry.iItem = index;
+    if (index < 0 || !SendMessageW(window_, LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&entry)))
+        return nullptr;
+    return reinterpret_cast<FileItem*>(entry.lParam);
+}
+
+int FileList::ItemCount() const {
+    return static_cast<int>(SendMessageW(window_, LVM_GETITEMCOUNT, 0, 0));
+}
+
+int FileList::FilterSearchCommand(int command) const {
+    return currentFolder_.IsSearchFolder() ? FilterForSearchResults(command) : command;
+}
+
+void FileList::RecountFolderBytes(std::wstring_view path) {
+    totalBytes_ = 0;
+    ForEachFound(path, [&](const WIN32_FIND_DATAW& entry) {
+        if (!IsFolder(entry))
+            totalBytes_ += entry.nFileSizeLow;
+    });
+    UpdateStatusTexts();
+}
+
+void FileList::UpdateStatusTexts() {
+    const int count = StatusFileCount(ItemCount(), UpLevelShown(), currentFolder_.View());
+    ShowFolderStatus(count, totalBytes_, currentFolder_.View());
+}
+
+void FileList::BeginListing() {
+    ShowLoadingStatus();
+    ClearList();
+    totalBytes_ = 0;
+}
+
+void FileList::ClearList() {
+    SendMessageW(window_, LVM_DELETEALLITEMS, 0, 0);
+    items_.clear();
+    folderTexts_.clear();
+    upLevel_ = nullptr;
+}
+
+void FileList::AddUpLevel() {
+    items_.push_back(std::make_unique<FileItem>());
+    upLevel_ = items_.back().get();
+    upLevel_->name = CopyText(upLevelName);
+}
+
+FileItem* FileList::AddEntry(const wchar_t* folder, const WIN32_FIND_DATAW& found) {
+    if (!IsListed(found.cFileName, found.dwFileAttributes, options))
+        return nullptr;
+    items_.push_back(std::make_unique<FileItem>(MakeFileItem(folder, found)));
+    totalBytes_ += items_.back()->size;
+    return items_.back().get();
+}
+
+const wchar_t* FileList::KeepFolderText(std::wstring_view folder) {
+    // Search results come folder by folder: one text serves a run of them.
+    if (folderTexts_.empty() || folder != folderTexts_.back().get())
+        folderTexts_.push_back(CopyText(folder));
+    return folderTexts_.back().get();
+}
+
+void FileList::FillView(const FileItem* selected) {
+    // Sorted first and inserted in order: both the view's sort and its insertion at the top would take a
+    // time that grows with the square of the number of entries.
+    std::vector<FileItem*> sorted;
+    sorted.reserve(items_.size());
+    for (const std::unique_ptr<FileItem>& item : items_)
+        sorted.push_back(item.get());
+    SortItems(sorted, options);
+
+    SendMessageW(window_, LVM_SETITEMCOUNT, sorted.size(), 0);
+    int index = 0;
+    for (FileItem* item : sorted)
+        InsertIntoView(window_, index++, *item);
+    if (selected)
+        SelectEntry(selected->rank);
+}
+
+void FileList::SelectEntry(int index) {
+    LVITEMW entry{};
+    for (const UINT state : {LVIS_SELECTED, LVIS_FOCUSED}) {
+        entry.state = state;
+        entry.stateMask = state;
+        SendMessageW(window_, LVM_SETITEMSTATE, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&entry));
+    }
+}
+
+void FileList::EndListing(const Path& folder) {
+    currentFolder_ = folder;
+    ShowAddress(folder.View());
+    UpdateStatusTexts();
+    UpdateNavigationState();
+}

@@ -1,0 +1,49 @@
+#include "filelist/open_item.h"
+
+#include "app/app_state.h"
+#include "app/wait_cursor.h"
+#include "filelist/shortcut_target.h"
+
+namespace {
+
+struct Launch {
+    Path program;
+    Path parameters;
+};
+
+/// What the shortcut starts. False when the file is no shortcut that can be read.
+bool ReadShortcut(const Path& path, Launch& launch) {
+    if (!EqualNoCase(ExtensionOf(path.View()), L".LNK"))
+        return false;
+    wchar_t text[pathCapacity] = {};
+    if (!ce::SHGetShortcutTarget(path.Text(), text, static_cast<int>(pathCapacity)))
+        return false;
+    const ShortcutTarget target = SplitShortcutTarget(text);
+    return launch.program.Assign(target.program) && launch.parameters.Assign(target.parameters);
+}
+
+bool IsExistingFolder(const Path& path) {
+    const WaitCursor wait;
+    const DWORD attributes = ce::GetFileAttributesW(path.Text());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+} // namespace
+
+void OpenItem(FileList& list, const Path& path) {
+    Launch launch;
+    if (!ReadShortcut(path, launch))
+        launch.program = path;
+    else if (IsExistingFolder(launch.program))
+        return list.GoToFolder(launch.program.View(), treeRescan);
+
+    SHELLEXECUTEINFOW request{};
+    request.cbSize = sizeof(request);
+    request.hwnd = appState.mainWindow;
+    request.lpVerb = L"open";
+    request.lpFile = launch.program.Text();
+    request.lpParameters = launch.parameters.IsEmpty() ? nullptr : launch.parameters.Text();
+    request.nShow = SW_SHOW;
+    request.hInstApp = appState.instance;
+    ce::ShellExecuteEx(&request);
+}
