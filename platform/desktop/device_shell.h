@@ -5,12 +5,69 @@
 
 #include "platform/ce_types.h"
 
-/// Puts the title strip on the screen and starts listening for the phone's keys. Called once, on the
+/// Starts following the program's windows and listening for the phone's keys. Called once, on the
 /// user-interface thread, before the program's first window.
 void StartDeviceShell(HINSTANCE instance);
+
+// --- windows.cpp ---
+
+/// The module that the shell's window classes belong to.
+HINSTANCE ShellInstance();
 
 /// The height of the title strip and of the soft-key bar.
 int BarHeight();
 
 /// The part of the screen that the programs have: all between the title strip and the soft keys.
 RECT WorkArea();
+
+/// Follows a window of the program: its title, its soft keys and its menus. A second call does nothing.
+void FollowWindow(HWND window);
+
+// --- title_strip.cpp ---
+
+/// Shows the title of `window`, or of its nearest owner that has one. Makes the strip at the first call.
+void ShowTitleOf(HWND window);
+
+/// Shows the title anew after the window or the input panel changed.
+void RefreshTitle();
+
+// --- menu_bar.cpp ---
+
+/// To a menu bar: soft key number wParam (0 left, 1 right) was pressed.
+constexpr UINT UM_PRESS_SOFT_KEY = WM_APP + 1;
+
+/// The bar whose keys act now: the newest one whose window can take input. Null when there is none.
+HWND FrontMenuBar();
+bool IsMenuBar(HWND window);
+
+/// The window that the bar's commands and overridden keys go to.
+HWND MenuBarParent(HWND bar);
+
+/// What the bar's window asked for with SHCMBM_OVERRIDEKEY: a set of SHMBOF_ flags.
+UINT KeyOverride(HWND bar, WPARAM key);
+
+/// Brings the bar of `window`, if it has one, in step with the window's state; in front of others if `raise`.
+void UpdateMenuBar(HWND window, bool raise);
+
+// --- soft_keys.cpp ---
+
+void ListenForKeys();
+
+/// Gives the Back key to `window` as an ordinary key that the shell does not take again.
+void PassBackKeyOn(HWND window);
+
+// --- menus.cpp ---
+
+/// Keeps a popup no higher than the work area; what does not fit is scrolled.
+void LimitMenuHeight(HMENU menu);
+
+/// Answers WM_MENUCHAR for a digit: the number of an entry, counted without separators, 0 being the tenth.
+/// False when `character` picks nothing in `menu`.
+bool PickByNumber(HMENU menu, wchar_t character, LRESULT* answer);
+
+/// Keeps a popup's window, which is just being made, inside the work area wherever the platform puts it.
+void KeepMenuInWorkArea(HWND menuWindow);
+
+// --- input_panel.cpp ---
+
+bool InputPanelIsUp();

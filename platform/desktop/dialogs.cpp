@@ -1,0 +1,47 @@
+#include "platform/ce_api.h"
+#include "platform/desktop/device_shell.h"
+
+namespace {
+
+constexpr LONG FRAME_STYLES =
+    WS_CAPTION | WS_BORDER | WS_DLGFRAME | WS_THICKFRAME | WS_SYSMENU | DS_MODALFRAME;
+constexpr LONG FRAME_EX_STYLES = WS_EX_DLGMODALFRAME | WS_EX_WINDOWEDGE | WS_EX_CLIENTEDGE | WS_EX_STATICEDGE;
+constexpr DWORD SIZE_FLAGS = SHIDIF_SIZEDLG | SHIDIF_SIZEDLGFULLSCREEN | SHIDIF_FULLSCREENNOMENUBAR;
+
+/// The title strip shows a dialog's title, so that it needs no frame of its own.
+void RemoveFrame(HWND dialog) {
+    SetWindowLongW(dialog, GWL_STYLE, GetWindowLongW(dialog, GWL_STYLE) & ~FRAME_STYLES);
+    SetWindowLongW(dialog, GWL_EXSTYLE, GetWindowLongW(dialog, GWL_EXSTYLE) & ~FRAME_EX_STYLES);
+}
+
+void FillScreen(HWND dialog, bool withMenuBar) {
+    RECT area = WorkArea();
+    if (!withMenuBar)
+        area.bottom += BarHeight();
+    RemoveFrame(dialog);
+    SetWindowPos(dialog, nullptr, area.left, area.top, area.right - area.left, area.bottom - area.top,
+                 SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+}
+
+void AddEmptyMenuBar(HWND dialog) {
+    SHMENUBARINFO bar{};
+    bar.cbSize = sizeof(bar);
+    bar.hwndParent = dialog;
+    bar.dwFlags = SHCMBF_EMPTYBAR;
+    ce::SHCreateMenuBar(&bar);
+}
+
+} // namespace
+
+BOOL ce::SHInitDialog(SHINITDLGINFO* info) {
+    if (!info || !(info->dwMask & SHIDIM_FLAGS) || !IsWindow(info->hDlg))
+        return FALSE;
+    FollowWindow(info->hDlg);
+    if (info->dwFlags & SIZE_FLAGS)
+        FillScreen(info->hDlg, !(info->dwFlags & SHIDIF_FULLSCREENNOMENUBAR));
+    if (info->dwFlags & SHIDIF_EMPTYMENU)
+        AddEmptyMenuBar(info->hDlg);
+    if (info->dwFlags & SHIDIF_SIPDOWN)
+        ce::SipShowIM(SIPF_OFF);
+    return TRUE;
+}

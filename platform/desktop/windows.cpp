@@ -1,0 +1,116 @@
+#include "platform/ce_api.h"
+#include "platform/desktop/device_shell.h"
+
+namespace {
+
+HINSTANCE shellInstance;
+
+constexpr UINT_PTR FOLLOW_ID = 1;
+constexpr wchar_t FILLS_WORK_AREA[] = L"TarvikFillsWorkArea";
+
+/// A window that fills the work area does so as well when it is maximised.
+void MaximizeToWorkArea(MINMAXINFO* limits) {
+    RECT area = WorkArea();
+    limits->ptMaxPosition = {area.left, area.top};
+    limits->ptMaxSize = {area.right - area.left, area.bottom - area.top};
+}
+
+LRESULT CALLBACK FollowedProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
+    switch (message) {
+    case WM_INITMENUPOPUP:
+        LimitMenuHeight(reinterpret_cast<HMENU>(wParam));
+        break;
+    case WM_MENUCHAR:
+        if (LRESULT answer;
+            PickByNumber(reinterpret_cast<HMENU>(lParam), static_cast<wchar_t>(LOWORD(wParam)), &answer))
+            return answer;
+        break;
+    case WM_NCDESTROY:
+        RemovePropW(window, FILLS_WORK_AREA);
+        RemoveWindowSubclass(window, FollowedProc, FOLLOW_ID);
+        break;
+    }
+
+    LRESULT result = DefSubclassProc(window, message, wParam, lParam);
+
+    switch (message) {
+    case WM_GETMINMAXINFO:
+        if (GetPropW(window, FILLS_WORK_AREA))
+            MaximizeToWorkArea(reinterpret_cast<MINMAXINFO*>(lParam));
+        break;
+    case WM_SETTEXT:
+    case WM_SETICON:
+    case WM_NCDESTROY:
+        RefreshTitle();
+        break;
+    case WM_ACTIVATE:
+        UpdateMenuBar(window, LOWORD(wParam) != WA_INACTIVE);
+        break;
+    case WM_SHOWWINDOW:
+    case WM_ENABLE:
+        UpdateMenuBar(window, false);
+        break;
+    }
+    return result;
+}
+
+LRESULT CALLBACK OnWindowEvent(int code, WPARAM wParam, LPARAM lParam) {
+    HWND window = reinterpret_cast<HWND>(wParam);
+    switch (code) {
+    case HCBT_CREATEWND:
+        KeepMenuInWorkArea(window);
+        break;
+    case HCBT_ACTIVATE:
+        FollowWindow(window);
+        ShowTitleOf(window);
+        break;
+    }
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+} // namespace
+
+void StartDeviceShell(HINSTANCE instance) {
+    shellInstance = instance;
+    SetWindowsHookExW(WH_CBT, OnWindowEvent, nullptr, GetCurrentThreadId());
+    ListenForKeys();
+}
+
+HINSTANCE ShellInstance() {
+    return shellInstance;
+}
+
+int BarHeight() {
+    return GetSystemMetrics(SM_CYMENU) + 3;
+}
+
+RECT WorkArea() {
+    return {0, BarHeight(), GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN) - BarHeight()};
+}
+
+void FollowWindow(HWND window) {
+    SetWindowSubclass(window, FollowedProc, FOLLOW_ID, 0);
+}
+
+HWND ce::CreateWindowExW(DWORD exStyle, const wchar_t* className, const wchar_t* title, DWORD style, int x,
+                         int y, int width, int height, HWND parent, HMENU menu, HINSTANCE instance,
+                         void* parameter) {
+    bool anywhere =
+        x == CW_USEDEFAULT && y == CW_USEDEFAULT && width == CW_USEDEFAULT && height == CW_USEDEFAULT;
+    if (parent || !anywhere)
+        return ::CreateWindowExW(exStyle, className, title, style, x, y, width, height, parent, menu,
+                                 instance, parameter);
+
+    RECT area = WorkArea();
+    // Made invisible, so that it is followed before it is first activated and shown.
+    HWND window =
+        ::CreateWindowExW(exStyle, className, title, (style | WS_POPUP) & ~WS_VISIBLE, area.left, area.top,
+                          area.right - area.left, area.bottom - area.top, nullptr, menu, instance, parameter);
+    if (!window)
+        return nullptr;
+    SetPropW(window, FILLS_WORK_AREA, window);
+    FollowWindow(window);
+    if (style & WS_VISIBLE)
+        ShowWindow(window, SW_SHOW);
+    return window;
+}
