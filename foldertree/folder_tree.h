@@ -1,35 +1,110 @@
 #pragma once
-// The folder tree: the pane of the device's folders, kept in step with the list.
+// The folder tree: the pane of the device's folders, kept in step with the list. One object; its work is
+// spread over the files of this folder by what it does.
 
+#include <array>
 #include <string_view>
 
+#include "app/path.h"
 #include "platform/handles.h"
 
 class FolderTree {
   public:
+    // --- folder_tree.cpp: the window and its messages ---
+
     /// Makes the tree as a child of `parent`, unplaced, filled down to the root's folders.
     void Create(HWND parent);
     void Destroy();
+    /// The tree's answer to a notification of its own. True when it is handled, with the answer in `result`.
+    bool OnNotify(NMHDR* notification, LRESULT* result);
+
+    // --- tree_nodes.cpp: the nodes and the folders they stand for ---
+
     /// Reads the whole tree anew; only the root level is open afterwards.
     void Rebuild();
+    /// Reads the root's folders afresh, keeping what is open.
+    void RefreshRoot();
+
+    // --- tree_selection.cpp: in step with the list ---
+
     /// Selects the node of a folder the list now shows, without navigating the list back. `rescan` reads its
     /// subfolders afresh. A folder the tree does not hold leaves its nearest ancestor selected.
     void SelectPath(std::wstring_view path, bool rescan, bool select);
-    /// The tree's answer to a notification of its own. True when it is handled, with the answer in `result`.
-    bool OnNotify(NMHDR* notification, LRESULT* result);
     /// Timer 2 of the main window: a pending keyboard selection navigates the list.
     void OnSyncTimer();
-
     /// "Up Folder" with the focus here: selects the parent of the selected node and shows it in the list.
     void SelectParent();
+
+    // --- tree_rename.cpp ---
+
     /// "Rename": edits the selected node's name in place.
     void BeginRename();
-    /// Reads the root's folders afresh, keeping what is open.
-    void RefreshRoot();
+    /// Before and after every command of the main window: commits a name left in edit under a menu.
+    void EndEditStep();
+
+    // --- tree_menu.cpp ---
+
+    /// WM_EXITMENULOOP of the main window.
+    void OnMenuClosed();
 
     HWND Window() const { return window_; }
 
   private:
+    using NodeText = std::array<wchar_t, pathCapacity>;
+
+    static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    void BuildImages();
+    void OnTimer(WPARAM timer);
+    bool OnNodeNotify(NMTREEVIEWW* notification);
+    bool OnPointerNotify(UINT code, LRESULT* result);
+    bool OnListKey(WPARAM key);
+
+    HTREEITEM Related(UINT relation, HTREEITEM node) const;
+    HTREEITEM Caret() const { return Related(TVGN_CARET, nullptr); }
+    std::wstring_view ReadText(HTREEITEM node, NodeText& text) const;
+    bool PathOfNode(HTREEITEM node, Path& path) const;
+    HTREEITEM InsertNode(HTREEITEM parent, const wchar_t* text, int image, int selectedImage, bool children);
+    void InsertSubfolder(HTREEITEM parent, const Path& folder, const wchar_t* name, DWORD attributes);
+    void RefreshChildren(HTREEITEM node);
+    HTREEITEM FindChild(HTREEITEM node, std::wstring_view text) const;
+    HTREEITEM DescendTo(std::wstring_view path);
+    void Expand(HTREEITEM node, UINT action);
+    void Select(HTREEITEM node);
+
+    void RescanNode(HTREEITEM node);
+    void OnSelectionChanged(UINT action);
+    void OnCollapsed();
+    void FlushPendingSync();
+    void SyncListToSelection();
+
+    void OnBeginLabelEdit();
+    bool OnEndLabelEdit(HTREEITEM node, const wchar_t* text);
+    bool RenameEdited(HTREEITEM node, std::wstring_view name);
+    void RefuseName(HTREEITEM node, const wchar_t* message);
+    void EditAgain();
+
+    HTREEITEM NodeAt(POINT point) const;
+    void OpenMenuAtPointer();
+    void OpenMenuAtCaret();
+    void OpenMenu(HTREEITEM node, POINT position);
+    void OnStylusDown(LPARAM point);
+    void OnHoldElapsed();
+    void CancelHold();
+    void OnKeyDown(WORD key);
+
     HWND window_ = nullptr;
+    WNDPROC controlProcedure_ = nullptr;
     ImageListHandle images_;
+    HTREEITEM root_ = nullptr;
+    HTREEITEM search_ = nullptr;
+
+    bool ready_ = false;       // a change of the selection is the user's, not the program's
+    bool pendingSync_ = false; // a selection by keys waits for the timer
+    bool holdPending_ = false; // the stylus is down and the timer of tap and hold runs
+    POINT holdPoint_{};        // where it went down
+
+    Path editedPath_;               // of the node whose name is edited
+    HTREEITEM editAgain_ = nullptr; // its name was refused; the editor opens once more
+    bool endEdit_ = false;          // a menu closed over what may be an open editor
+    bool endEditHalfDone_ = false;  // every second step ends the matter
 };

@@ -1,0 +1,54 @@
+#include "foldertree/subfolders.h"
+
+#include <algorithm>
+
+#include "foldertree/tree_rules.h"
+#include "platform/handles.h"
+
+namespace {
+
+/// Hands every entry of `folder` to `visit` until that returns false.
+template <class Visit>
+void VisitEntries(const Path& folder, Visit visit) {
+    Path pattern;
+    if (!pattern.AssignPattern(folder.View()))
+        return;
+    WIN32_FIND_DATAW entry;
+    const FindHandle find(ce::FindFirstFileW(pattern.Text(), &entry));
+    bool found = static_cast<bool>(find);
+    while (found && visit(entry))
+        found = ce::FindNextFileW(find.Get(), &entry);
+}
+
+} // namespace
+
+std::vector<Subfolder> ReadSubfolders(const Path& folder) {
+    constexpr DWORD folderBits = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_STORAGE_CARD;
+    std::vector<Subfolder> subfolders;
+    VisitEntries(folder, [&](const WIN32_FIND_DATAW& entry) {
+        const std::wstring_view name = entry.cFileName;
+        Path path;
+        if ((entry.dwFileAttributes & folderBits) && !IsHiddenFromTree(name) &&
+            path.AssignChild(folder.View(), name))
+            subfolders.push_back({CopyText(name), entry.dwFileAttributes});
+        return true;
+    });
+    std::ranges::sort(subfolders, {}, &Subfolder::Name);
+    return subfolders;
+}
+
+std::size_t FindSubfolder(const std::vector<Subfolder>& subfolders, std::wstring_view name) {
+    const auto found = std::ranges::lower_bound(subfolders, name, {}, &Subfolder::Name);
+    return found != subfolders.end() && found->Name() == name
+               ? static_cast<std::size_t>(found - subfolders.begin())
+               : subfolders.size();
+}
+
+bool HasSubfolder(const Path& folder) {
+    bool hit = false;
+    VisitEntries(folder, [&](const WIN32_FIND_DATAW& entry) {
+        hit = (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) && !IsHiddenFromTree(entry.cFileName);
+        return !hit;
+    });
+    return hit;
+}

@@ -1,0 +1,117 @@
+// The nodes of the tree and the folders they stand for. A node holds nothing but its folder's name: its path
+// is read off the chain of its ancestors.
+
+#include "app/app_state.h"
+#include "app/main_window.h"
+#include "app/text_format.h"
+#include "foldertree/folder_tree.h"
+#include "foldertree/subfolders.h"
+#include "foldertree/tree_rules.h"
+
+HTREEITEM FolderTree::Related(UINT relation, HTREEITEM node) const {
+    return reinterpret_cast<HTREEITEM>(
+        SendMessageW(window_, TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(node)));
+}
+
+std::wstring_view FolderTree::ReadText(HTREEITEM node, NodeText& text) const {
+    text[0] = L'\0';
+    TVITEMW item{};
+    item.mask = TVIF_TEXT;
+    item.hItem = node;
+    item.pszText = text.data();
+    item.cchTextMax = static_cast<int>(text.size());
+    SendMessageW(window_, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+    return text.data();
+}
+
+/// The folder of a node; the root's is the empty path. False when it is too long to be one.
+bool FolderTree::PathOfNode(HTREEITEM node, Path& path) const {
+    if (node == search_)
+        return path.Assign(searchFolder);
+    UpwardPath upward;
+    NodeText text;
+    for (; node && node != root_; node = Related(TVGN_PARENT, node)) {
+        if (!upward.Prepend(ReadText(node, text)))
+            return false;
+    }
+    return path.Assign(upward.View());
+}
+
+HTREEITEM FolderTree::InsertNode(HTREEITEM parent, const wchar_t* text, int image, int selectedImage,
+                                 bool children) {
+    TVINSERTSTRUCTW insertion{};
+    insertion.hParent = parent;
+    insertion.hInsertAfter = TVI_LAST;
+    insertion.item.mask = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_CHILDREN;
+    insertion.item.pszText = const_cast<wchar_t*>(text);
+    insertion.item.iImage = image;
+    insertion.item.iSelectedImage = selectedImage;
+    insertion.item.cChildren = children;
+    return reinterpret_cast<HTREEITEM>(
+        SendMessageW(window_, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insertion)));
+}
+
+void FolderTree::InsertSubfolder(HTREEITEM parent, const Path& folder, const wchar_t* name,
+                                 DWORD attributes) {
+    const Settings& settings = appState.settings;
+    const NodeImages images =
+        ImagesOf(name, attributes, {settings.networkLeaf, settings.myDocumentsLeaf, settings.startMenuLeaf});
+    Path path;
+    const bool children = path.AssignChild(folder.View(), name) && HasSubfolder(path);
+    InsertNode(parent, name, images.normal, images.selected, children);
+}
+
+/// Brings the node's children in line with its folder. Those that stay keep what is open below them.
+void FolderTree::RefreshChildren(HTREEITEM node) {
+    Path folder;
+    if (node == search_ || !PathOfNode(node, folder))
+        return;
+    const std::vector<Subfolder> subfolders = ReadSubfolders(folder);
+    std::vector<bool> shown(subfolders.size());
+    NodeText text;
+    for (HTREEITEM child = Related(TVGN_CHILD, node); child;) {
+        HTREEITEM next = Related(TVGN_NEXT, child);
+        const std::size_t position = FindSubfolder(subfolders, ReadText(child, text));
+        if (position < subfolders.size())
+            shown[position] = true;
+        else
+            SendMessageW(window_, TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(child));
+        child = next;
+    }
+    // Behind the last one and sorted once: putting each at its place would look at all before it.
+    for (std::size_t i = 0; i < subfolders.size(); ++i) {
+        if (!shown[i])
+            InsertSubfolder(node, folder, subfolders[i].name.get(), subfolders[i].attributes);
+    }
+    SendMessageW(window_, TVM_SORTCHILDREN, FALSE, reinterpret_cast<LPARAM>(node));
+
+    TVITEMW item{};
+    item.mask = TVIF_CHILDREN;
+    item.hItem = node;
+    item.cChildren = !subfolders.empty();
+    SendMessageW(window_, TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+}
+
+void FolderTree::Rebuild() {
+    HWND focus = GetFocus();
+    const bool visible = GetWindowLongW(window_, GWL_STYLE) & WS_VISIBLE;
+    KillTimer(appState.mainWindow, treeSyncTimer);
+    pendingSync_ = false;
+    ShowWindow(window_, SW_HIDE); // also ends an edit under way, while its node is still there
+
+    ready_ = false;
+    SendMessageW(window_, TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(TVI_ROOT));
+    root_ = InsertNode(nullptr, DeviceDisplayName(), treeImageDevice, treeImageDevice, true);
+    Expand(root_, TVE_EXPAND);
+    search_ = InsertNode(nullptr, searchFolder, treeImageSearch, treeImageSearch, false);
+    ready_ = true;
+
+    if (visible)
+        ShowWindow(window_, SW_SHOW);
+    if (focus)
+        SetFocus(focus);
+}
+
+void FolderTree::RefreshRoot() {
+    RefreshChildren(root_);
+}

@@ -1,0 +1,111 @@
+// List and tree in step. What the list shows is selected here without an echo; what is selected here is shown
+// by the list: at once for the stylus, after a rest for the keys, so that scrolling lists no folder passed.
+
+#include "app/app_state.h"
+#include "app/main_window.h"
+#include "foldertree/folder_tree.h"
+#include "foldertree/tree_rules.h"
+
+namespace {
+
+constexpr UINT syncDelay = 500; // milliseconds
+
+} // namespace
+
+void FolderTree::Expand(HTREEITEM node, UINT action) {
+    SendMessageW(window_, TVM_EXPAND, action, reinterpret_cast<LPARAM>(node));
+}
+
+void FolderTree::Select(HTREEITEM node) {
+    SendMessageW(window_, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(node));
+}
+
+HTREEITEM FolderTree::FindChild(HTREEITEM node, std::wstring_view text) const {
+    NodeText childText;
+    HTREEITEM child = Related(TVGN_CHILD, node);
+    while (child && ReadText(child, childText) != text)
+        child = Related(TVGN_NEXT, child);
+    return child;
+}
+
+/// Opens the nodes along the path as far as the tree holds them and returns the last.
+HTREEITEM FolderTree::DescendTo(std::wstring_view path) {
+    HTREEITEM node = root_;
+    Expand(node, TVE_EXPAND);
+    for (PathComponents components(path); components.HasNext();) {
+        HTREEITEM child = FindChild(node, components.Next());
+        if (!child)
+            break;
+        node = child;
+        if (components.HasNext())
+            Expand(node, TVE_EXPAND);
+    }
+    return node;
+}
+
+/// Reads the node's subfolders afresh and leaves it open if it was and still has any.
+void FolderTree::RescanNode(HTREEITEM node) {
+    const auto state = SendMessageW(window_, TVM_GETITEMSTATE, reinterpret_cast<WPARAM>(node), TVIS_EXPANDED);
+    RefreshChildren(node);
+    const bool open = (state & TVIS_EXPANDED) && Related(TVGN_CHILD, node);
+    Expand(node, open ? TVE_EXPAND : TVE_COLLAPSE);
+}
+
+void FolderTree::SelectPath(std::wstring_view path, bool rescan, bool select) {
+    ready_ = false;
+    if (path == searchFolder) {
+        Expand(root_, TVE_EXPAND);
+        Select(search_);
+    } else {
+        HTREEITEM node = DescendTo(path);
+        if (rescan)
+            RescanNode(node);
+        if (select)
+            Select(node);
+    }
+    ready_ = true;
+}
+
+void FolderTree::OnSelectionChanged(UINT action) {
+    if (!ready_)
+        return;
+    KillTimer(appState.mainWindow, treeSyncTimer);
+    if (action == TVC_BYKEYBOARD) {
+        SetTimer(appState.mainWindow, treeSyncTimer, syncDelay, nullptr);
+        pendingSync_ = true;
+    } else if (action == TVC_BYMOUSE) {
+        SyncListToSelection();
+    }
+}
+
+/// Collapsing moves a selection below up to the collapsed node.
+void FolderTree::OnCollapsed() {
+    if (ready_)
+        SyncListToSelection();
+}
+
+void FolderTree::OnSyncTimer() {
+    FlushPendingSync();
+}
+
+void FolderTree::FlushPendingSync() {
+    KillTimer(appState.mainWindow, treeSyncTimer);
+    if (pendingSync_)
+        SyncListToSelection();
+}
+
+void FolderTree::SyncListToSelection() {
+    pendingSync_ = false;
+    HTREEITEM node = Caret();
+    Path path;
+    if (node && PathOfNode(node, path))
+        appState.fileList.GoToFolder(path.View(), treeSelectOnly);
+}
+
+void FolderTree::SelectParent() {
+    // The control has moved to the parent by itself when the command comes from the Back key held down.
+    HTREEITEM parent = Related(TVGN_PARENT, Caret());
+    if (parent && GetKeyState(VK_BACK) >= 0)
+        Select(parent);
+    SyncListToSelection();
+}
