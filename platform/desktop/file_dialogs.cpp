@@ -1,0 +1,63 @@
+#include "platform/ce_api.h"
+
+#include <algorithm>
+#include <string_view>
+#include <vector>
+
+#include "platform/desktop/rooted_path.h"
+
+namespace {
+
+/// Room for any path that the host's dialog may give.
+constexpr DWORD dialogCapacity = 32 * 1024;
+
+/// `path` made full when it is one of the device's; otherwise as it is, terminated.
+std::vector<wchar_t> DialogPath(const wchar_t* path) {
+    const std::wstring_view text = path != nullptr ? path : L"";
+    if (text.starts_with(L'\\') && !text.starts_with(L"\\\\"))
+        return FullPath(path);
+    std::vector<wchar_t> copy(text.begin(), text.end());
+    copy.push_back(L'\0');
+    return copy;
+}
+
+/// Runs one of the host's file dialogs for a program that knows one root and no current folder.
+BOOL RunFileDialog(OPENFILENAMEW& request, BOOL (*dialog)(OPENFILENAMEW*)) {
+    std::vector<wchar_t> file = DialogPath(request.lpstrFile);
+    const std::vector<wchar_t> folder = DialogPath(request.lpstrInitialDir);
+    file.resize(std::max<std::size_t>(file.size(), dialogCapacity));
+
+    OPENFILENAMEW host = request;
+    host.lStructSize = sizeof(host);
+    host.Flags |= OFN_NOCHANGEDIR;
+    host.lpstrFile = file.data();
+    host.nMaxFile = static_cast<DWORD>(file.size());
+    host.lpstrInitialDir = request.lpstrInitialDir != nullptr ? folder.data() : nullptr;
+    if (!dialog(&host))
+        return FALSE;
+
+    const std::wstring_view full = file.data();
+    const std::wstring_view chosen = RootedPart(full);
+    if (request.lpstrFile == nullptr || chosen.size() >= request.nMaxFile)
+        return FALSE;
+    *std::copy(chosen.begin(), chosen.end(), request.lpstrFile) = L'\0';
+    const WORD drive = static_cast<WORD>(full.size() - chosen.size());
+    request.nFilterIndex = host.nFilterIndex;
+    request.nFileOffset = static_cast<WORD>(host.nFileOffset - drive);
+    request.nFileExtension = host.nFileExtension > drive ? static_cast<WORD>(host.nFileExtension - drive) : 0;
+    return TRUE;
+}
+
+} // namespace
+
+namespace ce {
+
+BOOL GetSaveFileNameW(OPENFILENAMEW* request) {
+    return RunFileDialog(*request, ::GetSaveFileNameW);
+}
+
+BOOL GetOpenFileNameW(OPENFILENAMEW* request) {
+    return RunFileDialog(*request, ::GetOpenFileNameW);
+}
+
+} // namespace ce
