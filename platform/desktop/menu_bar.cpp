@@ -342,8 +342,10 @@ void UpdateMenuBar(HWND parent, bool raise) {
     MenuBar* bar = BarOfParent(parent);
     if (!bar)
         return;
-    UINT visibility = bar->hidden ? 0 : IsWindowVisible(parent) ? SWP_SHOWWINDOW : SWP_HIDEWINDOW;
-    UINT order = raise ? 0 : SWP_NOZORDER;
+    bool show = IsWindowVisible(parent) && !bar->hidden;
+    UINT visibility = bar->hidden ? 0 : show ? SWP_SHOWWINDOW : SWP_HIDEWINDOW;
+    bool appears = show && !IsWindowVisible(bar->window);
+    UINT order = raise || appears ? 0 : SWP_NOZORDER;
     SetWindowPos(bar->window, HWND_TOP, 0, 0, 0, 0,
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | visibility | order);
     InvalidateRect(bar->window, nullptr, FALSE);

@@ -93,11 +93,10 @@ LRESULT CALLBACK OnMessageFetched(int code, WPARAM removed, LPARAM lParam) {
 }
 
 bool IsClickOnMenuBar(const MSG& message) {
-    if (message.message != WM_LBUTTONDOWN)
+    if (message.message != WM_LBUTTONDOWN && message.message != WM_LBUTTONDBLCLK)
         return false;
-    POINT point{static_cast<short>(LOWORD(message.lParam)), static_cast<short>(HIWORD(message.lParam))};
-    ClientToScreen(message.hwnd, &point);
-    return IsMenuBar(WindowFromPoint(point));
+    // The open menu holds the mouse, so a real click names the menu; one sent by a process names the bar.
+    return IsMenuBar(message.hwnd) || IsMenuBar(WindowFromPoint(message.pt));
 }
 
 /// While a menu is open a soft key, pressed or clicked, closes it.

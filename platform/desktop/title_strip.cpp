@@ -19,11 +19,11 @@ HWND strip;
 HWND titledWindow;
 Text shownClock;
 
-/// The nearest of the window and its owners that has a title; message boxes have none of their own.
+/// The nearest of the window and its owners that has a title; null when there is none.
 HWND TitledOwner(HWND window) {
-    while (window && GetWindowTextLengthW(window) == 0)
+    while (IsWindow(window) && GetWindowTextLengthW(window) == 0)
         window = GetWindow(window, GW_OWNER);
-    return window;
+    return IsWindow(window) ? window : nullptr;
 }
 
 Text ClockText() {
@@ -39,6 +39,14 @@ void DrawAtRight(HDC context, RECT* area, const wchar_t* text) {
     area->right -= LabelWidth(context, text) + 2 * MARGIN;
 }
 
+/// Draws the titled window's small icon at the left end of `area`; false when it has none.
+bool DrawSmallIcon(HDC context, const RECT& area) {
+    HWND titled = TitledOwner(titledWindow);
+    auto icon = reinterpret_cast<HICON>(titled ? SendMessageW(titled, WM_GETICON, ICON_SMALL, 0) : 0);
+    int top = area.top + (area.bottom - area.top - ICON_SIZE) / 2;
+    return icon && DrawIconEx(context, area.left, top, icon, ICON_SIZE, ICON_SIZE, 0, nullptr, DI_NORMAL);
+}
+
 void DrawStrip(HWND window, HDC context, const RECT& area) {
     DrawBand(context, area, BAND_COLORS);
 
@@ -48,14 +56,12 @@ void DrawStrip(HWND window, HDC context, const RECT& area) {
     if (InputPanelIsUp())
         DrawAtRight(context, &rest, L"abc");
 
-    HWND titled = IsWindow(titledWindow) ? TitledOwner(titledWindow) : nullptr;
-    auto icon = reinterpret_cast<HICON>(titled ? SendMessageW(titled, WM_GETICON, ICON_SMALL, 0) : 0);
-    int top = (area.bottom - ICON_SIZE) / 2;
-    if (icon && DrawIconEx(context, rest.left, top, icon, ICON_SIZE, ICON_SIZE, 0, nullptr, DI_NORMAL))
-        rest.left += ICON_SIZE + MARGIN;
-
     Text title{};
     GetWindowTextW(window, title.data(), static_cast<int>(title.size()));
+    // On the smallest screen the title needs the icon's place.
+    int widthWithIcon = ICON_SIZE + MARGIN + LabelWidth(context, title.data());
+    if (widthWithIcon <= rest.right - rest.left && DrawSmallIcon(context, rest))
+        rest.left += ICON_SIZE + MARGIN;
     DrawLabel(context, title.data(), rest, DT_LEFT, RGB(255, 255, 255));
 }
 
@@ -106,9 +112,8 @@ void ShowTitleOf(HWND window) {
 void RefreshTitle() {
     if (!strip)
         return;
-    HWND titled = IsWindow(titledWindow) ? TitledOwner(titledWindow) : nullptr;
     Text title{};
-    GetWindowTextW(titled, title.data(), static_cast<int>(title.size()));
+    GetWindowTextW(TitledOwner(titledWindow), title.data(), static_cast<int>(title.size()));
     SetWindowTextW(strip, title.data());
     InvalidateRect(strip, nullptr, FALSE);
 }

@@ -46,7 +46,7 @@ LRESULT CALLBACK FollowedProc(HWND window, UINT message, WPARAM wParam, LPARAM l
     case WM_ACTIVATE:
         UpdateMenuBar(window, LOWORD(wParam) != WA_INACTIVE);
         break;
-    case WM_SHOWWINDOW:
+    case WM_WINDOWPOSCHANGED: // shown or hidden, perhaps
     case WM_ENABLE:
         UpdateMenuBar(window, false);
         break;
