@@ -73,7 +73,7 @@ connect() {
 
 # lay_card FOLDER NAME DIR: a storage card is a link at the root.
 lay_card() {
-    [[ ! -e $1/$2 && ! -L $1/$2 ]] || fail "the device has '\\$2' already" "Choose another name for the card"
+    [[ -z $(find_entry "$1" "$2") ]] || fail "the device has '\\$2' already" "Choose another name for the card"
     ln -s "$3" "$1/$2" || fail "cannot make the card '$2' in $1" "May you write there"
 }
 
@@ -113,13 +113,18 @@ device_path() {
     fail "the device cannot see $asked" "Give it as a card: --card \"Card=$asked\""
 }
 
+# find_entry FOLDER NAME: the entry of that name, upper and lower case being the same; nothing if there is none.
+find_entry() {
+    find "$1/" -mindepth 1 -maxdepth 1 -iname "${2//[\[*?\\]/?}" -print -quit
+}
+
 # find_folder ROOT /a/b: whether the folder is there, upper and lower case being the same.
 find_folder() {
     local at=$1 part parts
     IFS=/ read -ra parts <<<"$2"
     for part in "${parts[@]}"; do
         [[ -n $part ]] || continue
-        at=$(find "$at/" -mindepth 1 -maxdepth 1 -iname "${part//[\[*?]/?}" -print -quit)
+        at=$(find_entry "$at" "$part")
         [[ -n $at && -d $at ]] || return 1
     done
     printf '%s' "$at"

@@ -55,7 +55,7 @@ serve_screen() {
     (umask 077 && printf '%s\n' "$password" >"$work/password")
 
     serve x11vnc -norc -display "$DISPLAY" -auth "$XAUTHORITY" -passwdfile "rm:$work/password" \
-        -listen 127.0.0.1 -noipv6 -autoport 5900 -forever -shared -quiet -wait 20 >"$work/vnc" 2>"$work/vnc.log"
+        -listen 127.0.0.1 -noipv6 -rfbportv6 -1 -autoport 5900 -forever -shared -quiet -wait 20 >"$work/vnc" 2>"$work/vnc.log"
     for ((tries = 0; tries < 200; tries++)); do
         vnc_port=$(sed -n 's/^PORT=//p' "$work/vnc")
         [[ -n $vnc_port ]] && break
