@@ -1,5 +1,4 @@
-// The entry of both test executables: puts the test on the phone's drive, runs the tests, and keeps a picture
-// of the screen for each failure.
+// The entry of both test executables: goes to the phone's drive and runs the tests.
 
 #include <fcntl.h>
 #include <io.h>

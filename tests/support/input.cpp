@@ -1,0 +1,102 @@
+#include "tests/support/input.h"
+
+namespace {
+
+constexpr DWORD stepPause = 10; // milliseconds between a drag's steps, so that each is seen
+constexpr int dragSteps = 8;
+
+void SendKey(WORD key, bool up) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = key;
+    input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
+    input.ki.dwFlags = up ? KEYEVENTF_KEYUP : 0;
+    SendInput(1, &input, sizeof(input));
+}
+
+void SendModifiers(unsigned modifiers, bool up) {
+    if (modifiers & Ctrl)
+        SendKey(VK_CONTROL, up);
+    if (modifiers & Shift)
+        SendKey(VK_SHIFT, up);
+    if (modifiers & Alt)
+        SendKey(VK_MENU, up);
+}
+
+void SendMouse(DWORD flags) {
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = flags;
+    SendInput(1, &input, sizeof(input));
+}
+
+} // namespace
+
+void PressKey(WORD key, unsigned modifiers) {
+    SendModifiers(modifiers, false);
+    SendKey(key, false);
+    SendKey(key, true);
+    SendModifiers(modifiers, true);
+}
+
+void TypeText(const std::wstring& text) {
+    for (const wchar_t character : text) {
+        const SHORT code = VkKeyScanW(character);
+        PressKey(LOBYTE(code), (HIBYTE(code) & 1) ? Shift : NoModifier);
+    }
+}
+
+void PostKey(HWND window, WORD key) {
+    const LPARAM scan = static_cast<LPARAM>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC)) << 16;
+    PostMessageW(window, WM_KEYDOWN, key, scan | 1);
+    PostMessageW(window, WM_KEYUP, key, scan | 0xC0000001);
+}
+
+void StylusMove(POINT point) {
+    SetCursorPos(point.x, point.y);
+    SendMouse(MOUSEEVENTF_MOVE); // tells the window under it, also when it was there already
+}
+
+void StylusDown(POINT point) {
+    StylusMove(point);
+    SendMouse(MOUSEEVENTF_LEFTDOWN);
+}
+
+void StylusUp() {
+    SendMouse(MOUSEEVENTF_LEFTUP);
+}
+
+void Tap(POINT point, unsigned modifiers) {
+    SendModifiers(modifiers, false);
+    StylusDown(point);
+    StylusUp();
+    SendModifiers(modifiers, true);
+}
+
+void DoubleTap(POINT point) {
+    Tap(point);
+    StylusDown(point);
+    StylusUp();
+}
+
+void RightClick(POINT point) {
+    StylusMove(point);
+    SendMouse(MOUSEEVENTF_RIGHTDOWN);
+    SendMouse(MOUSEEVENTF_RIGHTUP);
+}
+
+void TapAndHold(POINT point, DWORD milliseconds) {
+    StylusDown(point);
+    Sleep(milliseconds); // the time itself is the input
+    StylusUp();
+}
+
+void Drag(POINT from, POINT to) {
+    StylusDown(from);
+    for (int step = 1; step <= dragSteps; ++step) {
+        StylusMove(
+            {from.x + (to.x - from.x) * step / dragSteps, from.y + (to.y - from.y) * step / dragSteps});
+        Sleep(stepPause);
+    }
+    StylusUp();
+}

@@ -1,0 +1,177 @@
+#include "tests/support/menu.h"
+
+#include <algorithm>
+#include <functional>
+#include <memory>
+#include <stdexcept>
+
+#include "tests/support/live_window.h"
+#include "tests/support/probe/menu_probe.h"
+#include "tests/support/text.h"
+
+namespace {
+
+constexpr DWORD threadPatience = 10000; // milliseconds
+
+std::wstring ProbePath() {
+    wchar_t path[MAX_PATH];
+    GetModuleFileNameW(nullptr, path, MAX_PATH);
+    std::wstring text = path;
+    return text.substr(0, text.rfind(L'\\') + 1) + L"menu_probe.dll";
+}
+
+/// Runs a function of the program's address space in the program and returns its result.
+DWORD RunThere(HANDLE process, void* function, void* parameter) {
+    const HANDLE thread = CreateRemoteThread(
+        process, nullptr, 0, reinterpret_cast<LPTHREAD_START_ROUTINE>(function), parameter, 0, nullptr);
+    if (!thread)
+        throw std::runtime_error("the program cannot be asked for its menus: it has ended");
+    WaitForSingleObject(thread, threadPatience);
+    DWORD result = 0;
+    GetExitCodeThread(thread, &result);
+    CloseHandle(thread);
+    return result;
+}
+
+/// Loads the probe into the process of `window`, if it is not there yet, and returns its base there. The
+/// probe is linked to lie below 4 GB, so that a thread's exit code holds the whole address.
+std::byte* LoadProbe(HWND window) {
+    const std::wstring path = ProbePath();
+    RemoteMemory text(window, (path.size() + 1) * sizeof(wchar_t));
+    text.Write(path.c_str(), (path.size() + 1) * sizeof(wchar_t));
+    // The system's libraries lie at the same address in every process.
+    void* const load = reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32"), "LoadLibraryW"));
+    const DWORD base = RunThere(text.Process(), load, text.Address());
+    if (!base)
+        throw std::runtime_error("the program could not load " + Narrow(path));
+    return reinterpret_cast<std::byte*>(static_cast<std::uintptr_t>(base));
+}
+
+std::size_t ReportOffset() {
+    static const std::size_t offset = [] {
+        const HMODULE probe = LoadLibraryW(ProbePath().c_str());
+        const auto* function = reinterpret_cast<std::byte*>(GetProcAddress(probe, "ReportMenu"));
+        return static_cast<std::size_t>(function - reinterpret_cast<std::byte*>(probe));
+    }();
+    return offset;
+}
+
+/// Takes the items of one level, and of the popups under them, from the flat report.
+std::vector<MenuItem> TakeLevel(const MenuReport& report, UINT level, UINT& next) {
+    std::vector<MenuItem> items;
+    while (next < report.count && report.items[next].level == level) {
+        const ProbedItem& probed = report.items[next++];
+        MenuItem item;
+        item.text = probed.text;
+        item.id = probed.id;
+        item.separator = (probed.type & MFT_SEPARATOR) != 0;
+        item.enabled = (probed.state & (MFS_DISABLED | MFS_GRAYED)) == 0;
+        item.checked = (probed.state & MFS_CHECKED) != 0;
+        item.radioChecked = item.checked && (probed.type & MFT_RADIOCHECK) != 0;
+        item.popup = probed.hasPopup;
+        if (item.popup)
+            item.items = TakeLevel(report, level + 1, next);
+        items.push_back(std::move(item));
+    }
+    return items;
+}
+
+/// The first item at any depth that `wanted` accepts, or null.
+const MenuItem* FindItem(const std::vector<MenuItem>& items,
+                         const std::function<bool(const MenuItem&)>& wanted) {
+    for (const MenuItem& item : items) {
+        if (wanted(item))
+            return &item;
+        if (const MenuItem* inside = FindItem(item.items, wanted))
+            return inside;
+    }
+    return nullptr;
+}
+
+void CollectCommands(const std::vector<MenuItem>& items, const std::function<bool(const MenuItem&)>& wanted,
+                     std::vector<UINT>& commands) {
+    for (const MenuItem& item : items) {
+        if (!item.popup && !item.separator && wanted(item))
+            commands.push_back(item.id);
+        CollectCommands(item.items, wanted, commands);
+    }
+}
+
+const MenuItem* FindCommand(const std::vector<MenuItem>& items, UINT command) {
+    return FindItem(items, [command](const MenuItem& item) {
+        return !item.popup && !item.separator && item.id == command;
+    });
+}
+
+} // namespace
+
+Menu ReadMenu(HWND window, HMENU menu) {
+    std::byte* const probe = LoadProbe(window);
+    RemoteMemory memory(window, sizeof(MenuReport));
+    memory.Write(&menu, sizeof(menu));
+    RunThere(memory.Process(), probe + ReportOffset(), memory.Address());
+    const auto report = std::make_unique<MenuReport>();
+    memory.Read(report.get(), sizeof(*report));
+    UINT next = 0;
+    return Menu(TakeLevel(*report, 0, next));
+}
+
+std::vector<HMENU> OpenPopups(DWORD process) {
+    std::vector<HMENU> menus;
+    for (HWND window : TopWindowsOf(process))
+        if (ClassOf(window) == L"#32768" && IsWindowVisible(window))
+            menus.insert(menus.begin(), reinterpret_cast<HMENU>(Ask(window, MN_GETHMENU)));
+    return menus;
+}
+
+std::vector<std::wstring> Menu::Texts() const {
+    std::vector<std::wstring> texts;
+    for (const MenuItem& item : items_)
+        texts.push_back(item.separator ? L"-" : item.text);
+    return texts;
+}
+
+bool Menu::HasPopup(const std::wstring& text) const {
+    return std::any_of(items_.begin(), items_.end(),
+                       [&](const MenuItem& item) { return item.popup && item.text == text; });
+}
+
+Menu Menu::Popup(const std::wstring& text) const {
+    const MenuItem& item = Item(text);
+    if (!item.popup)
+        throw std::runtime_error("the menu entry \"" + Narrow(text) + "\" is no popup");
+    return Menu(item.items);
+}
+
+const MenuItem& Menu::Item(const std::wstring& text) const {
+    const auto found =
+        std::find_if(items_.begin(), items_.end(), [&](const MenuItem& item) { return item.text == text; });
+    if (found == items_.end())
+        throw std::runtime_error("the menu has no entry \"" + Narrow(text) + "\"");
+    return *found;
+}
+
+bool Menu::Has(UINT command) const {
+    return FindCommand(items_, command) != nullptr;
+}
+
+const MenuItem& Menu::Item(UINT command) const {
+    const MenuItem* item = FindCommand(items_, command);
+    if (!item)
+        throw std::runtime_error("the menu has no command " + std::to_string(command));
+    return *item;
+}
+
+std::vector<UINT> Menu::EnabledCommands() const {
+    std::vector<UINT> commands;
+    CollectCommands(
+        items_, [](const MenuItem& item) { return item.enabled; }, commands);
+    return commands;
+}
+
+std::vector<UINT> Menu::CheckedCommands() const {
+    std::vector<UINT> commands;
+    CollectCommands(
+        items_, [](const MenuItem& item) { return item.checked; }, commands);
+    return commands;
+}

@@ -1,0 +1,16 @@
+#include "tests/support/ui_test.h"
+
+#include <cstdio>
+
+void UiTest::TearDown() {
+    // A program that ended by itself must have ended well.
+    if (program.Process() && !program.IsRunning()) {
+        EXPECT_EQ(program.ExitCode(), 0u) << "the program crashed";
+    }
+
+    if (HasFailure()) {
+        const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
+        const std::string picture = KeepScreenshot(std::string(test.test_suite_name()) + "." + test.name());
+        std::printf("The screen at the end of the test: %s\n", picture.c_str());
+    }
+}

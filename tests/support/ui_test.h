@@ -1,0 +1,23 @@
+#pragma once
+// What every UI suite begins with: a fresh phone, and the program not started yet.
+
+#include <string>
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include "resources/resource.h"
+#include "tests/support/device.h"
+#include "tests/support/host.h"
+#include "tests/support/input.h"
+#include "tests/support/live_window.h"
+#include "tests/support/program.h"
+#include "tests/support/waiting.h"
+
+class UiTest : public testing::Test {
+  protected:
+    void TearDown() override;
+
+    Device device;
+    Program program;
+};
