@@ -177,8 +177,9 @@ void OnUserManual(int) {
                     MB_OK);
 }
 
+/// Posted, so that a pane whose key this was is done with it before it goes.
 void OnExit(int) {
-    SendMessageW(appState.mainWindow, WM_CLOSE, 0, 0);
+    PostMessageW(appState.mainWindow, WM_CLOSE, 0, 0);
 }
 
 void OnStickyKey(int id) {
@@ -241,6 +242,12 @@ void RunCommand(int id) {
     }
 }
 
+/// A menu that a hold opened leaves the pane in between: the entries of before selected, a name in edit.
+void EndTapAndHold() {
+    appState.fileList.tapAndHold.RestoreStep(appState.fileList.Window());
+    appState.folderTree.EndEditStep();
+}
+
 /// The entries built at run time, by their ranges. True when `id` is one of them.
 bool RunBuiltEntry(int id) {
     if (id >= IDM_USERPATH_FIRST && id < IDM_USERPATH_FIRST + BUILT_ENTRY_LIMIT) {
@@ -256,7 +263,9 @@ LRESULT OnCommand(WPARAM wParam, LPARAM lParam) {
     const int id = LOWORD(wParam);
     if (RunBuiltEntry(id))
         return 0;
+    EndTapAndHold();
     RunCommand(appState.fileList.FilterSearchCommand(id));
+    EndTapAndHold();
     if (lParam && reinterpret_cast<HWND>(lParam) == appState.addressCombo)
         OnAddressNotification(HIWORD(wParam));
     return 0;

@@ -98,6 +98,11 @@ LRESULT OnRightButtonDown() {
     return 0;
 }
 
+void OnMenuClosed() {
+    appState.fileList.tapAndHold.OnMenuClosed(appState.fileList.Window());
+    appState.folderTree.OnMenuClosed();
+}
+
 LRESULT OnHotKey(WPARAM wParam, LPARAM lParam) {
     if (HIWORD(lParam) == VK_ESCAPE)
         ce::SHSendBackToFocusWindow(WM_HOTKEY, wParam, lParam);
@@ -135,6 +140,8 @@ LRESULT CALLBACK MainWindowProcedure(HWND window, UINT message, WPARAM wParam, L
         return OnTimer(window, wParam, lParam);
     case WM_INITMENUPOPUP:
         return UpdateMenuState(), 0;
+    case WM_EXITMENULOOP:
+        return OnMenuClosed(), 0;
     case WM_LBUTTONDOWN:
         return OnButtonDown(lParam);
     case WM_MOUSEMOVE:

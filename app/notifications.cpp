@@ -1,26 +1,62 @@
 #include "app/notifications.h"
 
+#include "app/address_bar.h"
 #include "app/commands.h"
 #include "app/main_window.h"
 #include "app/menu_state.h"
+#include "app/pointer.h"
+#include "filelist/context_menu.h"
+#include "filelist/list_input.h"
+#include "resources/resource.h"
 
 namespace {
-
-bool IsDown(int key) {
-    return GetKeyState(key) < 0;
-}
 
 void OpenSelected() {
     appState.fileList.OpenEntry(appState.fileList.FirstSelected());
 }
 
-/// A tap opens when double taps are not asked for and nothing extends the selection.
-void OnListClick() {
-    const bool plain = !IsDown(VK_CONTROL) && !IsDown(VK_SHIFT) && !IsDown(VK_MENU);
-    const bool single = SendMessageW(appState.fileList.Window(), LVM_GETSELECTEDCOUNT, 0, 0) == 1;
-    if (appState.fileList.options.singleTapOpens && plain && single && !appState.marqueeStarted)
+void OpenOrShowProperties() {
+    if (IsDown(VK_MENU))
+        SendMessageW(appState.mainWindow, WM_COMMAND, IDM_MENU_PROPERTIES, 0);
+    else
         OpenSelected();
+}
+
+void OnListContextMenu() {
+    if (!appState.labelEditing && IsListFocused())
+        ShowContextMenuAtPointer(appState.fileList);
+}
+
+/// Keys of the list that stand for commands.
+LRESULT OnListKey(int key) {
+    if (appState.dragging || appState.labelEditing || !IsListFocused())
+        return 0;
+    const int command = TranslateListKey(key, {IsDown(VK_CONTROL), IsDown(VK_MENU)});
+    if (command == keyOpensContextMenu)
+        ShowContextMenuAtSelection(appState.fileList);
+    else if (command == keyFocusesAddressBar)
+        FocusAddressBar();
+    else if (command != keyTranslatesToNothing)
+        OnCommand(static_cast<WPARAM>(command), 0);
+    return 0;
+}
+
+/// A tap opens when double taps are not asked for and nothing extends the selection. With Alt it is a tap of
+/// the second button.
+void OnListClick() {
+    FileList& list = appState.fileList;
+    list.tapAndHold.Cancel(list.Window());
+    if (appState.labelEditing)
+        return;
+    const bool ctrlOrShift = IsDown(VK_CONTROL) || IsDown(VK_SHIFT);
+    const bool single = SendMessageW(list.Window(), LVM_GETSELECTEDCOUNT, 0, 0) == 1;
+    const bool opens = list.options.singleTapOpens && !ctrlOrShift && !IsDown(VK_MENU) && single &&
+                       !appState.marqueeStarted && list.tapAndHold.SelectedAtDown() == 0;
     appState.marqueeStarted = false;
+    if (opens)
+        OpenSelected();
+    else if (!ctrlOrShift && IsDown(VK_MENU))
+        OnListContextMenu();
 }
 
 /// Selecting many entries reports each one: the menus follow once, after the last.
@@ -38,13 +74,19 @@ void OnPaneFocus(Pane pane) {
 LRESULT OnListNotify(NMHDR* notification, LPARAM lParam) {
     switch (notification->code) {
     case NM_CLICK:
-        if (!appState.labelEditing)
-            OnListClick();
-        return 0;
+        return OnListClick(), 0;
     case NM_DBLCLK:
         return OpenSelected(), 0;
     case NM_RETURN:
-        return OpenSelected(), 0;
+        return OpenOrShowProperties(), 0;
+    case NM_RCLICK:
+        return OnListContextMenu(), 0;
+    case GN_CONTEXTMENU:
+        if (!appState.dragging)
+            OnListContextMenu();
+        return 1;
+    case LVN_KEYDOWN:
+        return OnListKey(reinterpret_cast<NMLVKEYDOWN*>(lParam)->wVKey);
     case NM_SETFOCUS:
         return OnPaneFocus(Pane::List), 0;
     case LVN_ITEMCHANGED:

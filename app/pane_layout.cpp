@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "app/app_state.h"
+#include "app/pointer.h"
 #include "app/text_format.h"
 
 namespace {
@@ -115,7 +116,7 @@ void LayoutPanes() {
 
 void BeginSplit(LPARAM pointer) {
     appState.splitDragging = appState.settings.showFolderTree != 0;
-    appState.splitPress = {static_cast<short>(LOWORD(pointer)), static_cast<short>(HIWORD(pointer))};
+    appState.splitPress = PointOf(pointer);
     appState.splitPressWidth = appState.settings.treeViewWidth;
     appState.splitPressHeight = appState.settings.treeViewHeight;
 }
@@ -124,7 +125,7 @@ void DragSplitter(LPARAM pointer) {
     Settings& settings = appState.settings;
     if (settings.viewSide != 0) {
         const SplitRange range{splitMargin, GetSystemMetrics(SM_CXSCREEN) - splitMargin};
-        settings.treeViewWidth = SplitExtent(settings.treeViewWidth, static_cast<short>(LOWORD(pointer)),
+        settings.treeViewWidth = SplitExtent(settings.treeViewWidth, PointOf(pointer).x,
                                              appState.splitPress.x, appState.splitPressWidth, range);
     } else {
         RECT tree{};
@@ -136,7 +137,7 @@ void DragSplitter(LPARAM pointer) {
         ScreenToClient(appState.mainWindow, &top);
         ScreenToClient(appState.mainWindow, &bottom);
         const SplitRange range{top.y + splitMargin, bottom.y - splitMargin};
-        settings.treeViewHeight = SplitExtent(settings.treeViewHeight, static_cast<short>(HIWORD(pointer)),
+        settings.treeViewHeight = SplitExtent(settings.treeViewHeight, PointOf(pointer).y,
                                               appState.splitPress.y, appState.splitPressHeight, range);
     }
     LayoutPanes();

@@ -13,6 +13,7 @@
 #include "filelist/history.h"
 #include "filelist/icons.h"
 #include "filelist/search_results.h"
+#include "filelist/tap_and_hold.h"
 #include "platform/handles.h"
 
 /// How the tree follows a navigation: it only selects the folder, or also reads its subfolders afresh.
@@ -103,6 +104,8 @@ class FileList {
     HWND Window() const { return window_; }
     /// The "Go to" popup.
     HMENU GoToMenu() const;
+    /// One of the context menus, by its POPUP_ number; null for a number without one.
+    HMENU ContextPopupMenu(int number) const;
     bool UpLevelShown() const { return upLevel_ != nullptr; }
     const History& Visited() const { return history_; }
 
@@ -114,6 +117,7 @@ class FileList {
     PathText compressFolder{};
     std::vector<OwnedText> userPaths; // the remembered paths of the "Go to" menu
     SearchResults searchResults;
+    TapAndHold tapAndHold;
 
   private:
     friend class ListSettingsStore; // reads and writes the fields that are stored

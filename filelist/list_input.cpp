@@ -1,6 +1,7 @@
 #include "filelist/list_input.h"
 
 #include "app/app_state.h"
+#include "app/pointer.h"
 #include "resources/resource.h"
 
 namespace {
@@ -55,16 +56,40 @@ int DigitCommand(int key, KeyState keys) {
 
 WNDPROC viewProcedure = nullptr;
 
+void OnTimer(FileList& list, WPARAM timer) {
+    if (timer == holdTimer) {
+        list.tapAndHold.OnHoldElapsed(list);
+    } else if (timer == restoreTimer) {
+        // Both steps at once: with the first the control has dealt with the stylus, the second ends it.
+        list.tapAndHold.RestoreStep(list.Window());
+        list.tapAndHold.RestoreStep(list.Window());
+    }
+}
+
 LRESULT CALLBACK ListProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_KEYDOWN) {
-        switch (wParam) {
-        case VK_HOME:
-            return appState.fileList.GoBack(), 0;
-        case VK_END:
-            return appState.fileList.GoForward(), 0;
-        default:
-            break;
-        }
+    FileList& list = appState.fileList;
+    switch (message) {
+    case WM_KEYDOWN:
+        if (wParam == VK_HOME)
+            return list.GoBack(), 0;
+        if (wParam == VK_END)
+            return list.GoForward(), 0;
+        break;
+    case WM_LBUTTONDOWN:
+        list.tapAndHold.OnStylusDown(list, PointOf(lParam));
+        break;
+    case WM_LBUTTONUP:
+        list.tapAndHold.Cancel(window);
+        break;
+    case WM_TIMER:
+        OnTimer(list, wParam);
+        break;
+    case WM_HOTKEY:
+        if (HIWORD(lParam) == VK_ESCAPE)
+            ce::SHSendBackToFocusWindow(message, wParam, lParam);
+        break;
+    default:
+        break;
     }
     return CallWindowProcW(viewProcedure, window, message, wParam, lParam);
 }

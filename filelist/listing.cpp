@@ -196,6 +196,7 @@ void FileList::ClearList() {
     items_.clear();
     folderTexts_.clear();
     upLevel_ = nullptr;
+    tapAndHold.ForgetSelection();
 }
 
 void FileList::AddUpLevel() {

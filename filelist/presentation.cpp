@@ -122,7 +122,11 @@ void FileList::DetachGoToMenu() {
 }
 
 HMENU FileList::GoToMenu() const {
-    return GetSubMenu(menu_.Get(), POPUP_GO_TO);
+    return ContextPopupMenu(POPUP_GO_TO);
+}
+
+HMENU FileList::ContextPopupMenu(int number) const {
+    return GetSubMenu(menu_.Get(), number);
 }
 
 void FileList::ApplyViewStyle(int command) {

@@ -1,10 +1,9 @@
 // The tree's context menu and its ways of opening: tap and hold, a second button, keys.
 
-#include <cstdlib>
-
 #include "app/address_bar.h"
 #include "app/app_state.h"
 #include "app/menu_state.h"
+#include "app/pointer.h"
 #include "filelist/list_input.h"
 #include "foldertree/folder_tree.h"
 #include "foldertree/tree_messages.h"
@@ -12,20 +11,8 @@
 
 namespace {
 
-constexpr LONG holdTolerance = 6; // a stylus that moved so many pixels drags
-constexpr LONG holdMenuShift = 10;
-
-bool IsDown(int key) {
-    return GetKeyState(key) < 0;
-}
-
 bool OnlyAltDown() {
     return IsDown(VK_MENU) && !IsDown(VK_CONTROL) && !IsDown(VK_SHIFT);
-}
-
-POINT MessagePoint() {
-    const DWORD position = GetMessagePos();
-    return {static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))};
 }
 
 void PostCommand(int command) {
@@ -43,12 +30,9 @@ HTREEITEM FolderTree::NodeAt(POINT point) const {
 }
 
 void FolderTree::OpenMenuAtPointer() {
-    const POINT position = MessagePoint();
-    POINT point = position;
-    ScreenToClient(window_, &point);
-    if (HTREEITEM node = NodeAt(point)) {
+    if (HTREEITEM node = NodeAt(MessagePointIn(window_))) {
         Select(node);
-        OpenMenu(node, position);
+        OpenMenu(node, MessagePoint());
     }
 }
 
@@ -79,7 +63,7 @@ void FolderTree::OnStylusDown(LPARAM point) {
     if (holdPending_)
         return;
     SetTimer(window_, holdTimer, GetDoubleClickTime(), nullptr);
-    holdPoint_ = {static_cast<short>(LOWORD(point)), static_cast<short>(HIWORD(point))};
+    holdPoint_ = PointOf(point);
     holdPending_ = true;
 }
 
@@ -92,11 +76,9 @@ void FolderTree::CancelHold() {
 
 void FolderTree::OnHoldElapsed() {
     KillTimer(window_, holdTimer);
-    POINT now = MessagePoint();
-    ScreenToClient(window_, &now);
+    const POINT now = MessagePointIn(window_);
     HTREEITEM node = NodeAt(holdPoint_);
-    if (node && node == NodeAt(now) && std::abs(now.x - holdPoint_.x) < holdTolerance &&
-        std::abs(now.y - holdPoint_.y) < holdTolerance)
+    if (node && node == NodeAt(now) && IsHeldStill(holdPoint_, now))
         OpenMenu(node, {holdPoint_.x + holdMenuShift, holdPoint_.y});
 }
 

@@ -4,7 +4,6 @@
 #include "platform/ce_api.h"
 
 constexpr UINT_PTR endEditTimer = 3;
-constexpr UINT_PTR holdTimer = 4;
 constexpr UINT endEditDelay = 500; // milliseconds
 
 /// Opens the editor of a refused name again, once the control is done with ending the edit.
