@@ -1,0 +1,103 @@
+#include "search/block_scan.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "platform/ce_api.h"
+
+namespace {
+
+/// Bytes looked at in one go: few enough to find the place again quickly, enough for wide registers.
+constexpr std::size_t strideSize = 64;
+
+/// The text in the system's code page, or null when it cannot be written in it.
+std::unique_ptr<unsigned char[]> ToBytes(std::wstring_view text, std::size_t& length) {
+    const int characters = static_cast<int>(text.size());
+    const int needed = WideCharToMultiByte(CP_ACP, 0, text.data(), characters, nullptr, 0, nullptr, nullptr);
+    if (needed <= 0)
+        return nullptr;
+    auto bytes = std::make_unique<unsigned char[]>(static_cast<std::size_t>(needed) + 1);
+    BOOL replaced = FALSE;
+    WideCharToMultiByte(CP_ACP, 0, text.data(), characters, reinterpret_cast<char*>(bytes.get()), needed,
+                        nullptr, &replaced);
+    if (replaced)
+        return nullptr;
+    length = static_cast<std::size_t>(needed);
+    return bytes;
+}
+
+/// A byte in one of its two cases.
+struct EitherCase {
+    unsigned char upper;
+    unsigned char lower;
+};
+
+/// Whether the first byte stands anywhere among the stride's with the second `distance` behind it. Without
+/// branches, so that the compiler can take many places at a time.
+bool StrideHolds(const unsigned char* stride, EitherCase first, EitherCase second, std::size_t distance) {
+    unsigned char found = 0;
+    for (std::size_t i = 0; i < strideSize; ++i) {
+        const unsigned char here = (stride[i] == first.upper) | (stride[i] == first.lower);
+        const unsigned char there =
+            (stride[i + distance] == second.upper) | (stride[i + distance] == second.lower);
+        found |= here & there;
+    }
+    return found != 0;
+}
+
+} // namespace
+
+BlockScan::BlockScan(std::wstring_view text, bool caseSensitive) {
+    upper_ = ToBytes(text, length_);
+    if (length_ == 0)
+        return;
+    lower_ = std::make_unique<unsigned char[]>(length_ + 1);
+    std::copy_n(upper_.get(), length_ + 1, lower_.get());
+    if (!caseSensitive) {
+        _strupr(reinterpret_cast<char*>(upper_.get()));
+        _strlwr(reinterpret_cast<char*>(lower_.get()));
+    }
+}
+
+bool BlockScan::Holds(std::span<const unsigned char> bytes) const {
+    if (length_ == 0)
+        return false;
+    while (!bytes.empty()) {
+        const std::size_t size = std::min(bytes.size(), scanBlockSize);
+        if (BlockHolds(bytes.first(size)))
+            return true;
+        bytes = bytes.subspan(size);
+    }
+    return false;
+}
+
+bool BlockScan::BlockHolds(std::span<const unsigned char> block) const {
+    // Two bytes tell most places apart from the text; a text of one byte is asked for it twice.
+    const std::size_t distance = length_ > 1 ? 1 : 0;
+    const EitherCase first{upper_[0], lower_[0]};
+    const EitherCase second{upper_[distance], lower_[distance]};
+    std::size_t place = 0;
+    for (; place + strideSize + distance <= block.size(); place += strideSize) {
+        if (StrideHolds(block.data() + place, first, second, distance) &&
+            MatchesWithin(block.subspan(place), strideSize))
+            return true;
+    }
+    return MatchesWithin(block.subspan(place), block.size() - place);
+}
+
+bool BlockScan::MatchesWithin(std::span<const unsigned char> rest, std::size_t places) const {
+    for (std::size_t i = 0; i < places; ++i) {
+        if (MatchesAt(rest.subspan(i)))
+            return true;
+    }
+    return false;
+}
+
+bool BlockScan::MatchesAt(std::span<const unsigned char> rest) const {
+    const std::size_t compared = std::min(rest.size(), length_);
+    for (std::size_t i = 0; i < compared; ++i) {
+        if (!IsMatch(i, rest[i]))
+            return false;
+    }
+    return true;
+}

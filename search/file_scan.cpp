@@ -1,0 +1,43 @@
+#include "search/file_scan.h"
+
+#include "app/path.h"
+#include "platform/handles.h"
+
+namespace {
+
+/// Bytes read at a time: whole blocks, and many, for each call costs more than what it brings.
+constexpr DWORD pieceSize = 16 * scanBlockSize;
+
+/// Reads the next piece; less than a whole one is the file's last. Around a bad spot of the file, what can be
+/// read of the piece block by block still counts.
+std::size_t ReadPiece(HANDLE file, unsigned char* piece) {
+    DWORD read = 0;
+    if (ReadFile(file, piece, pieceSize, &read, nullptr))
+        return read;
+    std::size_t filled = 0;
+    while (filled < pieceSize && ReadFile(file, piece + filled, scanBlockSize, &read, nullptr) && read)
+        filled += read;
+    return filled;
+}
+
+} // namespace
+
+FileScan::FileScan(std::wstring_view text, bool caseSensitive)
+    : scan_(text, caseSensitive), piece_(std::make_unique_for_overwrite<unsigned char[]>(pieceSize)) {}
+
+bool FileScan::FileHolds(std::wstring_view folder, std::wstring_view name) const {
+    Path path;
+    if (!path.AssignChild(folder, name))
+        return false;
+    const FileHandle file(
+        CreateFileW(path.Text(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file)
+        return false;
+    std::size_t read = pieceSize;
+    while (read == pieceSize) {
+        read = ReadPiece(file.Get(), piece_.get());
+        if (scan_.Holds({piece_.get(), read}))
+            return true;
+    }
+    return false;
+}
