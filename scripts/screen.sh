@@ -1,6 +1,6 @@
 # shellcheck shell=bash
 # A screen of our own: a virtual X display of a phone's size, its way into a web browser, keys and pictures.
-# Uses $work, a private temporary folder, and $services, the processes to end.
+# Uses $work, a private temporary folder, $services, the processes to end, and $prefix, the device's.
 
 services=()
 
@@ -87,15 +87,26 @@ listens() {
     (exec 3<>"/dev/tcp/127.0.0.1/$1") 2>/dev/null
 }
 
-# settle MS: waits until the screen has not changed for that long, at most ten seconds.
+# settle MS: waits until the screen has not changed for that long and nothing is at work on it, at most thirty
+# seconds. On a busy machine a program that has yet to paint shows as ready to run.
 settle() {
     local last='' now quiet=0 tries
-    for ((tries = 0; tries < 200 && quiet < $1; tries++)); do
+    for ((tries = 0; tries < 600 && quiet < $1; tries++)); do
         now=$(cksum <"$work/Xvfb_screen0")
-        if [[ $now == "$last" ]]; then quiet=$((quiet + 50)); else quiet=0; fi
+        if [[ $now == "$last" ]] && ! at_work; then quiet=$((quiet + 50)); else quiet=0; fi
         last=$now
         sleep 0.05
     done
+}
+
+# at_work: whether a thread of the screen or of the programs of $prefix runs, or would if it got a processor.
+at_work() {
+    local process threads=()
+    for process in "${services[@]}"; do threads+=("/proc/$process/task"/*/status); done
+    while IFS= read -r process; do
+        threads+=("${process%/environ}/task"/*/status)
+    done < <(grep -lsxzF "WINEPREFIX=$prefix" /proc/[0-9]*/environ)
+    grep -qsE '^State:[[:space:]]+[RD]' "${threads[@]}"
 }
 
 # await_window NAME PID: waits until a window of that name shows, as long as the process lives.
