@@ -59,13 +59,13 @@ HWND ce::CommandBar_Create(HINSTANCE, HWND parent, int id) {
     RECT area{};
     GetClientRect(parent, &area);
     return ::CreateWindowExW(WS_EX_CONTROLPARENT, BAR_CLASS, nullptr, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN,
-                             0, 0, area.right, BarHeight(), parent,
+                             0, 0, area.right, GetSystemMetrics(SM_CYMENU), parent,
                              reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), ShellInstance(), nullptr);
 }
 
 HWND ce::CommandBar_InsertComboBox(HWND bar, HINSTANCE instance, int width, UINT style, WORD id, WORD) {
     HWND combo = ::CreateWindowExW(0, L"ComboBox", nullptr, style | WS_CHILD | WS_VISIBLE, MARGIN, MARGIN,
-                                   width, BarHeight(), bar,
+                                   width, GetSystemMetrics(SM_CYMENU), bar,
                                    reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)), instance, nullptr);
     if (!combo)
         return nullptr;

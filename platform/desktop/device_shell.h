@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include "platform/ce_types.h"
+#include "platform/desktop/bar_heights.h"
 
 /// Starts following the program's windows and listening for the phone's keys. Called once, on the
 /// user-interface thread, before the program's first window.
@@ -14,8 +15,8 @@ void StartDeviceShell(HINSTANCE instance);
 /// The module that the shell's window classes belong to.
 HINSTANCE ShellInstance();
 
-/// The height of the title strip and of the soft-key bar.
-int BarHeight();
+/// The heights of the title strip and of the soft-key bar on this screen.
+BarHeights ShellBarHeights();
 
 /// The part of the screen that the programs have: all between the title strip and the soft keys.
 RECT WorkArea();

@@ -17,7 +17,7 @@ void RemoveFrame(HWND dialog) {
 void FillScreen(HWND dialog, bool withMenuBar) {
     RECT area = WorkArea();
     if (!withMenuBar)
-        area.bottom += BarHeight();
+        area.bottom += ShellBarHeights().softKeys;
     RemoveFrame(dialog);
     SetWindowPos(dialog, nullptr, area.left, area.top, area.right - area.left, area.bottom - area.top,
                  SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);

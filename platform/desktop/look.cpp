@@ -2,17 +2,15 @@
 
 #include <algorithm>
 
-#include "platform/desktop/device_shell.h"
-
 namespace {
 
+constexpr int FONT_SIZE = 11; // the largest whose letters and shadow the lowest bar holds
 constexpr COLORREF SHADOW = RGB(10, 34, 88);
 
 HFONT ShellFont() {
     static const HFONT font = [] {
         LOGFONTW description{};
-        // As large as the bar lets it be read without crowding: 11 pixels in a bar of 21.
-        description.lfHeight = -(BarHeight() * 11 / 21);
+        description.lfHeight = -FONT_SIZE;
         description.lfWeight = FW_BOLD;
         description.lfQuality = ANTIALIASED_QUALITY;
         lstrcpynW(description.lfFaceName, L"Tahoma", LF_FACESIZE);

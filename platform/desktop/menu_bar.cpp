@@ -270,8 +270,8 @@ void RegisterBarClass() {
 HWND CreateBarWindow(HWND parent) {
     RegisterBarClass();
     return ::CreateWindowExW(WS_EX_NOACTIVATE | WS_EX_TOOLWINDOW, BAR_CLASS, nullptr, WS_POPUP, 0,
-                             WorkArea().bottom, GetSystemMetrics(SM_CXSCREEN), BarHeight(), RootOf(parent),
-                             nullptr, ShellInstance(), nullptr);
+                             WorkArea().bottom, GetSystemMetrics(SM_CXSCREEN), ShellBarHeights().softKeys,
+                             RootOf(parent), nullptr, ShellInstance(), nullptr);
 }
 
 /// The bar's own text is that of its keys, for those who look at the screen from outside.

@@ -34,7 +34,7 @@ LRESULT CALLBACK MenuWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM
                                 DWORD_PTR) {
     if (message == WM_NCDESTROY)
         RemoveWindowSubclass(window, MenuWindowProc, MENU_WINDOW_ID);
-    if (message == WM_WINDOWPOSCHANGING) {
+    if (message == WM_WINDOWPOSCHANGING && lParam) {
         auto place = reinterpret_cast<WINDOWPOS*>(lParam);
         RECT area = WorkArea();
         if ((place->flags & (SWP_NOMOVE | SWP_NOSIZE)) == 0) {

@@ -94,8 +94,8 @@ void CreateStrip() {
     RegisterClassW(&windowClass);
 
     strip = CreateWindowExW(WS_EX_NOACTIVATE | WS_EX_TOOLWINDOW, STRIP_CLASS, nullptr, WS_POPUP, 0, 0,
-                            GetSystemMetrics(SM_CXSCREEN), BarHeight(), nullptr, nullptr, ShellInstance(),
-                            nullptr);
+                            GetSystemMetrics(SM_CXSCREEN), ShellBarHeights().titleStrip, nullptr, nullptr,
+                            ShellInstance(), nullptr);
     SetTimer(strip, CLOCK_TIMER, CLOCK_PERIOD_MS, nullptr);
     ShowWindow(strip, SW_SHOWNOACTIVATE);
 }

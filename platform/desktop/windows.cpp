@@ -35,7 +35,7 @@ LRESULT CALLBACK FollowedProc(HWND window, UINT message, WPARAM wParam, LPARAM l
 
     switch (message) {
     case WM_GETMINMAXINFO:
-        if (GetPropW(window, FILLS_WORK_AREA))
+        if (lParam && GetPropW(window, FILLS_WORK_AREA))
             MaximizeToWorkArea(reinterpret_cast<MINMAXINFO*>(lParam));
         break;
     case WM_SETTEXT:
@@ -80,12 +80,13 @@ HINSTANCE ShellInstance() {
     return shellInstance;
 }
 
-int BarHeight() {
-    return GetSystemMetrics(SM_CYMENU) + 3;
+BarHeights ShellBarHeights() {
+    return BarHeightsOn(GetSystemMetrics(SM_CYSCREEN), GetSystemMetrics(SM_CYMENU));
 }
 
 RECT WorkArea() {
-    return {0, BarHeight(), GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN) - BarHeight()};
+    BarHeights bars = ShellBarHeights();
+    return {0, bars.titleStrip, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN) - bars.softKeys};
 }
 
 void FollowWindow(HWND window) {
