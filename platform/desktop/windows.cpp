@@ -6,6 +6,7 @@ namespace {
 HINSTANCE shellInstance;
 
 constexpr UINT_PTR FOLLOW_ID = 1;
+constexpr UINT_PTR CHILD_ID = 2;
 constexpr wchar_t FILLS_WORK_AREA[] = L"TarvikFillsWorkArea";
 
 /// A window that fills the work area does so as well when it is maximised.
@@ -54,11 +55,27 @@ LRESULT CALLBACK FollowedProc(HWND window, UINT message, WPARAM wParam, LPARAM l
     return result;
 }
 
+/// The phone keeps every window from drawing over its neighbours, which the desktop does only for a style. So
+/// the pixels that a pane would take along when it moves can be a neighbour's: it is painted anew instead.
+LRESULT CALLBACK ChildProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
+    if (message == WM_NCDESTROY)
+        RemoveWindowSubclass(window, ChildProc, CHILD_ID);
+    if (message == WM_WINDOWPOSCHANGING && lParam)
+        reinterpret_cast<WINDOWPOS*>(lParam)->flags |= SWP_NOCOPYBITS;
+    return DefSubclassProc(window, message, wParam, lParam);
+}
+
+void OnWindowMade(HWND window, const CREATESTRUCTW& made) {
+    KeepMenuInWorkArea(window);
+    if ((made.style & WS_CHILD) && GetPropW(made.hwndParent, FILLS_WORK_AREA))
+        SetWindowSubclass(window, ChildProc, CHILD_ID, 0);
+}
+
 LRESULT CALLBACK OnWindowEvent(int code, WPARAM wParam, LPARAM lParam) {
     HWND window = reinterpret_cast<HWND>(wParam);
     switch (code) {
     case HCBT_CREATEWND:
-        KeepMenuInWorkArea(window);
+        OnWindowMade(window, *reinterpret_cast<const CBT_CREATEWNDW*>(lParam)->lpcs);
         break;
     case HCBT_ACTIVATE:
         FollowWindow(window);
