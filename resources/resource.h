@@ -121,6 +121,43 @@
 #define IDM_FILE_OPEN 59414
 #define IDM_TOOLBAR_HIDE 59415
 
+// Jobs on files: their soft keys, the answers to their questions, their controls
+#define IDR_MENUBAR_QUESTION 130
+#define IDR_MENU_QUESTION 130
+#define IDR_MENUBAR_JOB 190
+#define IDR_MENUBAR_CHOOSER 191
+#define IDR_MENU_CHOOSER 191
+#define IDR_MENUBAR_YES_NO 194
+#define IDR_MENUBAR_RENAME 195
+#define IDS_YES 1301
+#define IDS_NO 1302
+#define IDS_CANCEL 1303
+#define IDS_OK 1304
+#define IDM_ANSWER_CANCEL 1002
+#define IDM_ANSWER_ALL 1003
+#define IDM_ANSWER_NO 1007
+#define IDM_ANSWER_YES 1008
+#define IDM_JOB_CANCEL 1009
+#define IDM_CHOOSER_OK 1133
+#define IDM_RENAME_OK 768
+#define IDC_QUESTION_TEXT 1045
+#define IDC_JOB_STATUS 1062
+#define IDC_JOB_SOURCE 1067
+#define IDC_FOLDER_TEXT 1069
+#define IDC_JOB_ICON 1070
+#define IDC_NEW_ICON 1075
+#define IDC_NEW_SIZE 1076
+#define IDC_NEW_TIME 1077
+#define IDC_OLD_ICON 1078
+#define IDC_OLD_SIZE 1079
+#define IDC_OLD_TIME 1080
+#define IDC_JOB_COUNTER 1081
+#define IDC_JOB_BAR 1082
+#define IDC_PAGE_TITLE 1091
+#define IDC_CHOOSER_TREE 1094
+#define IDC_RENAME_COUNTED 1052
+#define IDC_RENAME_OTHER 1053
+
 // Built entries: the first of each range
 #define IDM_SENDTO_FIRST 50000
 #define IDM_USERPATH_FIRST 50100

@@ -1,0 +1,11 @@
+#pragma once
+// Deletes files and folders, after asking.
+
+#include <span>
+
+#include "app/path.h"
+#include "filelist/selection_entry.h"
+
+/// Asks once for all entries and deletes them under the job's dialog; each entry that went is marked as done.
+/// `sourceFolder` is the folder that the list shows. False when the user declined.
+bool DeleteEntries(const Path& sourceFolder, std::span<SelectionEntry> entries);

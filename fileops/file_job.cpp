@@ -1,0 +1,178 @@
+#include "fileops/file_job.h"
+
+#include "app/app_state.h"
+#include "app/entry_count.h"
+#include "app/text.h"
+#include "fileops/job_dialog.h"
+#include "resources/resource.h"
+
+namespace {
+
+constexpr UINT_PTR idleTimer = 1;
+constexpr UINT idlePeriod = 10000; // milliseconds
+
+/// Shorter than what an eye can follow, long against the time of a small file.
+constexpr DWORD showInterval = 50; // milliseconds
+
+} // namespace
+
+int JobAnswerOf(int command) {
+    switch (command) {
+    case IDM_ANSWER_YES:
+        return modeAsk;
+    case IDM_ANSWER_ALL:
+        return modeAll;
+    case IDM_ANSWER_CANCEL:
+        return modeStop;
+    default:
+        return modeSkipped;
+    }
+}
+
+FileJob::FileJob(const JobLook& look, std::wstring_view sourceFolder, std::span<SelectionEntry> entries)
+    : look_(look), sourceFolder_(sourceFolder), entries_(entries) {}
+
+void FileJob::Run() {
+    appState.changeWatcher.PauseWatcher();
+    RunDialog(look_.templates, appState.mainWindow, DialogProcedure, this);
+    appState.changeWatcher.ResumeWatcher();
+}
+
+// --- The dialog, on the user-interface thread ---
+
+INT_PTR CALLBACK FileJob::DialogProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_INITDIALOG) {
+        SetWindowLongPtrW(dialog, DWLP_USER, lParam);
+        reinterpret_cast<FileJob*>(lParam)->dialog_ = dialog;
+    }
+    auto* job = reinterpret_cast<FileJob*>(GetWindowLongPtrW(dialog, DWLP_USER));
+    return job ? job->OnMessage(message, wParam, lParam) : FALSE;
+}
+
+INT_PTR FileJob::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_INITDIALOG:
+        return OnInit(), TRUE;
+    case WM_COMMAND:
+        if (LOWORD(wParam) == IDM_JOB_CANCEL)
+            OnCancelKey();
+        return TRUE;
+    case WM_TIMER:
+        if (idleResetAllowed_)
+            ce::SystemIdleTimerReset();
+        return TRUE;
+    case UM_JOBFINISHED:
+        return OnFinished(), TRUE;
+    case UM_ASKREPLACEFILE:
+    case UM_ASKREPLACEFOLDER:
+        return OnQuestion(message, wParam, lParam), TRUE;
+    case UM_REPORTFAILURE:
+        return OnReport(reinterpret_cast<const wchar_t*>(wParam)), TRUE;
+    default:
+        return FALSE;
+    }
+}
+
+void FileJob::OnInit() {
+    CenterOnMainWindow(dialog_);
+    if (look_.title)
+        SetWindowTextW(dialog_, look_.title);
+    SetDlgItemTextW(dialog_, IDC_JOB_STATUS, L"Processing...");
+    AddSoftKeys(dialog_, IDR_MENUBAR_JOB);
+    FillScreen(dialog_);
+    ShowWindow(dialog_, SW_SHOW);
+    SetTimer(dialog_, idleTimer, idlePeriod, nullptr);
+    thread_.Reset(CreateThread(nullptr, 0, ThreadProcedure, this, 0, nullptr));
+    if (!thread_)
+        PostMessageW(dialog_, UM_JOBFINISHED, 0, 0);
+}
+
+void FileJob::OnCancelKey() {
+    cancelRequested_ = 1;
+    SendMessageW(ce::SHFindMenuBar(dialog_), TB_ENABLEBUTTON, IDM_JOB_CANCEL, FALSE);
+    SetDlgItemTextW(dialog_, IDC_JOB_STATUS, L"Canceling...");
+}
+
+void FileJob::OnFinished() {
+    thread_.Reset();
+    KillTimer(dialog_, idleTimer);
+    EndDialog(dialog_, 0);
+}
+
+void FileJob::OnQuestion(UINT message, WPARAM wParam, LPARAM lParam) {
+    idleResetAllowed_ = false;
+    answer_ = AnswerQuestion(message, reinterpret_cast<const wchar_t*>(wParam),
+                             reinterpret_cast<const wchar_t*>(lParam));
+    idleResetAllowed_ = true;
+}
+
+void FileJob::OnReport(const wchar_t* text) {
+    idleResetAllowed_ = false;
+    MessageBoxW(dialog_, text, L"", MB_ICONHAND);
+    idleResetAllowed_ = true;
+}
+
+// --- The worker ---
+
+DWORD WINAPI FileJob::ThreadProcedure(void* parameter) {
+    auto* job = static_cast<FileJob*>(parameter);
+    job->CountUnits();
+    const wchar_t* lastText = job->Work();
+    job->ShowProgress();
+    SetDlgItemTextW(job->dialog_, IDC_JOB_STATUS, lastText);
+    SendMessageW(job->dialog_, UM_JOBFINISHED, 0, 0); // the job is gone after this
+    return 0;
+}
+
+/// Done here and not by the dialog, which answers its keys meanwhile.
+void FileJob::CountUnits() {
+    total_ = CountSelection(sourceFolder_, entries_);
+    SendDlgItemMessageW(dialog_, IDC_JOB_BAR, PBM_SETRANGE, 0, MAKELPARAM(0, total_));
+    ShowProgress();
+}
+
+bool FileJob::KeepGoing() {
+    if (GetTickCount() - lastShown_ >= showInterval)
+        ShowProgress();
+    return !IsCancelled();
+}
+
+void FileJob::ShowProgress() {
+    std::array<wchar_t, 32> counter{};
+    FormatText(counter, L"%d/%d", completed_, total_);
+    SetDlgItemTextW(dialog_, IDC_JOB_COUNTER, counter.data());
+    SendDlgItemMessageW(dialog_, IDC_JOB_BAR, PBM_SETPOS, static_cast<WPARAM>(completed_), 0);
+    if (shownName_[0] != L'\0' && !IsCancelled())
+        SetDlgItemTextW(dialog_, IDC_JOB_STATUS, shownName_.data());
+    lastShown_ = GetTickCount();
+}
+
+void FileJob::ShowName(std::wstring_view path) {
+    CopyTextTo(shownName_, LeafOf(path));
+    KeepGoing();
+}
+
+void FileJob::ShowSource(const wchar_t* text) {
+    SetDlgItemTextW(dialog_, IDC_JOB_SOURCE, text);
+}
+
+void FileJob::CompleteUnit() {
+    ++completed_;
+}
+
+int FileJob::Ask(UINT message, const wchar_t* subject, const wchar_t* source) {
+    ShowProgress();
+    SendMessageW(dialog_, message, reinterpret_cast<WPARAM>(subject), reinterpret_cast<LPARAM>(source));
+    return answer_;
+}
+
+void FileJob::ReportFailure(const SelectionEntry& entry) {
+    std::array<wchar_t, pathCapacity + 32> text{};
+    FormatText(text, look_.failure, entry.name.data());
+    Report(text.data());
+}
+
+void FileJob::Report(const wchar_t* text) {
+    ShowProgress();
+    SendMessageW(dialog_, UM_REPORTFAILURE, reinterpret_cast<WPARAM>(text), 0);
+}

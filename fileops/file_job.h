@@ -1,0 +1,103 @@
+#pragma once
+// The frame that the jobs on files share: a worker thread that does the steps, and a modal dialog that shows
+// how far it has come, asks its questions and takes the user's "Cancel".
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include "app/settings.h"
+#include "filelist/selection_entry.h"
+#include "fileops/file_mover.h"
+#include "platform/handles.h"
+
+// Sent by the worker to the progress dialog. The worker waits until the dialog has dealt with them.
+constexpr UINT UM_JOBFINISHED = WM_USER + 100;      // no parameters
+constexpr UINT UM_ASKREPLACEFILE = WM_USER + 200;   // a question, of which the job makes its own dialog
+constexpr UINT UM_REPORTFAILURE = WM_USER + 300;    // wParam: what to tell the user
+constexpr UINT UM_ASKREPLACEFOLDER = WM_USER + 400; // wParam: the folder in question
+
+/// What one kind of job looks like.
+struct JobLook {
+    int templates[3];                 // for screens 240, 320 and any other number of pixels wide
+    const wchar_t* title = nullptr;   // null: the one of the template
+    const wchar_t* failure = nullptr; // with "%s" for the entry
+};
+
+/// What a job does with the answer to its questions: ask on, be silent, or stop.
+constexpr int modeAsk = 0;
+constexpr int modeSkipped = 1; // the last answer was "No"
+constexpr int modeAll = 2;
+constexpr int modeStop = 3;
+
+/// What the command of a question's soft key stands for. Any other command is a "No".
+int JobAnswerOf(int command);
+
+class FileJob : public CopyWatch {
+  public:
+    FileJob(const FileJob&) = delete;
+    FileJob& operator=(const FileJob&) = delete;
+
+    /// Worker: true while the user has not pressed "Cancel". Brings the display up to date now and then.
+    bool KeepGoing() final;
+
+  protected:
+    /// `sourceFolder` is the folder shown in the list: what lies in it is counted for the progress bar.
+    FileJob(const JobLook& look, std::wstring_view sourceFolder, std::span<SelectionEntry> entries);
+    ~FileJob() = default;
+
+    /// Shows the dialog and does the work; returns when the dialog has closed.
+    void Run();
+
+    /// The steps, on the worker thread. Returns the last status text.
+    virtual const wchar_t* Work() = 0;
+    /// A question of the worker's, on the user-interface thread. Returns the answer.
+    virtual int AnswerQuestion(UINT message, const wchar_t* subject, const wchar_t* source) = 0;
+
+    // --- For the worker ---
+
+    bool IsCancelled() const { return cancelRequested_ != 0; }
+    /// The name behind the last backslash becomes the status text.
+    void ShowName(std::wstring_view path);
+    /// What is worked on as a whole.
+    void ShowSource(const wchar_t* text);
+    /// One more unit of the progress bar is done.
+    void CompleteUnit();
+    /// Has a question asked and returns its answer.
+    int Ask(UINT message, const wchar_t* subject, const wchar_t* source = nullptr);
+    /// Tells that an entry failed, and waits until that is read.
+    void ReportFailure(const SelectionEntry& entry);
+    /// The same with any words.
+    void Report(const wchar_t* text);
+
+    HWND Dialog() const { return dialog_; }
+    std::span<SelectionEntry> Entries() const { return entries_; }
+
+  private:
+    static INT_PTR CALLBACK DialogProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
+    static DWORD WINAPI ThreadProcedure(void* job);
+    INT_PTR OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    void OnInit();
+    void OnCancelKey();
+    void OnFinished();
+    void OnQuestion(UINT message, WPARAM wParam, LPARAM lParam);
+    void OnReport(const wchar_t* text);
+    void CountUnits();
+    void ShowProgress();
+
+    const JobLook& look_;
+    std::wstring_view sourceFolder_;
+    std::span<SelectionEntry> entries_;
+    HWND dialog_ = nullptr;
+    ObjectHandle thread_;
+    volatile LONG cancelRequested_ = 0; // set by the dialog, read by the worker
+    bool idleResetAllowed_ = true;      // no question is open
+    int answer_ = 0;
+
+    // The worker's own: what the dialog shows follows it at short intervals, so that showing costs little.
+    PathText shownName_{};
+    std::int32_t total_ = 0;
+    std::int32_t completed_ = 0;
+    DWORD lastShown_ = 0;
+};

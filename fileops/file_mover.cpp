@@ -1,0 +1,169 @@
+#include "fileops/file_mover.h"
+
+#include <array>
+
+#include "app/text.h"
+#include "platform/handles.h"
+
+namespace {
+
+/// Large enough that its reading and writing outweigh the calls, small enough for a phone. A file of at most
+/// one block appears whole or not at all; larger ones grow under another name first.
+constexpr DWORD blockSize = 256 * 1024;
+
+constexpr DWORD keptAttributes =
+    FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE;
+
+bool Exists(const Path& path) {
+    return ce::GetFileAttributesW(path.Text()) != INVALID_FILE_ATTRIBUTES;
+}
+
+bool IsLarge(const WIN32_FIND_DATAW& found) {
+    return found.nFileSizeHigh != 0 || found.nFileSizeLow > blockSize;
+}
+
+/// A free name beside `path`, for a file that is there for the time of the job only.
+bool NameAside(const Path& path, Path& aside) {
+    constexpr int names = 1000;
+    for (int number = 0; number < names; ++number) {
+        std::array<wchar_t, 16> name{};
+        FormatText(name, L"~job%03d.tmp", number);
+        if (!aside.AssignChild(ParentOf(path.View()), name.data()))
+            return false;
+        if (!Exists(aside))
+            return true;
+    }
+    return false;
+}
+
+/// Deletes a file of the job's own.
+bool Discard(const wchar_t* path) {
+    if (DeleteFileW(path))
+        return true;
+    SetFileAttributesW(path, FILE_ATTRIBUTE_NORMAL);
+    return DeleteFileW(path) != FALSE;
+}
+
+bool DeleteSource(const Path& source, DWORD attributes) {
+    if (attributes & FILE_ATTRIBUTE_READONLY)
+        ce::SetFileAttributesW(source.Text(), FILE_ATTRIBUTE_NORMAL);
+    if (ce::DeleteFileW(source.Text()))
+        return true;
+    if (attributes & FILE_ATTRIBUTE_READONLY)
+        ce::SetFileAttributesW(source.Text(), attributes);
+    return false;
+}
+
+/// Puts the file `content` in the place of `target`, which steps aside and goes only after that. `error` is
+/// why the content could not be moved.
+bool TakePlace(const Path& content, const Path& target, DWORD* error) {
+    const DWORD attributes = ce::GetFileAttributesW(target.Text());
+    Path old;
+    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_DIRECTORY) ||
+        !NameAside(target, old) || !ce::MoveFileW(target.Text(), old.Text()))
+        return false;
+    if (!ce::MoveFileW(content.Text(), target.Text())) {
+        *error = GetLastError();
+        ce::MoveFileW(old.Text(), target.Text());
+        return false;
+    }
+    if (attributes & FILE_ATTRIBUTE_READONLY)
+        ce::SetFileAttributesW(old.Text(), FILE_ATTRIBUTE_NORMAL);
+    return ce::DeleteFileW(old.Text()) != FALSE;
+}
+
+} // namespace
+
+FileMover::FileMover(CopyWatch& watch) : watch_(watch), block_(new std::byte[blockSize]) {}
+
+MoverResult FileMover::WriteBlocks(HANDLE from, HANDLE to) {
+    for (;;) {
+        DWORD read = 0;
+        DWORD written = 0;
+        if (!ReadFile(from, block_.get(), blockSize, &read, nullptr))
+            return MoverResult::Failed;
+        if (read == 0)
+            return MoverResult::Done;
+        if (!WriteFile(to, block_.get(), read, &written, nullptr) || written != read)
+            return MoverResult::Failed;
+        if (read == blockSize && !watch_.KeepGoing())
+            return MoverResult::Stopped;
+    }
+}
+
+/// Copies to a name that nothing has; what a failure leaves of the copy goes again.
+MoverResult FileMover::CopyContents(const wchar_t* source, const WIN32_FIND_DATAW& found,
+                                    const wchar_t* target) {
+    const FileHandle from(CreateFileW(source, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                      OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!from)
+        return MoverResult::Failed;
+    const DWORD kept = found.dwFileAttributes & keptAttributes;
+    FileHandle to(CreateFileW(target, GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                              kept != 0 ? kept : FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!to)
+        return ce::GetFileAttributesW(target) != INVALID_FILE_ATTRIBUTES ? MoverResult::Exists
+                                                                         : MoverResult::Failed;
+    const MoverResult result = WriteBlocks(from.Get(), to.Get());
+    if (result == MoverResult::Done)
+        SetFileTime(to.Get(), nullptr, nullptr, &found.ftLastWriteTime);
+    to.Reset();
+    if (result != MoverResult::Done)
+        Discard(target);
+    return result;
+}
+
+MoverResult FileMover::CopyAside(const Path& source, const WIN32_FIND_DATAW& found, const Path& target,
+                                 Path& aside) {
+    if (!NameAside(target, aside))
+        return MoverResult::Failed;
+    const MoverResult result = CopyContents(source.Text(), found, aside.Text());
+    return result == MoverResult::Exists ? MoverResult::Failed : result;
+}
+
+MoverResult FileMover::Copy(const Path& source, const WIN32_FIND_DATAW& found, const Path& target) {
+    if (!IsLarge(found))
+        return CopyContents(source.Text(), found, target.Text());
+    if (Exists(target))
+        return MoverResult::Exists;
+    Path aside;
+    const MoverResult result = CopyAside(source, found, target, aside);
+    if (result != MoverResult::Done || MoveFileW(aside.Text(), target.Text()))
+        return result;
+    Discard(aside.Text());
+    return MoverResult::Failed;
+}
+
+MoverResult FileMover::CopyOver(const Path& source, const WIN32_FIND_DATAW& found, const Path& target) {
+    Path aside;
+    const MoverResult result = CopyAside(source, found, target, aside);
+    DWORD error = ERROR_SUCCESS;
+    if (result != MoverResult::Done || TakePlace(aside, target, &error))
+        return result;
+    Discard(aside.Text());
+    return MoverResult::Failed;
+}
+
+MoverResult FileMover::Move(const Path& source, const WIN32_FIND_DATAW& found, const Path& target) {
+    if (ce::MoveFileW(source.Text(), target.Text()))
+        return MoverResult::Done;
+    if (GetLastError() != ERROR_NOT_SAME_DEVICE)
+        return Exists(target) ? MoverResult::Exists : MoverResult::Failed;
+    const MoverResult result = Copy(source, found, target);
+    if (result != MoverResult::Done || DeleteSource(source, found.dwFileAttributes))
+        return result;
+    Discard(target.Text()); // the file stays where it was, and there alone
+    return MoverResult::Failed;
+}
+
+MoverResult FileMover::MoveOver(const Path& source, const WIN32_FIND_DATAW& found, const Path& target) {
+    DWORD error = ERROR_SUCCESS;
+    if (TakePlace(source, target, &error))
+        return MoverResult::Done;
+    if (error != ERROR_NOT_SAME_DEVICE)
+        return MoverResult::Failed;
+    const MoverResult result = CopyOver(source, found, target);
+    if (result != MoverResult::Done)
+        return result;
+    return DeleteSource(source, found.dwFileAttributes) ? MoverResult::Done : MoverResult::Failed;
+}

@@ -1,0 +1,14 @@
+#pragma once
+// Copies or moves files and folders into a folder: behind Paste, drops, "Copy To..." and "Move To...".
+
+#include <span>
+
+#include "app/path.h"
+#include "filelist/selection_entry.h"
+
+enum class Transfer { Copy, Move };
+
+/// Does the whole job under its dialog. `sourceFolder` is the folder that the list showed. False when the
+/// request was refused, which has been told; true when the job ran, however it ended.
+bool TransferEntries(Transfer kind, const Path& sourceFolder, const Path& targetFolder,
+                     std::span<SelectionEntry> entries);
