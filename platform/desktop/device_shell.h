@@ -6,6 +6,8 @@
 #include "platform/ce_types.h"
 #include "platform/desktop/bar_heights.h"
 
+struct MenuBarLayout;
+
 /// Starts following the program's windows and listening for the phone's keys. Called once, on the
 /// user-interface thread, before the program's first window.
 void StartDeviceShell(HINSTANCE instance);
@@ -24,7 +26,13 @@ RECT WorkArea();
 /// Follows a window of the program: its title, its soft keys and its menus. A second call does nothing.
 void FollowWindow(HWND window);
 
+/// A bar of the shell was given the activation, as when a window without an owner goes: passes it on to the
+/// window whose soft keys are in front.
+void PassActivationOn();
+
 // --- title_strip.cpp ---
+
+bool IsTitleStrip(HWND window);
 
 /// Shows the title of `window`, or of its nearest owner that has one. Makes the strip at the first call.
 void ShowTitleOf(HWND window);
@@ -41,6 +49,9 @@ constexpr UINT UM_PRESS_SOFT_KEY = WM_APP + 1;
 HWND FrontMenuBar();
 bool IsMenuBar(HWND window);
 
+/// Gives `parent` a bar with these keys; it takes the place of one that is there. Null when it cannot.
+HWND MakeMenuBar(HWND parent, MenuBarLayout layout, bool hidden);
+
 /// The window that the bar's commands and overridden keys go to.
 HWND MenuBarParent(HWND bar);
 
@@ -56,6 +67,16 @@ void ListenForKeys();
 
 /// Gives the Back key to `window` as an ordinary key that the shell does not take again.
 void PassBackKeyOn(HWND window);
+
+// --- dialogs.cpp ---
+
+/// The title strip shows a dialog's title, so that it needs no frame of its own.
+void RemoveFrame(HWND dialog);
+
+// --- message_boxes.cpp ---
+
+/// Makes a window that is just being made, if it is a message box, look and answer as on the phone.
+void FitMessageBox(HWND window, const CREATESTRUCTW& made);
 
 // --- menus.cpp ---
 

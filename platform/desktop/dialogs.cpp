@@ -8,12 +8,6 @@ constexpr LONG FRAME_STYLES =
 constexpr LONG FRAME_EX_STYLES = WS_EX_DLGMODALFRAME | WS_EX_WINDOWEDGE | WS_EX_CLIENTEDGE | WS_EX_STATICEDGE;
 constexpr DWORD SIZE_FLAGS = SHIDIF_SIZEDLG | SHIDIF_SIZEDLGFULLSCREEN | SHIDIF_FULLSCREENNOMENUBAR;
 
-/// The title strip shows a dialog's title, so that it needs no frame of its own.
-void RemoveFrame(HWND dialog) {
-    SetWindowLongW(dialog, GWL_STYLE, GetWindowLongW(dialog, GWL_STYLE) & ~FRAME_STYLES);
-    SetWindowLongW(dialog, GWL_EXSTYLE, GetWindowLongW(dialog, GWL_EXSTYLE) & ~FRAME_EX_STYLES);
-}
-
 void FillScreen(HWND dialog, bool withMenuBar) {
     RECT area = WorkArea();
     if (!withMenuBar)
@@ -32,6 +26,11 @@ void AddEmptyMenuBar(HWND dialog) {
 }
 
 } // namespace
+
+void RemoveFrame(HWND dialog) {
+    SetWindowLongW(dialog, GWL_STYLE, GetWindowLongW(dialog, GWL_STYLE) & ~FRAME_STYLES);
+    SetWindowLongW(dialog, GWL_EXSTYLE, GetWindowLongW(dialog, GWL_EXSTYLE) & ~FRAME_EX_STYLES);
+}
 
 BOOL ce::SHInitDialog(SHINITDLGINFO* info) {
     if (!info || !(info->dwMask & SHIDIM_FLAGS) || !IsWindow(info->hDlg))

@@ -233,6 +233,10 @@ LRESULT CALLBACK BarProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam
         return 1;
     case WM_MOUSEACTIVATE:
         return MA_NOACTIVATE;
+    case WM_ACTIVATE:
+        if (LOWORD(wParam) != WA_INACTIVE)
+            PassActivationOn();
+        return 0;
     case WM_LBUTTONDOWN:
         BeginClick(window, lParam);
         return 0;
@@ -247,6 +251,7 @@ LRESULT CALLBACK BarProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam
         return 0;
     case WM_RBUTTONUP: // would reach the window behind as a call for its context menu
     case WM_CONTEXTMENU:
+    case WM_SYSCOMMAND:
     case WM_CLOSE:
         return 0;
     case WM_NCDESTROY:
@@ -292,28 +297,33 @@ BOOL ce::SHCreateMenuBar(SHMENUBARINFO* info) {
         return FALSE;
     info->hwndMB = nullptr;
     std::optional<MenuBarLayout> layout = ReadMenuBarLayout(*info);
-    HWND window = layout ? CreateBarWindow(info->hwndParent) : nullptr;
-    if (!window)
-        return FALSE;
-    if (MenuBar* old = BarOfParent(info->hwndParent))
-        DestroyWindow(old->window);
-
-    auto bar = std::make_unique<MenuBar>();
-    bar->window = window;
-    bar->parent = info->hwndParent;
-    bar->layout = std::move(*layout);
-    bar->hidden = (info->dwFlags & SHCMBF_HIDDEN) != 0;
-    NameBar(*bar);
-    bars.push_back(std::move(bar));
-    FollowWindow(info->hwndParent);
-    UpdateMenuBar(info->hwndParent, true);
-    info->hwndMB = window;
-    return TRUE;
+    if (layout)
+        info->hwndMB = MakeMenuBar(info->hwndParent, std::move(*layout), info->dwFlags & SHCMBF_HIDDEN);
+    return info->hwndMB != nullptr;
 }
 
 HWND ce::SHFindMenuBar(HWND parent) {
     MenuBar* bar = BarOfParent(parent);
     return bar ? bar->window : nullptr;
+}
+
+HWND MakeMenuBar(HWND parent, MenuBarLayout layout, bool hidden) {
+    HWND window = CreateBarWindow(parent);
+    if (!window)
+        return nullptr;
+    if (MenuBar* old = BarOfParent(parent))
+        DestroyWindow(old->window);
+
+    auto bar = std::make_unique<MenuBar>();
+    bar->window = window;
+    bar->parent = parent;
+    bar->layout = std::move(layout);
+    bar->hidden = hidden;
+    NameBar(*bar);
+    bars.push_back(std::move(bar));
+    FollowWindow(parent);
+    UpdateMenuBar(parent, true);
+    return window;
 }
 
 HWND FrontMenuBar() {

@@ -78,7 +78,12 @@ LRESULT CALLBACK StripProc(HWND window, UINT message, WPARAM wParam, LPARAM lPar
         return 0;
     case WM_MOUSEACTIVATE:
         return MA_NOACTIVATE;
+    case WM_ACTIVATE:
+        if (LOWORD(wParam) != WA_INACTIVE)
+            PassActivationOn();
+        return 0;
     case WM_CLOSE:
+    case WM_SYSCOMMAND:
     case WM_CONTEXTMENU:
         return 0;
     }
@@ -101,6 +106,10 @@ void CreateStrip() {
 }
 
 } // namespace
+
+bool IsTitleStrip(HWND window) {
+    return strip && window == strip;
+}
 
 void ShowTitleOf(HWND window) {
     if (!strip)

@@ -67,6 +67,7 @@ LRESULT CALLBACK ChildProc(HWND window, UINT message, WPARAM wParam, LPARAM lPar
 
 void OnWindowMade(HWND window, const CREATESTRUCTW& made) {
     KeepMenuInWorkArea(window);
+    FitMessageBox(window, made);
     if ((made.style & WS_CHILD) && GetPropW(made.hwndParent, FILLS_WORK_AREA))
         SetWindowSubclass(window, ChildProc, CHILD_ID, 0);
 }
@@ -78,6 +79,8 @@ LRESULT CALLBACK OnWindowEvent(int code, WPARAM wParam, LPARAM lParam) {
         OnWindowMade(window, *reinterpret_cast<const CBT_CREATEWNDW*>(lParam)->lpcs);
         break;
     case HCBT_ACTIVATE:
+        if (IsTitleStrip(window) || IsMenuBar(window))
+            break;
         FollowWindow(window);
         ShowTitleOf(window);
         break;
@@ -108,6 +111,11 @@ RECT WorkArea() {
 
 void FollowWindow(HWND window) {
     SetWindowSubclass(window, FollowedProc, FOLLOW_ID, 0);
+}
+
+void PassActivationOn() {
+    if (HWND parent = MenuBarParent(FrontMenuBar()))
+        SetActiveWindow(GetAncestor(parent, GA_ROOT));
 }
 
 HWND ce::CreateWindowExW(DWORD exStyle, const wchar_t* className, const wchar_t* title, DWORD style, int x,
