@@ -24,29 +24,20 @@ std::string HostParent(const std::string& name) {
     return slash == std::string::npos ? "." : name.substr(0, slash);
 }
 
-/// A file held open.
-class HeldFile {
-  public:
-    HeldFile(const std::wstring& path, DWORD access, DWORD creation)
-        : handle_(CreateFileW(path.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, creation,
-                              FILE_FLAG_BACKUP_SEMANTICS, nullptr)) {
-        if (handle_ == INVALID_HANDLE_VALUE)
-            throw std::runtime_error("cannot open " + Narrow(path));
-    }
-    HeldFile(const HeldFile&) = delete;
-    HeldFile& operator=(const HeldFile&) = delete;
-    ~HeldFile() { CloseHandle(handle_); }
-    HANDLE Get() const { return handle_; }
-
-  private:
-    HANDLE handle_;
-};
+constexpr DWORD shared = FILE_SHARE_READ | FILE_SHARE_WRITE;
 
 std::wstring FolderOf(const std::wstring& path) {
     return path.substr(0, path.rfind(L'\\'));
 }
 
 } // namespace
+
+HeldFile::HeldFile(const std::wstring& path, DWORD access, DWORD sharing, DWORD creation)
+    : handle_(CreateFileW(path.c_str(), access, sharing, nullptr, creation, FILE_FLAG_BACKUP_SEMANTICS,
+                          nullptr)) {
+    if (handle_ == INVALID_HANDLE_VALUE)
+        throw std::runtime_error("cannot open " + Narrow(path));
+}
 
 Device::Device() {
     RunOnHost("find . -mindepth 1 -type d ! -perm -700 -exec chmod u+rwx {} +\n"
@@ -64,14 +55,14 @@ Device::~Device() {
 
 void Device::File(const std::wstring& path, std::string_view content) {
     Folder(FolderOf(path));
-    const HeldFile file(path, GENERIC_WRITE, CREATE_ALWAYS);
+    const HeldFile file(path, GENERIC_WRITE, shared, CREATE_ALWAYS);
     DWORD written = 0;
     WriteFile(file.Get(), content.data(), static_cast<DWORD>(content.size()), &written, nullptr);
 }
 
 void Device::FileOfSize(const std::wstring& path, std::uint64_t bytes) {
     Folder(FolderOf(path));
-    const HeldFile file(path, GENERIC_WRITE, CREATE_ALWAYS);
+    const HeldFile file(path, GENERIC_WRITE, shared, CREATE_ALWAYS);
     LARGE_INTEGER end;
     end.QuadPart = static_cast<LONGLONG>(bytes);
     if (!SetFilePointerEx(file.Get(), end, nullptr, FILE_BEGIN) || !SetEndOfFile(file.Get()))
@@ -99,16 +90,24 @@ void Device::Remove(const std::wstring& path) {
         throw std::runtime_error("cannot remove " + Narrow(path));
 }
 
+void Device::RemoveAll() {
+    RunOnHost("find . -mindepth 1 -maxdepth 1 ! -name 'Program Files' -exec rm -rf {} +");
+}
+
 void Device::SetAttributes(const std::wstring& path, DWORD attributes) {
     if (!SetFileAttributesW(path.c_str(), attributes))
         throw std::runtime_error("cannot set the attributes of " + Narrow(path));
 }
 
 void Device::SetWriteTime(const std::wstring& path, const SYSTEMTIME& utc) {
-    const HeldFile file(path, FILE_WRITE_ATTRIBUTES, OPEN_EXISTING);
+    const HeldFile file(path, FILE_WRITE_ATTRIBUTES, shared, OPEN_EXISTING);
     FILETIME time{};
     if (!SystemTimeToFileTime(&utc, &time) || !SetFileTime(file.Get(), nullptr, nullptr, &time))
         throw std::runtime_error("cannot set the time of " + Narrow(path));
+}
+
+HeldFile Device::Hold(const std::wstring& path) {
+    return HeldFile(path, GENERIC_READ, 0, OPEN_EXISTING);
 }
 
 bool Device::Exists(const std::wstring& path) const {
@@ -124,7 +123,7 @@ DWORD Device::Attributes(const std::wstring& path) const {
 }
 
 std::string Device::Content(const std::wstring& path) const {
-    const HeldFile file(path, GENERIC_READ, OPEN_EXISTING);
+    const HeldFile file(path, GENERIC_READ, shared, OPEN_EXISTING);
     std::string content(GetFileSize(file.Get(), nullptr), '\0');
     DWORD read = 0;
     ReadFile(file.Get(), content.data(), static_cast<DWORD>(content.size()), &read, nullptr);

@@ -11,6 +11,19 @@
 #include "tests/support/registry.h"
 #include "tests/support/stored_settings.h"
 
+/// A file held open by another program than the one under test.
+class HeldFile {
+  public:
+    HeldFile(const std::wstring& path, DWORD access, DWORD sharing, DWORD creation);
+    HeldFile(const HeldFile&) = delete;
+    HeldFile& operator=(const HeldFile&) = delete;
+    ~HeldFile() { CloseHandle(handle_); }
+    HANDLE Get() const { return handle_; }
+
+  private:
+    HANDLE handle_;
+};
+
 /// A phone as it comes from the box. Files are named as the program names them: "\My Documents\Notes".
 class Device {
   public:
@@ -31,8 +44,13 @@ class Device {
     /// Makes `count` empty files in a folder, named by `prefix` and a number from 0 on.
     void Files(const std::wstring& folder, const std::wstring& prefix, int count);
     void Remove(const std::wstring& path);
+    /// Empties the device: not even \Windows is left, only the program.
+    void RemoveAll();
     void SetAttributes(const std::wstring& path, DWORD attributes);
     void SetWriteTime(const std::wstring& path, const SYSTEMTIME& utc);
+
+    /// Opens a file so that nobody else may, until the result goes.
+    [[nodiscard]] HeldFile Hold(const std::wstring& path);
 
     bool Exists(const std::wstring& path) const;
     bool IsFolder(const std::wstring& path) const;

@@ -23,9 +23,8 @@ int ListView::Count() const {
     return static_cast<int>(Ask(window_, LVM_GETITEMCOUNT));
 }
 
-std::wstring ListView::Text(int row, int column) const {
+std::wstring ListView::TextBy(RemoteMemory& memory, int row, int column) const {
     constexpr std::size_t textAt = sizeof(LVITEMW);
-    RemoteMemory memory(window_, sizeof(WithText<LVITEMW>));
     LVITEMW item{};
     item.iSubItem = column;
     item.pszText = reinterpret_cast<wchar_t*>(memory.Address() + textAt);
@@ -35,10 +34,16 @@ std::wstring ListView::Text(int row, int column) const {
     return memory.ReadText(textAt);
 }
 
+std::wstring ListView::Text(int row, int column) const {
+    RemoteMemory memory(window_, sizeof(WithText<LVITEMW>));
+    return TextBy(memory, row, column);
+}
+
 Texts ListView::Names() const {
     Texts names;
+    RemoteMemory memory(window_, sizeof(WithText<LVITEMW>));
     for (int row = 0, count = Count(); row < count; ++row)
-        names.push_back(Text(row));
+        names.push_back(TextBy(memory, row, 0));
     return names;
 }
 
@@ -54,8 +59,9 @@ Texts ListView::Row(const std::wstring& name) const {
 }
 
 int ListView::Find(const std::wstring& name) const {
+    RemoteMemory memory(window_, sizeof(WithText<LVITEMW>));
     for (int row = 0, count = Count(); row < count; ++row)
-        if (Text(row) == name)
+        if (TextBy(memory, row, 0) == name)
             return row;
     return -1;
 }

@@ -70,6 +70,7 @@ class ListView {
 
   private:
     void SetState(int row, UINT state, UINT mask);
+    std::wstring TextBy(class RemoteMemory& memory, int row, int column) const;
     int RequireRow(const std::wstring& name) const;
     RECT RowPlace(int row, int part) const;
 

@@ -19,6 +19,11 @@ LRESULT Ask(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     return static_cast<LRESULT>(answer);
 }
 
+bool Answers(HWND window) {
+    DWORD_PTR answer = 0;
+    return SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, answerPatience, &answer) != 0;
+}
+
 std::wstring TextOf(HWND window) {
     std::wstring text(Ask(window, WM_GETTEXTLENGTH) + 1, L'\0');
     text.resize(Ask(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data())));

@@ -11,6 +11,9 @@
 /// A message's answer, from a window that answers within ten seconds; otherwise the test ends by exception.
 LRESULT Ask(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 
+/// Whether the window's thread takes messages.
+bool Answers(HWND window);
+
 /// The text of a window or control, by WM_GETTEXT.
 std::wstring TextOf(HWND window);
 std::wstring ClassOf(HWND window);

@@ -218,8 +218,14 @@ void Program::WaitUntilIdle() const {
     WaitFor("for the program to become idle", [&] { return Ask(list, LVM_GETHOVERTIME) == mark; });
 }
 
+void Program::WaitForFolder(const std::wstring& folder) const {
+    if (!Eventually([&] { return Folder() == folder; }))
+        throw std::runtime_error("waited in vain for the folder " + Narrow(folder) + ", there is " +
+                                 Narrow(Folder()));
+}
+
 void Program::WaitForNames(const Texts& names) const {
-    if (!HoldsWithin(defaultPatience, [&] { return List().Names() == names; }))
+    if (!Eventually([&] { return List().Names() == names; }))
         throw std::runtime_error("waited in vain for the list to show: " + Joined(names) +
                                  "\n                     it shows: " + Joined(List().Names()));
 }

@@ -49,6 +49,8 @@ class Program {
     /// The address bar's combo box; its text is what stands in the edit field.
     Control AddressBar() const;
     bool AddressBarIsShown() const;
+    /// The folder that is shown, as the address bar names it, shown or not; the root is "My PocketPC".
+    std::wstring Folder() const { return AddressBar().Text(); }
     bool TreeIsShown() const;
     /// The window that has the keyboard.
     HWND Focus() const;
@@ -82,6 +84,7 @@ class Program {
     LRESULT SendCopyData(ULONG_PTR code, const void* data, DWORD size);
     /// Waits until the program has worked off everything sent and posted to it so far.
     void WaitUntilIdle() const;
+    void WaitForFolder(const std::wstring& folder) const;
     /// Waits until the list shows exactly these names, in this order.
     void WaitForNames(const Texts& names) const;
 

@@ -81,6 +81,21 @@ std::wstring RegistryValue::AsText() const {
     return text;
 }
 
+std::wstring RegistryValue::Description() const {
+    if (type == REG_SZ) {
+        const std::wstring text = AsText();
+        const bool exact = bytes.size() == (text.size() + 1) * sizeof(wchar_t);
+        return L"text \"" + text + L"\"" +
+               (exact ? L"" : L" in " + std::to_wstring(bytes.size()) + L" bytes");
+    }
+    std::wstring description = type == REG_DWORD ? L"dword" : type == REG_BINARY ? L"words" : L"other";
+    for (const std::uint32_t word : AsWords())
+        description += L" " + std::to_wstring(word);
+    if (bytes.size() % sizeof(std::uint32_t) != 0)
+        description += L" in " + std::to_wstring(bytes.size()) + L" bytes";
+    return description;
+}
+
 std::vector<std::uint32_t> RegistryValue::AsWords() const {
     std::vector<std::uint32_t> words(bytes.size() / sizeof(std::uint32_t));
     std::memcpy(words.data(), bytes.data(), words.size() * sizeof(std::uint32_t));
@@ -139,6 +154,13 @@ std::vector<std::wstring> ValueNamesOf(const std::wstring& key) {
          ++index, length = nameCapacity)
         names.emplace_back(name, length);
     return names;
+}
+
+std::map<std::wstring, std::wstring> ValuesOf(const std::wstring& key) {
+    std::map<std::wstring, std::wstring> values;
+    for (const std::wstring& name : ValueNamesOf(key))
+        values[name] = Read(key, name)->Description();
+    return values;
 }
 
 Snapshot::Snapshot(const std::wstring& key) : key_(key), existed_(KeyExists(key)) {

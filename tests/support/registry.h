@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -21,6 +22,9 @@ struct RegistryValue {
 
     /// The text up to its terminating zero or its end.
     std::wstring AsText() const;
+    /// The whole value as one text, for comparing and for reports: `dword 12`, `words 0 1 1` or `text
+    /// "\\Temp"`, the latter with its size in bytes when that is not the text's own.
+    std::wstring Description() const;
     /// The bytes as 32-bit words; what is left over at the end is dropped.
     std::vector<std::uint32_t> AsWords() const;
 };
@@ -35,6 +39,8 @@ bool KeyExists(const std::wstring& key);
 void DeleteKey(const std::wstring& key);
 std::vector<std::wstring> SubkeysOf(const std::wstring& key);
 std::vector<std::wstring> ValueNamesOf(const std::wstring& key);
+/// All the values of a key by their names, described; empty when there is no such key.
+std::map<std::wstring, std::wstring> ValuesOf(const std::wstring& key);
 
 /// A key with all below it, as it was at one moment; also that it was not there.
 class Snapshot {

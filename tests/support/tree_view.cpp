@@ -44,14 +44,21 @@ std::vector<TreeNode> TreeView::Nodes() const {
     return nodes;
 }
 
+/// The first of `item` and those behind it with this text, or null.
+HTREEITEM TreeView::Sibling(HTREEITEM item, const std::wstring& text) const {
+    while (item && Describe(item, 0).text != text)
+        item = Next(TVGN_NEXT, item);
+    return item;
+}
+
 HTREEITEM TreeView::Find(const std::wstring& path) const {
     HTREEITEM item = Next(TVGN_ROOT, nullptr);
+    if (!path.empty() && path[0] != L'\\')
+        return Sibling(item, path);
     for (std::size_t begin = path.find(L'\\'); item && begin != std::wstring::npos;) {
         const std::size_t end = path.find(L'\\', begin + 1);
         const std::wstring name = path.substr(begin + 1, end == std::wstring::npos ? end : end - begin - 1);
-        item = Next(TVGN_CHILD, item);
-        while (item && Describe(item, 0).text != name)
-            item = Next(TVGN_NEXT, item);
+        item = Sibling(Next(TVGN_CHILD, item), name);
         begin = end;
     }
     return item;
@@ -84,7 +91,7 @@ std::wstring TreeView::SelectedPath() const {
     HTREEITEM item = Next(TVGN_CARET, nullptr);
     for (HTREEITEM parent; item && (parent = Next(TVGN_PARENT, item)); item = parent)
         path = L"\\" + Describe(item, 0).text + path;
-    return path;
+    return !item || item == Next(TVGN_ROOT, nullptr) ? path : Describe(item, 0).text;
 }
 
 std::wstring TreeView::RootText() const {
@@ -104,8 +111,7 @@ void TreeView::Collapse(const std::wstring& path) {
     Ask(window_, TVM_EXPAND, TVE_COLLAPSE, reinterpret_cast<LPARAM>(Require(path)));
 }
 
-POINT TreeView::PointOf(const std::wstring& path) const {
-    const HTREEITEM item = Require(path);
+RECT TreeView::TextPlace(HTREEITEM item) const {
     Ask(window_, TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
     RemoteMemory memory(window_, sizeof(RECT));
     memory.Write(&item, sizeof(item)); // the message takes the node at the rectangle's beginning
@@ -113,7 +119,18 @@ POINT TreeView::PointOf(const std::wstring& path) const {
     RECT place{};
     memory.Read(&place, sizeof(place));
     MapWindowPoints(window_, nullptr, reinterpret_cast<POINT*>(&place), 2);
-    return MiddleOf(place);
+    return place;
+}
+
+POINT TreeView::PointOf(const std::wstring& path) const {
+    return MiddleOf(TextPlace(Require(path)));
+}
+
+POINT TreeView::ButtonPointOf(const std::wstring& path) const {
+    constexpr LONG imageWidth = 16;
+    const RECT place = TextPlace(Require(path));
+    const auto indent = static_cast<LONG>(Ask(window_, TVM_GETINDENT));
+    return {place.left - imageWidth - indent / 2, (place.top + place.bottom) / 2};
 }
 
 HWND TreeView::NameEditor() const {

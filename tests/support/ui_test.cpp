@@ -8,6 +8,10 @@ void UiTest::TearDown() {
         EXPECT_EQ(program.ExitCode(), 0u) << "the program crashed";
     }
 
+    if (program.IsRunning() && program.Window()) {
+        EXPECT_TRUE(Answers(program.Window())) << "the program hangs";
+    }
+
     if (HasFailure()) {
         const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
         const std::string picture = KeepScreenshot(std::string(test.test_suite_name()) + "." + test.name());

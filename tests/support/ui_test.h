@@ -11,7 +11,9 @@
 #include "tests/support/host.h"
 #include "tests/support/input.h"
 #include "tests/support/live_window.h"
+#include "tests/support/other_program.h"
 #include "tests/support/program.h"
+#include "tests/support/text.h"
 #include "tests/support/waiting.h"
 
 class UiTest : public testing::Test {

@@ -20,6 +20,10 @@ bool HoldsWithin(int milliseconds, const std::function<bool()>& condition) {
     return true;
 }
 
+bool Eventually(const std::function<bool()>& condition) {
+    return HoldsWithin(defaultPatience, condition);
+}
+
 bool HoldsFor(int milliseconds, const std::function<bool()>& condition) {
     return !HoldsWithin(milliseconds, [&] { return !condition(); });
 }

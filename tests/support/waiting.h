@@ -14,5 +14,8 @@ void WaitFor(const std::string& what, const std::function<bool()>& condition,
 /// Waits until `condition` holds, at most `milliseconds`. Returns whether it does.
 bool HoldsWithin(int milliseconds, const std::function<bool()>& condition);
 
+/// Whether `condition` comes to hold: EXPECT_TRUE(Eventually([&] { return !program.HasDialog(); })).
+bool Eventually(const std::function<bool()>& condition);
+
 /// Whether `condition` holds all the while: for what must not happen.
 bool HoldsFor(int milliseconds, const std::function<bool()>& condition);
