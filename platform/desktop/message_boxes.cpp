@@ -1,5 +1,5 @@
-// Message boxes as on the phone: the title strip shows their caption, soft keys answer them besides their own
-// buttons, and they stand in the middle of the work area.
+// Message boxes as on the phone: as wide as its screen allows, in the middle of the work area, their caption
+// in the title strip, and answered by soft keys besides their own buttons.
 
 #include <algorithm>
 #include <span>
@@ -13,6 +13,8 @@ namespace {
 
 constexpr UINT_PTR MESSAGE_BOX_ID = 1;
 constexpr int TEXT_CONTROL = 0xFFFF;
+constexpr int MARGIN = 8;
+constexpr int EDGE = 4; // what the widest box leaves free beside it
 
 HWND TextControl(HWND dialog) {
     return GetDlgItem(dialog, TEXT_CONTROL);
@@ -24,17 +26,25 @@ RECT PlaceOf(HWND window) {
     return place;
 }
 
-bool IsShownButton(HWND control) {
-    wchar_t className[8]{};
-    GetClassNameW(control, className, 8);
-    return _wcsicmp(className, L"Button") == 0 && (GetWindowLongW(control, GWL_STYLE) & WS_VISIBLE);
+bool IsShown(HWND control, const wchar_t* className) {
+    wchar_t name[8]{};
+    GetClassNameW(control, name, 8);
+    return _wcsicmp(name, className) == 0 && (GetWindowLongW(control, GWL_STYLE) & WS_VISIBLE);
+}
+
+/// Null when the box has no icon.
+HWND IconControl(HWND box) {
+    HWND control = GetWindow(box, GW_CHILD);
+    while (control && (control == TextControl(box) || !IsShown(control, L"Static")))
+        control = GetWindow(control, GW_HWNDNEXT);
+    return control;
 }
 
 /// The box's buttons from the left.
 std::vector<HWND> ButtonsOf(HWND box) {
     std::vector<HWND> buttons;
     for (HWND control = GetWindow(box, GW_CHILD); control; control = GetWindow(control, GW_HWNDNEXT))
-        if (IsShownButton(control))
+        if (IsShown(control, L"Button"))
             buttons.push_back(control);
     std::ranges::sort(buttons, {}, [](HWND button) { return PlaceOf(button).left; });
     return buttons;
@@ -76,19 +86,82 @@ void AddSoftKeys(HWND box) {
     MakeMenuBar(box, std::move(layout), false);
 }
 
-/// Gives the box, whose contents stay as they are, a line around and the middle of the work area.
-void FrameAndCenter(HWND box) {
-    RECT content{};
-    GetClientRect(box, &content);
+// --- Layout ---
+
+SIZE SizeOf(HWND window) {
+    RECT place = PlaceOf(window);
+    return {place.right - place.left, place.bottom - place.top};
+}
+
+/// The room that the box's text takes when it is broken into lines of at most `width`.
+SIZE TextSize(HWND control, int width) {
+    std::vector<wchar_t> text(GetWindowTextLengthW(control) + 1);
+    GetWindowTextW(control, text.data(), static_cast<int>(text.size()));
+    RECT room{0, 0, width, 0};
+    HDC context = GetDC(control);
+    HGDIOBJ oldFont = SelectObject(context, reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)));
+    DrawTextW(context, text.data(), -1, &room, DT_CALCRECT | DT_WORDBREAK | DT_EDITCONTROL | DT_NOPREFIX);
+    SelectObject(context, oldFont);
+    ReleaseDC(control, context);
+    return {room.right, room.bottom};
+}
+
+void Place(HWND window, int x, int y, SIZE size) {
+    SetWindowPos(window, nullptr, x, y, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+/// The width of a row of buttons, with gaps between.
+int RowWidth(std::span<const HWND> buttons) {
+    int width = -MARGIN;
+    for (HWND button : buttons)
+        width += SizeOf(button).cx + MARGIN;
+    return width;
+}
+
+void PlaceRow(std::span<const HWND> buttons, int x, int y) {
+    for (HWND button : buttons) {
+        SIZE size = SizeOf(button);
+        Place(button, x, y, size);
+        x += size.cx + MARGIN;
+    }
+}
+
+/// Gives the box of this size within a line around and the middle of the work area.
+void FrameAndCenter(HWND box, int width, int height) {
     RemoveFrame(box);
     SetWindowLongW(box, GWL_STYLE, GetWindowLongW(box, GWL_STYLE) | WS_BORDER);
-    AdjustWindowRectEx(&content, WS_BORDER, FALSE, 0);
-    int width = content.right - content.left;
-    int height = content.bottom - content.top;
+    RECT outer{0, 0, width, height};
+    AdjustWindowRectEx(&outer, WS_BORDER, FALSE, 0);
+    SIZE size{outer.right - outer.left, outer.bottom - outer.top};
     RECT area = WorkArea();
-    SetWindowPos(box, nullptr, std::max<int>((area.left + area.right - width) / 2, area.left),
-                 std::max<int>((area.top + area.bottom - height) / 2, area.top), width, height,
-                 SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+    Place(box, std::max<int>((area.left + area.right - size.cx) / 2, area.left),
+          std::max<int>((area.top + area.bottom - size.cy) / 2, area.top), size);
+    SetWindowPos(box, nullptr, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+}
+
+/// Lays the box out anew: the platform's own layout counts on wider screens than a phone's. The icon stands
+/// left of the text, both above the buttons.
+void LayOut(HWND box) {
+    HWND text = TextControl(box);
+    HWND icon = IconControl(box);
+    std::vector<HWND> buttons = ButtonsOf(box);
+    RECT area = WorkArea();
+    SIZE iconSize = icon ? SizeOf(icon) : SIZE{-MARGIN, 0};
+    int textLeft = MARGIN + iconSize.cx + MARGIN;
+
+    // A path without blanks is broken as well.
+    SetWindowLongW(text, GWL_STYLE, GetWindowLongW(text, GWL_STYLE) | SS_EDITCONTROL);
+    SIZE textSize = TextSize(text, area.right - area.left - 2 * EDGE - MARGIN - textLeft);
+    int rowWidth = RowWidth(buttons);
+    int width = std::max<int>(textLeft + textSize.cx + MARGIN, rowWidth + 2 * MARGIN);
+    int rowTop = MARGIN + std::max(iconSize.cy, textSize.cy) + MARGIN;
+
+    if (icon)
+        Place(icon, MARGIN, MARGIN, iconSize);
+    Place(text, textLeft, MARGIN + std::max<int>((iconSize.cy - textSize.cy) / 2, 0), textSize);
+    PlaceRow(buttons, (width - rowWidth) / 2, rowTop);
+    FrameAndCenter(box, width, rowTop + (buttons.empty() ? 0 : SizeOf(buttons[0]).cy) + MARGIN);
 }
 
 LRESULT CALLBACK MessageBoxProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
@@ -97,7 +170,7 @@ LRESULT CALLBACK MessageBoxProc(HWND dialog, UINT message, WPARAM wParam, LPARAM
     if (appears || message == WM_NCDESTROY)
         RemoveWindowSubclass(dialog, MessageBoxProc, MESSAGE_BOX_ID);
     if (appears && TextControl(dialog)) {
-        FrameAndCenter(dialog);
+        LayOut(dialog);
         AddSoftKeys(dialog);
     }
     return DefSubclassProc(dialog, message, wParam, lParam);
