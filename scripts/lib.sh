@@ -2,7 +2,7 @@
 # What ./run, ./test and ./lint share: how they talk, and how they get the tools they need.
 
 # The project's own folder, wherever the script was called from.
-house=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+house=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd -P)
 readonly house
 
 # File names outside ASCII need a UTF-8 locale; the pictures and tests the same one everywhere.
@@ -61,10 +61,14 @@ declare -rA package_of=(
     [/usr/src/googletest/CMakeLists.txt]=googletest
 )
 
-# The tools that build the program, and those that run it.
+# The tools that build the program, those that run it, and those that make a screen and its picture.
+# shellcheck disable=SC2034  # no script needs all of them
 readonly build_tools=(cmake ninja x86_64-w64-mingw32-g++-posix x86_64-w64-mingw32-windres
     /usr/src/googletest/CMakeLists.txt)
+# shellcheck disable=SC2034
 readonly wine_tools=(wine /usr/share/wine/fonts /usr/share/fonts/truetype/liberation)
+# shellcheck disable=SC2034
+readonly screen_tools=(Xvfb xauth import)
 
 # need TOOL...: installs what is missing of the tools, from Debian's packages.
 need() {
@@ -114,14 +118,23 @@ install_packages() {
 
 # build PRESET [TARGET...]: configures and builds, showing the log's end when that fails.
 build() {
-    local preset=$1 log=$house/build/$1.log
+    local preset=$1
+    configure "$preset"
+    shift
+    log_run "$preset" cmake --build --preset "$preset" ${1:+--target "$@"}
+}
+
+# configure PRESET
+configure() {
+    log_run "$1" cmake --preset "$1"
+}
+
+# log_run PRESET COMMAND...: runs a step of the build, its output into build/PRESET.log.
+log_run() {
+    local log=$house/build/$1.log
     shift
     mkdir -p "$house/build" 2>/dev/null || fail "cannot write to $house/build" "Give yourself the right to, or clone afresh"
-    (
-        cd "$house" &&
-            cmake --preset "$preset" &&
-            cmake --build --preset "$preset" ${1:+--target "$@"}
-    ) >"$log" 2>&1 </dev/null || {
+    (cd "$house" && "$@") >"$log" 2>&1 </dev/null || {
         tail -n 30 "$log" >&2
         fail "building failed" "See the lines above (all of it: $log); after moving the folder: rm -r build"
     }
