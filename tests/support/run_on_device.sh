@@ -41,7 +41,7 @@ export WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe=d'
 as_plain_user=()
 if [[ $(id -u) == 0 ]]; then
     denied=-dac_override,-dac_read_search
-    as_plain_user=(setpriv --inh-caps=$denied --bounding-set=$denied)
+    as_plain_user=(setpriv "--inh-caps=$denied" "--bounding-set=$denied")
 fi
 
 # Makes the template prefix once; later runs copy it. Made anew when the device's registry changes.
@@ -121,7 +121,8 @@ done
 exec 8>&-
 [[ -s $phone/work/display ]] || { echo "The X screen did not start:" >&2; cat "$phone/work/xvfb.log" >&2; exit 1; }
 
-export DISPLAY=:$(tr -d '[:space:]' <"$phone/work/display")
+DISPLAY=:$(tr -d '[:space:]' <"$phone/work/display")
+export DISPLAY
 export WINEPREFIX=$phone/prefix HOME=$phone/home
 export TARVIK_DEVICE=$phone/device TARVIK_DEVICE_SEED=$phone/seed TARVIK_SCREEN=$screen
 export TARVIK_WORK=$phone/work TARVIK_FAILURES=$build/test-failures
