@@ -160,6 +160,18 @@ void OnSelection(int id) {
 void OnRename(int) {
     if (IsTreeFocused())
         appState.folderTree.BeginRename();
+    else if (IsListFocused())
+        appState.fileList.BeginRename();
+}
+
+void OnNewFolder(int) {
+    SetFocus(appState.fileList.Window());
+    appState.fileList.NewFolder();
+}
+
+void OnShortcut(int) {
+    if (IsListFocused())
+        appState.fileList.ShortcutsHere();
 }
 
 // --- Program ---
@@ -193,6 +205,8 @@ constexpr Command commandTable[] = {
 
     {IDM_FILE_OPEN, OnOpen},
     {IDM_FILE_RENAME, OnRename},
+    {IDM_FILE_NEW_FOLDER, OnNewFolder},
+    {IDM_FILE_SHORTCUT, OnShortcut},
     {IDM_MENU_REFRESH, OnRefresh},
     {IDM_MENU_EXIT, OnExit},
     {IDM_HELP_USER_MANUAL, OnUserManual},

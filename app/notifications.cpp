@@ -99,7 +99,11 @@ LRESULT OnListNotify(NMHDR* notification, LPARAM lParam) {
     case LVN_GETDISPINFOW:
         return appState.fileList.OnGetDisplayInfo(reinterpret_cast<NMLVDISPINFOW*>(lParam)), 0;
     case LVN_BEGINLABELEDITW:
-        return TRUE; // names are not edited here yet
+        return appState.fileList.OnBeginLabelEdit(), FALSE;
+    case LVN_ENDLABELEDITW: {
+        const LVITEMW& edited = reinterpret_cast<NMLVDISPINFOW*>(lParam)->item;
+        return appState.fileList.OnEndLabelEdit(edited.iItem, edited.pszText);
+    }
     default:
         return DefWindowProcW(appState.mainWindow, WM_NOTIFY, 0, lParam);
     }

@@ -9,9 +9,11 @@
 
 #include "app/path.h"
 #include "app/settings.h"
+#include "filelist/clipboard.h"
 #include "filelist/file_item.h"
 #include "filelist/history.h"
 #include "filelist/icons.h"
+#include "filelist/label_edit.h"
 #include "filelist/search_results.h"
 #include "filelist/tap_and_hold.h"
 #include "platform/handles.h"
@@ -88,6 +90,57 @@ class FileList {
     void OrganizeFavorites();
     void UpdateNavigationState();
 
+    // --- rename.cpp: names edited in place ---
+
+    /// "Rename": edits the name of the first selected entry.
+    void BeginRename();
+    /// An editor opens over an entry's name.
+    void OnBeginLabelEdit();
+    /// The editor closes. True when the entry takes the new name; `text` is null when it was cancelled.
+    bool OnEndLabelEdit(int index, const wchar_t* text);
+    /// Opens the editor over the name of an entry.
+    void EditLabel(int index);
+
+    // --- new_folder.cpp ---
+
+    /// Makes "New Folder", numbered when that is taken, and edits its name.
+    void NewFolder();
+
+    // --- shortcuts.cpp ---
+
+    /// Makes a shortcut in `destination` to `folder`\`name`. One that cannot be made is not reported.
+    void MakeShortcut(std::wstring_view destination, std::wstring_view folder, std::wstring_view name);
+    /// Makes shortcuts to the selected entries beside them.
+    void ShortcutsHere();
+
+    // --- selection.cpp: the selection as the operations on files take it ---
+
+    /// Index of the first selected entry behind `index`, or -1.
+    int NextSelected(int index) const;
+    /// The selected entries in list order; never the up-level entry.
+    std::vector<SelectionEntry> CollectSelection() const;
+    /// "Delete"
+    void DeleteSelection();
+
+    // --- clipboard.cpp: the program's own clipboard ---
+    void CutSelection();
+    void CopySelection();
+    /// Moves or copies what is on the clipboard into the current folder, and shows that anew if `relist`.
+    void Paste(bool relist);
+    /// Makes shortcuts to it in the current folder.
+    void PasteShortcut(bool relist);
+
+    // --- copy_text.cpp: texts on the system's clipboard ---
+    void CopyNameToClipboard();
+    void CopyPathToClipboard();
+
+    // --- send_to_folder.cpp: the selection goes to a folder that is asked for ---
+    void CopyTo();
+    void MoveTo();
+    void AskShortcutsTo();
+    /// Makes shortcuts to the selected entries in `destination`.
+    void ShortcutsTo(const Path& destination);
+
     // --- user_path_menu.cpp ---
 
     /// Puts the remembered paths into "Go to".
@@ -117,16 +170,25 @@ class FileList {
     PathText compressFolder{};
     std::vector<OwnedText> userPaths; // the remembered paths of the "Go to" menu
     SearchResults searchResults;
+    FileClipboard clipboard;
     TapAndHold tapAndHold;
+    LabelEdit labelEdit;
 
   private:
     friend class ListSettingsStore; // reads and writes the fields that are stored
+
+    /// What the view's rows point to.
+    struct Records {
+        std::vector<std::unique_ptr<FileItem>> items;
+        std::vector<OwnedText> folders; // what the items' folder fields point into
+    };
 
     // --- listing.cpp ---
     void ListFolder(const Path& path, int treeFlag);
     void ListSearchResults();
     int ItemCount() const;
-    void BeginListing();
+    Records BeginListing();
+    Records TakeRecords();
     void ClearList();
     void AddUpLevel();
     FileItem* AddEntry(const wchar_t* folder, const WIN32_FIND_DATAW& found);
@@ -134,6 +196,26 @@ class FileList {
     void FillView(const FileItem* selected);
     void SelectEntry(int index);
     void EndListing(const Path& folder);
+
+    // --- rename.cpp ---
+    bool RenameEntry(FileItem& item, std::wstring_view label);
+    void RefuseLabel(int index, const wchar_t* message);
+
+    // --- new_folder.cpp ---
+    bool CreateNewFolder(Path& name);
+    int IndexOfFolder(std::wstring_view name) const;
+
+    // --- selection.cpp ---
+    void RemoveDone(std::span<const SelectionEntry> entries);
+
+    // --- clipboard.cpp ---
+    void FillClipboard(Transfer transfer);
+    void EmptyClipboard();
+    void MarkSelectionCut(bool cut);
+    void FollowMovedResults(const Path& destination);
+
+    // --- send_to_folder.cpp ---
+    void TransferTo(Transfer transfer, const wchar_t* title);
 
     // --- display.cpp ---
     wchar_t* TextOf(FileItem& item, int column) const;
@@ -151,8 +233,7 @@ class FileList {
     FileItem* upLevel_ = nullptr;  // the ".." of the last folder listing, or null
     std::uint32_t totalBytes_ = 0; // of the files listed
     History history_;
-    std::vector<std::unique_ptr<FileItem>> items_; // every record the view points to
-    std::vector<OwnedText> folderTexts_;           // what the entries' folder fields point into
+    Records records_;
     IconSet largeIcons_;
     IconSet smallIcons_;
     IconSet* icons_ = &smallIcons_; // the set of the current style

@@ -75,6 +75,8 @@ LRESULT CALLBACK ListProcedure(HWND window, UINT message, WPARAM wParam, LPARAM 
         if (wParam == VK_END)
             return list.GoForward(), 0;
         break;
+    case UM_EDITLABEL:
+        return list.EditLabel(static_cast<int>(wParam)), 0;
     case WM_LBUTTONDOWN:
         list.tapAndHold.OnStylusDown(list, PointOf(lParam));
         break;

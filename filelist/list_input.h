@@ -17,5 +17,8 @@ constexpr int keyOpensContextMenu = -2;
 /// The command that a key in the list stands for, or one of the results above.
 int TranslateListKey(int key, KeyState keys);
 
+/// Sent by the list to its own view: edit the name of the entry whose index is in wParam.
+constexpr UINT UM_EDITLABEL = WM_APP + 1;
+
 /// Puts the list's window procedure in front of the view's own.
 void SubclassList(HWND view);

@@ -1,6 +1,7 @@
 // What the list shows: folders, search results, one single entry.
 
 #include <string_view>
+#include <utility>
 
 #include "app/address_bar.h"
 #include "app/app_state.h"
@@ -8,6 +9,7 @@
 #include "app/wait_cursor.h"
 #include "filelist/file_list.h"
 #include "filelist/listing_rules.h"
+#include "filelist/rows.h"
 #include "filelist/sorting.h"
 #include "filelist/status_texts.h"
 
@@ -47,22 +49,6 @@ bool StillExists(const SearchResult& result) {
            ce::GetFileAttributesW(path.Text()) != INVALID_FILE_ATTRIBUTES;
 }
 
-void InsertIntoView(HWND view, int index, FileItem& item) {
-    LVITEMW entry{};
-    entry.mask = LVIF_TEXT | LVIF_IMAGE | LVIF_PARAM;
-    entry.iItem = index;
-    entry.iImage = I_IMAGECALLBACK;
-    entry.lParam = reinterpret_cast<LPARAM>(&item);
-    entry.pszText = item.kind == ItemKind::UpLevel ? item.name.get() : LPSTR_TEXTCALLBACKW;
-    SendMessageW(view, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&entry));
-
-    const int firstText = item.kind == ItemKind::File ? 1 : 2;
-    const int lastText = item.kind == ItemKind::File ? 3 : item.kind == ItemKind::Folder ? 2 : 0;
-    entry.pszText = LPSTR_TEXTCALLBACKW;
-    for (entry.iSubItem = firstText; entry.iSubItem <= lastText; ++entry.iSubItem)
-        SendMessageW(view, LVM_SETITEMTEXTW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&entry));
-}
-
 } // namespace
 
 void FileList::GoToFolder(std::wstring_view path, int treeFlag) {
@@ -89,7 +75,7 @@ void FileList::ListFolder(const Path& path, int treeFlag) {
     bool found = false;
     {
         const WaitCursor wait;
-        BeginListing();
+        const Records previous = BeginListing(); // until the rows have others
         history_.Record(path.View());
         if (!path.IsEmpty() && options.showUpLevel)
             AddUpLevel();
@@ -117,7 +103,7 @@ void FileList::ListSearchResults() {
     Path folder;
     {
         const WaitCursor wait;
-        BeginListing();
+        const Records previous = BeginListing(); // until the rows have others
         SearchResult* result = searchResults.First();
         while (result) {
             if (StillExists(*result)) {
@@ -141,7 +127,7 @@ void FileList::ShowSingleEntry(std::wstring_view path) {
         currentFolder_.Clear();
         return;
     }
-    ClearList();
+    const Records previous = TakeRecords();
     WIN32_FIND_DATAW found{};
     const FindHandle find(ce::FindFirstFileW(entryPath.Text(), &found));
     if (find)
@@ -185,56 +171,54 @@ void FileList::UpdateStatusTexts() {
     ShowFolderStatus(count, totalBytes_, currentFolder_.View());
 }
 
-void FileList::BeginListing() {
+FileList::Records FileList::BeginListing() {
     ShowLoadingStatus();
-    ClearList();
     totalBytes_ = 0;
+    return TakeRecords();
+}
+
+FileList::Records FileList::TakeRecords() {
+    labelEdit.Cancel(); // its entry goes
+    tapAndHold.ForgetSelection();
+    upLevel_ = nullptr;
+    return std::exchange(records_, {});
 }
 
 void FileList::ClearList() {
-    SendMessageW(window_, LVM_DELETEALLITEMS, 0, 0);
-    items_.clear();
-    folderTexts_.clear();
-    upLevel_ = nullptr;
-    tapAndHold.ForgetSelection();
+    const Records previous = TakeRecords();
+    ShowRows(window_, {});
 }
 
 void FileList::AddUpLevel() {
-    items_.push_back(std::make_unique<FileItem>());
-    upLevel_ = items_.back().get();
+    records_.items.push_back(std::make_unique<FileItem>());
+    upLevel_ = records_.items.back().get();
     upLevel_->name = CopyText(upLevelName);
 }
 
 FileItem* FileList::AddEntry(const wchar_t* folder, const WIN32_FIND_DATAW& found) {
     if (!IsListed(found.cFileName, found.dwFileAttributes, options))
         return nullptr;
-    items_.push_back(std::make_unique<FileItem>(MakeFileItem(folder, found)));
-    totalBytes_ += items_.back()->size;
-    return items_.back().get();
+    records_.items.push_back(std::make_unique<FileItem>(MakeFileItem(folder, found)));
+    totalBytes_ += records_.items.back()->size;
+    return records_.items.back().get();
 }
 
 const wchar_t* FileList::KeepFolderText(std::wstring_view folder) {
     // Search results come folder by folder: one text serves a run of them.
-    if (folderTexts_.empty() || folder != folderTexts_.back().get())
-        folderTexts_.push_back(CopyText(folder));
-    return folderTexts_.back().get();
+    if (records_.folders.empty() || folder != records_.folders.back().get())
+        records_.folders.push_back(CopyText(folder));
+    return records_.folders.back().get();
 }
 
 void FileList::FillView(const FileItem* selected) {
-    // Sorted first and inserted in order: both the view's sort and its insertion at the top would take a
-    // time that grows with the square of the number of entries.
     std::vector<FileItem*> sorted;
-    sorted.reserve(items_.size());
-    for (const std::unique_ptr<FileItem>& item : items_)
+    sorted.reserve(records_.items.size());
+    for (const std::unique_ptr<FileItem>& item : records_.items)
         sorted.push_back(item.get());
     SortItems(sorted, options);
-
-    SendMessageW(window_, LVM_SETITEMCOUNT, sorted.size(), 0);
-    int index = 0;
-    for (FileItem* item : sorted)
-        InsertIntoView(window_, index++, *item);
+    ShowRows(window_, sorted);
     if (selected)
-        SelectEntry(selected->rank);
+        SelectEntry(selected->row);
 }
 
 void FileList::SelectEntry(int index) {

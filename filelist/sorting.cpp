@@ -8,6 +8,7 @@
 #include "app/path.h"
 #include "filelist/file_list.h"
 #include "filelist/merge_sort.h"
+#include "filelist/rows.h"
 #include "resources/resource.h"
 
 namespace {
@@ -46,10 +47,6 @@ constexpr std::array<SortChoice, 4> sortChoices = {{{IDM_ARRANGE_NAME, sortByNam
                                                     {IDM_ARRANGE_TYPE, sortByType},
                                                     {IDM_ARRANGE_SIZE, sortBySize},
                                                     {IDM_ARRANGE_DATE, sortByDate}}};
-
-int CALLBACK CompareRanks(LPARAM a, LPARAM b, LPARAM) {
-    return reinterpret_cast<const FileItem*>(a)->rank - reinterpret_cast<const FileItem*>(b)->rank;
-}
 
 } // namespace
 
@@ -107,9 +104,6 @@ void SortItems(std::span<FileItem*> items, const ListOptions& options) {
     const ItemComparator comparator = ComparatorOf(options.sortKey);
     const bool ascending = options.ascending != 0;
     MergeSort(items, [=](const FileItem& a, const FileItem& b) { return comparator(a, b, ascending); });
-    std::int32_t rank = 0;
-    for (FileItem* item : items)
-        item->rank = rank++;
 }
 
 bool ApplySortCommand(ListOptions& options, int command) {
@@ -137,16 +131,13 @@ void ApplyColumnClick(ListOptions& options, int column) {
 }
 
 void FileList::SortList() {
-    std::vector<FileItem*> shown;
-    const int count = ItemCount();
-    shown.reserve(static_cast<std::size_t>(count));
-    for (int index = 0; index < count; ++index) {
-        if (FileItem* item = ItemAt(index))
-            shown.push_back(item);
-    }
+    std::vector<FileItem*> shown(records_.items.size());
+    for (const std::unique_ptr<FileItem>& item : records_.items)
+        shown[static_cast<std::size_t>(item->row)] = item.get();
     SortItems(shown, options);
-    // The view only ever compares ranks: an irregular order could harm its own sort.
-    SendMessageW(window_, LVM_SORTITEMS, 0, reinterpret_cast<LPARAM>(CompareRanks));
+    SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
+    ReorderRows(window_, shown);
+    SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
 }
 
 void FileList::OnSortCommand(int command) {

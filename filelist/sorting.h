@@ -28,7 +28,7 @@ int CompareByDate(const FileItem& a, const FileItem& b, bool ascending);
 
 ItemComparator ComparatorOf(std::uint32_t sortKey);
 
-/// Puts the items in the order of the options and numbers their ranks.
+/// Puts the items in the order of the options.
 void SortItems(std::span<FileItem*> items, const ListOptions& options);
 
 /// Carries an Arrange Icons By command out on the options. False for any other command.

@@ -1,0 +1,17 @@
+#include "filelist/rename_rules.h"
+
+#include "app/name_rules.h"
+
+LabelVerdict JudgeLabel(const wchar_t* label, ItemKind kind) {
+    if (!label)
+        return LabelVerdict::Keep;
+    if (HasForbiddenCharacter(label))
+        return LabelVerdict::Forbidden;
+    if (kind == ItemKind::UpLevel)
+        return LabelVerdict::Keep;
+    return *label ? LabelVerdict::Rename : LabelVerdict::Empty;
+}
+
+bool NameFromLabel(std::wstring_view label, std::wstring_view oldName, bool extensionHidden, Path& name) {
+    return name.Assign(label) && (!extensionHidden || name.Append(ExtensionOf(oldName)));
+}

@@ -1,0 +1,36 @@
+// Making shortcut files.
+
+#include "app/app_state.h"
+#include "app/wait_cursor.h"
+#include "filelist/file_list.h"
+#include "filelist/shortcut_names.h"
+
+void FileList::MakeShortcut(std::wstring_view destination, std::wstring_view folder, std::wstring_view name) {
+    Path target;
+    if (!target.AssignChild(folder, name))
+        return;
+    const ShortcutNaming naming{options.noShortcutMention == 0,
+                                options.noExtension == 0 && noExtensionInShortcuts == 0};
+    const std::wstring_view base = ShortcutBase(name, naming);
+    const ShortcutText text = QuotedTarget(target);
+    Path shortcut;
+    appState.changeWatcher.PauseWatcher();
+    for (int number = 1; number <= lastShortcutNumber; ++number) {
+        if (AssignShortcutPath(shortcut, destination, base, naming, number) &&
+            ce::SHCreateShortcut(shortcut.Text(), text.data()))
+            break;
+    }
+    appState.changeWatcher.ResumeWatcher();
+}
+
+void FileList::ShortcutsHere() {
+    const WaitCursor wait;
+    const Path destination = currentFolder_;
+    LRESULT index = -1;
+    while ((index = SendMessageW(window_, LVM_GETNEXTITEM, static_cast<WPARAM>(index),
+                                 MAKELPARAM(LVNI_SELECTED, 0))) >= 0) {
+        if (const FileItem* item = ItemAt(static_cast<int>(index)))
+            MakeShortcut(destination.View(), item->folder, item->name.get());
+    }
+    GoToFolder(destination.View(), treeSelectOnly);
+}
