@@ -76,18 +76,49 @@ void OnChangeView(int) {
     }
 }
 
-// --- Clipboard of an edit field ---
+// --- Clipboards: the list's own, and that of an edit field ---
 
 void OnCopyOrCut(int id) {
-    if (IsListFocused() || IsTreeFocused())
-        return;
-    SendMessageW(GetFocus(), id == IDM_TOOLBAR_COPY ? WM_COPY : WM_CUT, 0, 0);
-    UpdatePasteItems(true, false);
+    const bool copy = id == IDM_TOOLBAR_COPY;
+    if (IsListFocused()) {
+        copy ? appState.fileList.CopySelection() : appState.fileList.CutSelection();
+    } else if (!IsTreeFocused()) {
+        SendMessageW(GetFocus(), copy ? WM_COPY : WM_CUT, 0, 0);
+        UpdatePasteItems(true, false);
+    }
 }
 
 void OnPaste(int) {
-    if (!IsListFocused() && !IsTreeFocused())
+    if (IsListFocused() || IsTreeFocused())
+        appState.fileList.Paste(true);
+    else
         SendMessageW(GetFocus(), WM_PASTE, 0, 0);
+}
+
+void OnPasteShortcut(int) {
+    appState.fileList.PasteShortcut(true);
+}
+
+// --- What becomes of the selection ---
+
+void OnSelectedFiles(int id) {
+    FileList& list = appState.fileList;
+    if (!IsListFocused())
+        return;
+    switch (id) {
+    case IDM_EDIT_COPY_NAME:
+        return list.CopyNameToClipboard();
+    case IDM_EDIT_COPY_PATH:
+        return list.CopyPathToClipboard();
+    case IDM_SENDTO_COPY_TO:
+        return list.CopyTo();
+    case IDM_SENDTO_MOVE_TO:
+        return list.MoveTo();
+    case IDM_SENDTO_SHORTCUT_TO:
+        return list.AskShortcutsTo();
+    default:
+        return list.DeleteSelection();
+    }
 }
 
 // --- View ---
@@ -214,6 +245,13 @@ constexpr Command commandTable[] = {
     {IDM_TOOLBAR_COPY, OnCopyOrCut},
     {IDM_TOOLBAR_CUT, OnCopyOrCut},
     {IDM_TOOLBAR_PASTE, OnPaste},
+    {IDM_TOOLBAR_PASTE_SHORTCUT, OnPasteShortcut},
+    {IDM_EDIT_COPY_NAME, OnSelectedFiles},
+    {IDM_EDIT_COPY_PATH, OnSelectedFiles},
+    {IDM_SENDTO_COPY_TO, OnSelectedFiles},
+    {IDM_SENDTO_MOVE_TO, OnSelectedFiles},
+    {IDM_SENDTO_SHORTCUT_TO, OnSelectedFiles},
+    {IDM_FILE_DELETE, OnSelectedFiles},
     {IDM_EDIT_SELECT_ALL, OnSelection},
     {IDM_EDIT_REVERSE_SELECTION, OnSelection},
     {IDM_EDIT_RELEASE_SELECTION, OnSelection},

@@ -8,10 +8,11 @@
 #include "fileops/delete_rules.h"
 #include "fileops/file_job.h"
 #include "fileops/transfer_rules.h"
+#include "resources/resource.h"
 
 namespace {
 
-constexpr JobLook look{{216, 217, 107}, nullptr, L"'%s' cannot be deleted."};
+constexpr JobLook look{{{216, 217, 107}, IDR_MENUBAR_JOB}, nullptr, L"'%s' cannot be deleted."};
 
 constexpr DWORD linkedFolder = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
 
@@ -20,7 +21,7 @@ class DeleteJob final : public FileJob {
     DeleteJob(const Path& sourceFolder, std::span<SelectionEntry> entries)
         : FileJob(look, sourceFolder.View(), entries), mode_(FirstDeleteMode(entries.size())) {}
 
-    using FileJob::Run;
+    using FileJob::RunJob;
 
   private:
     const wchar_t* Work() override;
@@ -172,7 +173,7 @@ bool DeleteJob::RemoveFound() {
 }
 
 int DeleteJob::AnswerQuestion(UINT, const wchar_t* subject, const wchar_t*) {
-    return ConfirmDelete(Dialog(), subject, DeleteQuestion::DuringJob);
+    return ConfirmDelete(Window(), subject);
 }
 
 } // namespace
@@ -180,10 +181,9 @@ int DeleteJob::AnswerQuestion(UINT, const wchar_t* subject, const wchar_t*) {
 bool DeleteEntries(const Path& sourceFolder, std::span<SelectionEntry> entries) {
     QuestionText question{};
     WriteOpeningQuestion(question, entries);
-    const int answer = ConfirmDelete(appState.mainWindow, question.data(), DeleteQuestion::Opening);
-    if (answer != modeAsk && answer != modeAll)
+    if (!AgreesTo(ConfirmDelete(appState.mainWindow, question.data())))
         return false;
     DeleteJob job(sourceFolder, entries);
-    job.Run();
+    job.RunJob();
     return true;
 }

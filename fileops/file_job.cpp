@@ -3,7 +3,6 @@
 #include "app/app_state.h"
 #include "app/entry_count.h"
 #include "app/text.h"
-#include "fileops/job_dialog.h"
 #include "resources/resource.h"
 
 namespace {
@@ -30,33 +29,35 @@ int JobAnswerOf(int command) {
 }
 
 FileJob::FileJob(const JobLook& look, std::wstring_view sourceFolder, std::span<SelectionEntry> entries)
-    : look_(look), sourceFolder_(sourceFolder), entries_(entries) {}
+    : DialogFrame(look.dialog), look_(look), sourceFolder_(sourceFolder), entries_(entries) {}
 
-void FileJob::Run() {
+void FileJob::RunJob() {
     appState.changeWatcher.PauseWatcher();
-    RunDialog(look_.templates, appState.mainWindow, DialogProcedure, this);
+    Run(appState.mainWindow);
     appState.changeWatcher.ResumeWatcher();
 }
 
 // --- The dialog, on the user-interface thread ---
 
-INT_PTR CALLBACK FileJob::DialogProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_INITDIALOG) {
-        SetWindowLongPtrW(dialog, DWLP_USER, lParam);
-        reinterpret_cast<FileJob*>(lParam)->dialog_ = dialog;
-    }
-    auto* job = reinterpret_cast<FileJob*>(GetWindowLongPtrW(dialog, DWLP_USER));
-    return job ? job->OnMessage(message, wParam, lParam) : FALSE;
+HWND FileJob::OnInit() {
+    if (look_.title)
+        SetWindowTextW(Window(), look_.title);
+    SetDlgItemTextW(Window(), IDC_JOB_STATUS, L"Processing...");
+    ShowWindow(Window(), SW_SHOW);
+    SetTimer(Window(), idleTimer, idlePeriod, nullptr);
+    thread_.Reset(CreateThread(nullptr, 0, ThreadProcedure, this, 0, nullptr));
+    if (!thread_)
+        PostMessageW(Window(), UM_JOBFINISHED, 0, 0);
+    return nullptr;
+}
+
+void FileJob::OnCommand(int id, int) {
+    if (id == IDM_JOB_CANCEL)
+        OnCancelKey();
 }
 
 INT_PTR FileJob::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-    case WM_INITDIALOG:
-        return OnInit(), TRUE;
-    case WM_COMMAND:
-        if (LOWORD(wParam) == IDM_JOB_CANCEL)
-            OnCancelKey();
-        return TRUE;
     case WM_TIMER:
         if (idleResetAllowed_)
             ce::SystemIdleTimerReset();
@@ -73,30 +74,16 @@ INT_PTR FileJob::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
-void FileJob::OnInit() {
-    CenterOnMainWindow(dialog_);
-    if (look_.title)
-        SetWindowTextW(dialog_, look_.title);
-    SetDlgItemTextW(dialog_, IDC_JOB_STATUS, L"Processing...");
-    AddSoftKeys(dialog_, IDR_MENUBAR_JOB);
-    FillScreen(dialog_);
-    ShowWindow(dialog_, SW_SHOW);
-    SetTimer(dialog_, idleTimer, idlePeriod, nullptr);
-    thread_.Reset(CreateThread(nullptr, 0, ThreadProcedure, this, 0, nullptr));
-    if (!thread_)
-        PostMessageW(dialog_, UM_JOBFINISHED, 0, 0);
-}
-
 void FileJob::OnCancelKey() {
     cancelRequested_ = 1;
-    SendMessageW(ce::SHFindMenuBar(dialog_), TB_ENABLEBUTTON, IDM_JOB_CANCEL, FALSE);
-    SetDlgItemTextW(dialog_, IDC_JOB_STATUS, L"Canceling...");
+    SendMessageW(ce::SHFindMenuBar(Window()), TB_ENABLEBUTTON, IDM_JOB_CANCEL, FALSE);
+    SetDlgItemTextW(Window(), IDC_JOB_STATUS, L"Canceling...");
 }
 
 void FileJob::OnFinished() {
     thread_.Reset();
-    KillTimer(dialog_, idleTimer);
-    EndDialog(dialog_, 0);
+    KillTimer(Window(), idleTimer);
+    End(0);
 }
 
 void FileJob::OnQuestion(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -108,7 +95,7 @@ void FileJob::OnQuestion(UINT message, WPARAM wParam, LPARAM lParam) {
 
 void FileJob::OnReport(const wchar_t* text) {
     idleResetAllowed_ = false;
-    MessageBoxW(dialog_, text, L"", MB_ICONHAND);
+    MessageBoxW(Window(), text, L"", MB_ICONHAND);
     idleResetAllowed_ = true;
 }
 
@@ -119,15 +106,15 @@ DWORD WINAPI FileJob::ThreadProcedure(void* parameter) {
     job->CountUnits();
     const wchar_t* lastText = job->Work();
     job->ShowProgress();
-    SetDlgItemTextW(job->dialog_, IDC_JOB_STATUS, lastText);
-    SendMessageW(job->dialog_, UM_JOBFINISHED, 0, 0); // the job is gone after this
+    SetDlgItemTextW(job->Window(), IDC_JOB_STATUS, lastText);
+    SendMessageW(job->Window(), UM_JOBFINISHED, 0, 0); // the job is gone after this
     return 0;
 }
 
 /// Done here and not by the dialog, which answers its keys meanwhile.
 void FileJob::CountUnits() {
     total_ = CountSelection(sourceFolder_, entries_);
-    SendDlgItemMessageW(dialog_, IDC_JOB_BAR, PBM_SETRANGE, 0, MAKELPARAM(0, total_));
+    SendDlgItemMessageW(Window(), IDC_JOB_BAR, PBM_SETRANGE, 0, MAKELPARAM(0, total_));
     ShowProgress();
 }
 
@@ -140,10 +127,10 @@ bool FileJob::KeepGoing() {
 void FileJob::ShowProgress() {
     std::array<wchar_t, 32> counter{};
     FormatText(counter, L"%d/%d", completed_, total_);
-    SetDlgItemTextW(dialog_, IDC_JOB_COUNTER, counter.data());
-    SendDlgItemMessageW(dialog_, IDC_JOB_BAR, PBM_SETPOS, static_cast<WPARAM>(completed_), 0);
+    SetDlgItemTextW(Window(), IDC_JOB_COUNTER, counter.data());
+    SendDlgItemMessageW(Window(), IDC_JOB_BAR, PBM_SETPOS, static_cast<WPARAM>(completed_), 0);
     if (shownName_[0] != L'\0' && !IsCancelled())
-        SetDlgItemTextW(dialog_, IDC_JOB_STATUS, shownName_.data());
+        SetDlgItemTextW(Window(), IDC_JOB_STATUS, shownName_.data());
     lastShown_ = GetTickCount();
 }
 
@@ -153,7 +140,7 @@ void FileJob::ShowName(std::wstring_view path) {
 }
 
 void FileJob::ShowSource(const wchar_t* text) {
-    SetDlgItemTextW(dialog_, IDC_JOB_SOURCE, text);
+    SetDlgItemTextW(Window(), IDC_JOB_SOURCE, text);
 }
 
 void FileJob::CompleteUnit() {
@@ -162,7 +149,7 @@ void FileJob::CompleteUnit() {
 
 int FileJob::Ask(UINT message, const wchar_t* subject, const wchar_t* source) {
     ShowProgress();
-    SendMessageW(dialog_, message, reinterpret_cast<WPARAM>(subject), reinterpret_cast<LPARAM>(source));
+    SendMessageW(Window(), message, reinterpret_cast<WPARAM>(subject), reinterpret_cast<LPARAM>(source));
     return answer_;
 }
 
@@ -174,5 +161,5 @@ void FileJob::ReportFailure(const SelectionEntry& entry) {
 
 void FileJob::Report(const wchar_t* text) {
     ShowProgress();
-    SendMessageW(dialog_, UM_REPORTFAILURE, reinterpret_cast<WPARAM>(text), 0);
+    SendMessageW(Window(), UM_REPORTFAILURE, reinterpret_cast<WPARAM>(text), 0);
 }

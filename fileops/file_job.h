@@ -7,6 +7,7 @@
 #include <span>
 #include <string_view>
 
+#include "app/dialog_frame.h"
 #include "app/settings.h"
 #include "filelist/selection_entry.h"
 #include "fileops/file_mover.h"
@@ -20,9 +21,9 @@ constexpr UINT UM_ASKREPLACEFOLDER = WM_USER + 400; // wParam: the folder in que
 
 /// What one kind of job looks like.
 struct JobLook {
-    int templates[3];                 // for screens 240, 320 and any other number of pixels wide
-    const wchar_t* title = nullptr;   // null: the one of the template
-    const wchar_t* failure = nullptr; // with "%s" for the entry
+    DialogLook dialog;
+    const wchar_t* title = nullptr; // null: the one of the template
+    const wchar_t* failure;         // with "%s" for the entry
 };
 
 /// What a job does with the answer to its questions: ask on, be silent, or stop.
@@ -34,11 +35,13 @@ constexpr int modeStop = 3;
 /// What the command of a question's soft key stands for. Any other command is a "No".
 int JobAnswerOf(int command);
 
-class FileJob : public CopyWatch {
-  public:
-    FileJob(const FileJob&) = delete;
-    FileJob& operator=(const FileJob&) = delete;
+/// Whether a question answered so lets its job go on with what it was about.
+constexpr bool AgreesTo(int answer) {
+    return answer == modeAsk || answer == modeAll;
+}
 
+class FileJob : public CopyWatch, private DialogFrame {
+  public:
     /// Worker: true while the user has not pressed "Cancel". Brings the display up to date now and then.
     bool KeepGoing() final;
 
@@ -48,7 +51,7 @@ class FileJob : public CopyWatch {
     ~FileJob() = default;
 
     /// Shows the dialog and does the work; returns when the dialog has closed.
-    void Run();
+    void RunJob();
 
     /// The steps, on the worker thread. Returns the last status text.
     virtual const wchar_t* Work() = 0;
@@ -71,14 +74,14 @@ class FileJob : public CopyWatch {
     /// The same with any words.
     void Report(const wchar_t* text);
 
-    HWND Dialog() const { return dialog_; }
+    using DialogFrame::Window;
     std::span<SelectionEntry> Entries() const { return entries_; }
 
   private:
-    static INT_PTR CALLBACK DialogProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
     static DWORD WINAPI ThreadProcedure(void* job);
-    INT_PTR OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
-    void OnInit();
+    HWND OnInit() override;
+    void OnCommand(int id, int notification) override;
+    INT_PTR OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void OnCancelKey();
     void OnFinished();
     void OnQuestion(UINT message, WPARAM wParam, LPARAM lParam);
@@ -89,7 +92,6 @@ class FileJob : public CopyWatch {
     const JobLook& look_;
     std::wstring_view sourceFolder_;
     std::span<SelectionEntry> entries_;
-    HWND dialog_ = nullptr;
     ObjectHandle thread_;
     volatile LONG cancelRequested_ = 0; // set by the dialog, read by the worker
     bool idleResetAllowed_ = true;      // no question is open

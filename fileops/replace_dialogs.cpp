@@ -2,30 +2,17 @@
 
 #include <array>
 
+#include "app/dialog_frame.h"
 #include "app/path.h"
 #include "app/text.h"
 #include "app/text_format.h"
 #include "fileops/file_job.h"
-#include "fileops/job_dialog.h"
 #include "resources/resource.h"
 
 namespace {
 
-constexpr int fileTemplates[3] = {226, 227, 203};
-constexpr int folderTemplates[3] = {220, 221, 109};
-
-struct FileQuestion {
-    const wchar_t* target;
-    const wchar_t* source;
-    int answer = modeSkipped; // a question that ends in any unforeseen way counts as "No"
-    IconHandle targetIcon;
-    IconHandle sourceIcon;
-};
-
-struct FolderQuestion {
-    const wchar_t* target;
-    int answer = skipExistingFolder;
-};
+constexpr DialogLook fileLook{{226, 227, 203}, IDR_MENUBAR_QUESTION};
+constexpr DialogLook folderLook{{220, 221, 109}, IDR_MENUBAR_YES_NO};
 
 /// The controls that show one of the two files.
 struct FileControls {
@@ -91,34 +78,34 @@ IconHandle ShowFile(HWND dialog, const FileControls& controls, const wchar_t* pa
     return icon;
 }
 
-/// Under "From:" stands the file that is there, under "To:" the one that comes: in this order on purpose.
-void OnFileQuestion(HWND dialog, FileQuestion& question) {
-    ShowQuestion(dialog, question.target);
-    question.targetIcon = ShowFile(dialog, {IDC_OLD_ICON, IDC_OLD_SIZE, IDC_OLD_TIME}, question.target);
-    question.sourceIcon = ShowFile(dialog, {IDC_NEW_ICON, IDC_NEW_SIZE, IDC_NEW_TIME}, question.source);
-    CenterOnMainWindow(dialog);
-    ShowWindow(dialog, SW_SHOW);
-    SetForegroundWindow(dialog);
-    AddSoftKeys(dialog, IDR_MENUBAR_QUESTION);
-    FillScreen(dialog);
-}
+class ReplaceFileDialog final : public DialogFrame {
+  public:
+    ReplaceFileDialog(const wchar_t* target, const wchar_t* source)
+        : DialogFrame(fileLook), target_(target), source_(source) {}
+    int Answer() const { return answer_; }
 
-INT_PTR CALLBACK FileProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-    case WM_INITDIALOG:
-        SetWindowLongPtrW(dialog, DWLP_USER, lParam);
-        OnFileQuestion(dialog, *reinterpret_cast<FileQuestion*>(lParam));
-        return TRUE;
-    case WM_COMMAND: {
-        const int answer = JobAnswerOf(LOWORD(wParam));
-        reinterpret_cast<FileQuestion*>(GetWindowLongPtrW(dialog, DWLP_USER))->answer = answer;
-        EndDialog(dialog, answer == modeAsk || answer == modeAll ? 1 : 2);
-        return TRUE;
+  private:
+    /// Under "From:" stands the file that is there, under "To:" the one that comes: in this order on purpose.
+    HWND OnInit() override {
+        ShowQuestion(Window(), target_);
+        targetIcon_ = ShowFile(Window(), {IDC_OLD_ICON, IDC_OLD_SIZE, IDC_OLD_TIME}, target_);
+        sourceIcon_ = ShowFile(Window(), {IDC_NEW_ICON, IDC_NEW_SIZE, IDC_NEW_TIME}, source_);
+        ShowWindow(Window(), SW_SHOW);
+        SetForegroundWindow(Window());
+        return nullptr;
     }
-    default:
-        return FALSE;
+
+    void OnCommand(int id, int) override {
+        answer_ = JobAnswerOf(id);
+        End(AgreesTo(answer_) ? 1 : 2);
     }
-}
+
+    const wchar_t* target_;
+    const wchar_t* source_;
+    IconHandle targetIcon_;
+    IconHandle sourceIcon_;
+    int answer_ = modeSkipped; // a question that ends in any unforeseen way counts as "No"
+};
 
 /// The name of the folder that holds `target`; the device's own for the root.
 const wchar_t* HolderName(const wchar_t* target, Path& holder) {
@@ -127,45 +114,40 @@ const wchar_t* HolderName(const wchar_t* target, Path& holder) {
     return LeafOf(holder.View()).data();
 }
 
-void OnFolderQuestion(HWND dialog, const wchar_t* target) {
-    Path holder;
-    std::array<wchar_t, 2 * pathCapacity + 64> text{};
-    FormatText(text, L"In '%s', a folder called '%s' already exists.", HolderName(target, holder),
-               LeafOf(target).data());
-    SetDlgItemTextW(dialog, IDC_FOLDER_TEXT, text.data());
-    CenterOnMainWindow(dialog);
-    AddSoftKeys(dialog, IDR_MENUBAR_YES_NO);
-    FillScreen(dialog);
-}
+class ReplaceFolderDialog final : public DialogFrame {
+  public:
+    explicit ReplaceFolderDialog(const wchar_t* target) : DialogFrame(folderLook), target_(target) {}
+    int Answer() const { return answer_; }
 
-INT_PTR CALLBACK FolderProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-    case WM_INITDIALOG:
-        SetWindowLongPtrW(dialog, DWLP_USER, lParam);
-        OnFolderQuestion(dialog, reinterpret_cast<FolderQuestion*>(lParam)->target);
-        return TRUE;
-    case WM_COMMAND: {
-        const bool yes = LOWORD(wParam) == IDYES;
-        reinterpret_cast<FolderQuestion*>(GetWindowLongPtrW(dialog, DWLP_USER))->answer =
-            yes ? useExistingFolder : skipExistingFolder;
-        EndDialog(dialog, yes ? 1 : 2);
-        return TRUE;
+  private:
+    HWND OnInit() override {
+        Path holder;
+        std::array<wchar_t, 2 * pathCapacity + 64> text{};
+        FormatText(text, L"In '%s', a folder called '%s' already exists.", HolderName(target_, holder),
+                   LeafOf(target_).data());
+        SetDlgItemTextW(Window(), IDC_FOLDER_TEXT, text.data());
+        return nullptr;
     }
-    default:
-        return FALSE;
+
+    void OnCommand(int id, int) override {
+        answer_ = id == IDYES ? useExistingFolder : skipExistingFolder;
+        End(id == IDYES ? 1 : 2);
     }
-}
+
+    const wchar_t* target_;
+    int answer_ = skipExistingFolder;
+};
 
 } // namespace
 
 int AskReplaceFile(HWND owner, const wchar_t* target, const wchar_t* source) {
-    FileQuestion question{target, source, modeSkipped, {}, {}};
-    RunDialog(fileTemplates, owner, FileProcedure, &question);
-    return question.answer;
+    ReplaceFileDialog dialog(target, source);
+    dialog.Run(owner);
+    return dialog.Answer();
 }
 
 int AskReplaceFolder(HWND owner, const wchar_t* target) {
-    FolderQuestion question{target};
-    RunDialog(folderTemplates, owner, FolderProcedure, &question);
-    return question.answer;
+    ReplaceFolderDialog dialog(target);
+    dialog.Run(owner);
+    return dialog.Answer();
 }

@@ -12,8 +12,8 @@
 
 namespace {
 
-constexpr JobLook copyLook{{214, 215, 106}, L"Copy Files", L"'%s' cannot be copied."};
-constexpr JobLook moveLook{{214, 215, 106}, L"Move Files", L"'%s' cannot be copied."};
+constexpr JobLook copyLook{{{214, 215, 106}, IDR_MENUBAR_JOB}, L"Copy Files", L"'%s' cannot be copied."};
+constexpr JobLook moveLook{{{214, 215, 106}, IDR_MENUBAR_JOB}, L"Move Files", L"'%s' cannot be copied."};
 
 bool IsFolder(DWORD attributes) {
     return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
@@ -39,7 +39,7 @@ class TransferJob final : public FileJob {
         : FileJob(kind == Transfer::Move ? moveLook : copyLook, sourceFolder.View(), entries),
           isMove_(kind == Transfer::Move), targetFolder_(targetFolder), mover_(*this) {}
 
-    using FileJob::Run;
+    using FileJob::RunJob;
 
   private:
     const wchar_t* Work() override;
@@ -198,8 +198,8 @@ bool TransferJob::RemoveEmptied() {
 }
 
 int TransferJob::AnswerQuestion(UINT message, const wchar_t* subject, const wchar_t* source) {
-    return message == UM_ASKREPLACEFOLDER ? AskReplaceFolder(Dialog(), subject)
-                                          : AskReplaceFile(Dialog(), subject, source);
+    return message == UM_ASKREPLACEFOLDER ? AskReplaceFolder(Window(), subject)
+                                          : AskReplaceFile(Window(), subject, source);
 }
 
 } // namespace
@@ -213,6 +213,6 @@ bool TransferEntries(Transfer kind, const Path& sourceFolder, const Path& target
         return false;
     }
     TransferJob job(kind, sourceFolder, targetFolder, entries);
-    job.Run();
+    job.RunJob();
     return true;
 }

@@ -11,9 +11,10 @@ bool PathOf(const SelectionEntry& entry, Path& path) {
     return path.AssignChild(entry.folder.data(), entry.name.data());
 }
 
+/// The slot of an up-level entry is empty: it stays out of everything.
 bool StaysInFolder(const TransferRequest& request) {
     return std::ranges::any_of(request.entries, [&](const SelectionEntry& entry) {
-        return request.targetFolder == entry.folder.data();
+        return entry.kind != ItemKind::UpLevel && request.targetFolder == entry.folder.data();
     });
 }
 

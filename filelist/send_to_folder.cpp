@@ -1,0 +1,48 @@
+// "Copy To...", "Move To..." and "Send Shortcut To...": the selection goes to a folder that is asked for.
+
+#include "app/app_state.h"
+#include "app/wait_cursor.h"
+#include "filelist/file_list.h"
+#include "fileops/folder_chooser.h"
+
+void FileList::CopyTo() {
+    TransferTo(Transfer::Copy, L"Copy file to");
+}
+
+void FileList::MoveTo() {
+    TransferTo(Transfer::Move, L"Move file to");
+}
+
+void FileList::TransferTo(Transfer transfer, const wchar_t* title) {
+    const Path folder = currentFolder_;
+    FolderChoice choice{folder};
+    bool refresh = false;
+    if (ChooseFolder(title, choice)) {
+        std::vector<SelectionEntry> entries = CollectSelection();
+        // A selected up-level entry leaves an empty slot, which the job passes over.
+        entries.resize(static_cast<std::size_t>(SendMessageW(window_, LVM_GETSELECTEDCOUNT, 0, 0)));
+        refresh = !entries.empty() && TransferEntries(transfer, folder, choice.folder, entries);
+    }
+    if (!refresh && !choice.changed)
+        return;
+    appState.folderTree.SelectPath(choice.folder.View(), true, false);
+    GoToFolder(folder.View(), transfer == Transfer::Move ? treeRescan : treeSelectOnly);
+}
+
+void FileList::AskShortcutsTo() {
+    FolderChoice choice{currentFolder_};
+    if (ChooseFolder(L"Create shortcut to", choice))
+        ShortcutsTo(choice.folder);
+}
+
+void FileList::ShortcutsTo(const Path& destination) {
+    {
+        const WaitCursor wait;
+        for (int index = NextSelected(-1); index >= 0; index = NextSelected(index)) {
+            if (const FileItem* item = ItemAt(index))
+                MakeShortcut(destination.View(), item->folder, item->name.get());
+        }
+    }
+    if (EqualNoCase(destination.View(), currentFolder_.View()))
+        GoToFolder(destination.View(), treeSelectOnly);
+}

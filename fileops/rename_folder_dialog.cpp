@@ -1,0 +1,43 @@
+#include "fileops/rename_folder_dialog.h"
+
+#include "app/dialog_frame.h"
+#include "resources/resource.h"
+
+namespace {
+
+constexpr DialogLook look{{121, 121, 121}, IDR_MENUBAR_RENAME, true};
+
+class RenameFolderDialog final : public DialogFrame {
+  public:
+    explicit RenameFolderDialog(PathText& name) : DialogFrame(look), name_(name) {}
+
+  private:
+    HWND OnInit() override {
+        Prepare(IDC_RENAME_OTHER);
+        Prepare(IDC_RENAME_COUNTED);
+        return Control(IDC_RENAME_COUNTED);
+    }
+
+    void OnCommand(int id, int) override {
+        if (id == IDM_RENAME_OK) {
+            // The field under "Old Name : " is the one that counts; it has always been so.
+            GetDlgItemTextW(Window(), IDC_RENAME_COUNTED, name_.data(), static_cast<int>(name_.size()));
+            End(IDOK);
+        } else if (id == IDM_JOB_CANCEL || id == IDCANCEL) {
+            End(IDCANCEL);
+        }
+    }
+
+    void Prepare(int id) {
+        SendDlgItemMessageW(Window(), id, EM_LIMITTEXT, pathCapacity - 1, 0);
+        SetDlgItemTextW(Window(), id, name_.data());
+    }
+
+    PathText& name_;
+};
+
+} // namespace
+
+bool AskFolderName(HWND owner, PathText& name) {
+    return RenameFolderDialog(name).Run(owner) == IDOK;
+}
