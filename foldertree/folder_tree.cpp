@@ -100,7 +100,7 @@ bool FolderTree::OnNotify(NMHDR* notification, LRESULT* result) {
     case TVN_BEGINDRAGW:
         return OnNodeNotify(reinterpret_cast<NMTREEVIEWW*>(notification));
     case TVN_BEGINLABELEDITW:
-        OnBeginLabelEdit();
+        OnBeginLabelEdit(reinterpret_cast<NMTVDISPINFOW*>(notification)->item.hItem);
         return true;
     case TVN_ENDLABELEDITW: {
         const TVITEMW& item = reinterpret_cast<NMTVDISPINFOW*>(notification)->item;

@@ -66,9 +66,12 @@ class FolderTree {
     HTREEITEM InsertNode(HTREEITEM parent, const wchar_t* text, int image, int selectedImage, bool children);
     void InsertSubfolder(HTREEITEM parent, const Path& folder, const wchar_t* name, DWORD attributes);
     void RefreshChildren(HTREEITEM node);
+    void RefreshClosedNode(HTREEITEM node, const Path& folder);
+    void SetButton(HTREEITEM node, bool children);
     HTREEITEM FindChild(HTREEITEM node, std::wstring_view text) const;
     HTREEITEM DescendTo(std::wstring_view path);
     void Expand(HTREEITEM node, UINT action);
+    bool IsOpen(HTREEITEM node) const;
     void Select(HTREEITEM node);
 
     void RescanNode(HTREEITEM node);
@@ -77,7 +80,7 @@ class FolderTree {
     void FlushPendingSync();
     void SyncListToSelection();
 
-    void OnBeginLabelEdit();
+    void OnBeginLabelEdit(HTREEITEM node);
     bool OnEndLabelEdit(HTREEITEM node, const wchar_t* text);
     bool RenameEdited(HTREEITEM node, std::wstring_view name);
     void RefuseName(HTREEITEM node, const wchar_t* message);

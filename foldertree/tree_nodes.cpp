@@ -61,6 +61,31 @@ void FolderTree::InsertSubfolder(HTREEITEM parent, const Path& folder, const wch
     InsertNode(parent, name, images.normal, images.selected, children);
 }
 
+/// Gives the node its expand button or takes it away.
+void FolderTree::SetButton(HTREEITEM node, bool children) {
+    TVITEMW item{};
+    item.mask = TVIF_CHILDREN;
+    item.hItem = node;
+    SendMessageW(window_, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+    if ((item.cChildren != 0) == children)
+        return;
+    item.cChildren = children;
+    SendMessageW(window_, TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+}
+
+/// A node that stays while its folder may have got its first subfolder or lost the last. One that is open
+/// shows what it has and is left alone.
+void FolderTree::RefreshClosedNode(HTREEITEM node, const Path& folder) {
+    const bool filled = Related(TVGN_CHILD, node) != nullptr;
+    if (filled && IsOpen(node))
+        return;
+    const bool children = HasSubfolder(folder);
+    if (filled && !children)
+        RefreshChildren(node);
+    else
+        SetButton(node, children);
+}
+
 /// Brings the node's children in line with its folder. Those that stay keep what is open below them.
 void FolderTree::RefreshChildren(HTREEITEM node) {
     Path folder;
@@ -72,10 +97,14 @@ void FolderTree::RefreshChildren(HTREEITEM node) {
     for (HTREEITEM child = Related(TVGN_CHILD, node); child;) {
         HTREEITEM next = Related(TVGN_NEXT, child);
         const std::size_t position = FindSubfolder(subfolders, ReadText(child, text));
-        if (position < subfolders.size())
-            shown[position] = true;
-        else
+        Path path;
+        if (position == subfolders.size()) {
             SendMessageW(window_, TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(child));
+        } else {
+            shown[position] = true;
+            if (path.AssignChild(folder.View(), subfolders[position].Name()))
+                RefreshClosedNode(child, path);
+        }
         child = next;
     }
     // Behind the last one and sorted once: putting each at its place would look at all before it.
@@ -84,12 +113,7 @@ void FolderTree::RefreshChildren(HTREEITEM node) {
             InsertSubfolder(node, folder, subfolders[i].name.get(), subfolders[i].attributes);
     }
     SendMessageW(window_, TVM_SORTCHILDREN, FALSE, reinterpret_cast<LPARAM>(node));
-
-    TVITEMW item{};
-    item.mask = TVIF_CHILDREN;
-    item.hItem = node;
-    item.cChildren = !subfolders.empty();
-    SendMessageW(window_, TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+    SetButton(node, !subfolders.empty());
 }
 
 void FolderTree::Rebuild() {

@@ -20,12 +20,11 @@ void FolderTree::BeginRename() {
     SendMessageW(window_, TVM_EDITLABELW, 0, reinterpret_cast<LPARAM>(node));
 }
 
-void FolderTree::OnBeginLabelEdit() {
+void FolderTree::OnBeginLabelEdit(HTREEITEM node) {
     CancelHold();
     appState.labelEditing = true;
     UpdateMenuState();
-    HTREEITEM node = Caret();
-    if (!node || !PathOfNode(node, editedPath_))
+    if (!PathOfNode(node, editedPath_))
         editedPath_.Clear();
 }
 
@@ -70,9 +69,9 @@ bool FolderTree::RenameEdited(HTREEITEM node, std::wstring_view name) {
 
 /// Says why a name cannot be, and has the editor opened again.
 void FolderTree::RefuseName(HTREEITEM node, const wchar_t* message) {
-    MessageBoxW(appState.mainWindow, message, nullptr, MB_ICONERROR);
+    editAgain_ = node; // known before the box, behind which the node may go
+    MessageBoxW(appState.mainWindow, message, L"", MB_ICONERROR);
     SetFocus(window_);
-    editAgain_ = node;
     PostMessageW(window_, UM_EDITAGAIN, 0, 0);
 }
 

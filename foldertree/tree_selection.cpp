@@ -16,6 +16,11 @@ void FolderTree::Expand(HTREEITEM node, UINT action) {
     SendMessageW(window_, TVM_EXPAND, action, reinterpret_cast<LPARAM>(node));
 }
 
+bool FolderTree::IsOpen(HTREEITEM node) const {
+    return SendMessageW(window_, TVM_GETITEMSTATE, reinterpret_cast<WPARAM>(node), TVIS_EXPANDED) &
+           TVIS_EXPANDED;
+}
+
 void FolderTree::Select(HTREEITEM node) {
     SendMessageW(window_, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(node));
 }
@@ -45,9 +50,9 @@ HTREEITEM FolderTree::DescendTo(std::wstring_view path) {
 
 /// Reads the node's subfolders afresh and leaves it open if it was and still has any.
 void FolderTree::RescanNode(HTREEITEM node) {
-    const auto state = SendMessageW(window_, TVM_GETITEMSTATE, reinterpret_cast<WPARAM>(node), TVIS_EXPANDED);
+    const bool wasOpen = IsOpen(node);
     RefreshChildren(node);
-    const bool open = (state & TVIS_EXPANDED) && Related(TVGN_CHILD, node);
+    const bool open = wasOpen && Related(TVGN_CHILD, node);
     Expand(node, open ? TVE_EXPAND : TVE_COLLAPSE);
 }
 
