@@ -104,7 +104,7 @@ install_packages() {
             "${apt[@]}" install --no-install-recommends "$@"
     } >"$log" 2>&1 </dev/null; then
         tail -n 15 "$log" >&2
-        local offline='resolve|connect to|Connection|timed out|unreachable'
+        local offline='resolv|connect to|Connection|timed out|unreachable'
         if grep -qE "$offline" "$log"; then
             rm -f "$log"
             fail "no network: Debian's packages cannot be reached, and these are missing: $packages" \
