@@ -2,9 +2,9 @@
 
 #include <array>
 
-#include "app/dialog_frame.h"
 #include "app/app_state.h"
 #include "app/device_info.h"
+#include "app/dialog_frame.h"
 #include "app/text.h"
 #include "app/wait_cursor.h"
 #include "fileops/chooser_tree.h"
