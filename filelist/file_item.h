@@ -24,7 +24,7 @@ struct FileItem {
     ItemKind kind = ItemKind::UpLevel;
     DWORD attributes = 0;
     std::int32_t iconIndex = 0;
-    std::int32_t row = -1; // the row of the view that shows the entry
+    std::int32_t row = -1; // the row of the view that the entry was put in
 
     // Made when first drawn, kept until the entry goes.
     OwnedText displayName;

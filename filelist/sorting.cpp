@@ -131,9 +131,12 @@ void ApplyColumnClick(ListOptions& options, int column) {
 }
 
 void FileList::SortList() {
-    std::vector<FileItem*> shown(records_.items.size());
-    for (const std::unique_ptr<FileItem>& item : records_.items)
-        shown[static_cast<std::size_t>(item->row)] = item.get();
+    std::vector<FileItem*> shown;
+    shown.reserve(records_.items.size());
+    for (int row = 0; FileItem* item = ItemAt(row); ++row) {
+        item->row = row; // rows above may have gone
+        shown.push_back(item);
+    }
     SortItems(shown, options);
     SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
     ReorderRows(window_, shown);

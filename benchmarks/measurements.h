@@ -1,0 +1,12 @@
+#pragma once
+// The measurements, each with its name on ./bench's command line. They run in the started program.
+
+/// Folders of 10,000 and 100,000 entries shown, shown again, left, selected and restyled; bytes of an entry.
+void MeasureListing();
+/// Orders worked out without a window, and the list's rows put in another order.
+void MeasureSorting();
+/// Icons of entries drawn again.
+void MeasureIcons();
+
+constexpr int fewEntries = 10'000;
+constexpr int manyEntries = 100'000;
