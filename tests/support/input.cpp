@@ -23,9 +23,11 @@ void SendModifiers(unsigned modifiers, bool up) {
         SendKey(VK_MENU, up);
 }
 
-void SendMouse(DWORD flags) {
+void SendMouse(DWORD flags, LONG x = 0, LONG y = 0) {
     INPUT input{};
     input.type = INPUT_MOUSE;
+    input.mi.dx = x;
+    input.mi.dy = y;
     input.mi.dwFlags = flags;
     SendInput(1, &input, sizeof(input));
 }
@@ -53,8 +55,10 @@ void PostKey(HWND window, WORD key) {
 }
 
 void StylusMove(POINT point) {
-    SetCursorPos(point.x, point.y);
-    SendMouse(MOUSEEVENTF_MOVE); // tells the window under it, also when it was there already
+    // By absolute places only: SetCursorPos comes back from the X screen once more, and late.
+    const auto scaled = [](LONG place, int size) { return (place * 65536 + 32768) / size; };
+    SendMouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, scaled(point.x, GetSystemMetrics(SM_CXSCREEN)),
+              scaled(point.y, GetSystemMetrics(SM_CYSCREEN)));
 }
 
 void StylusDown(POINT point) {

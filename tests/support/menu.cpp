@@ -5,56 +5,14 @@
 #include <memory>
 #include <stdexcept>
 
+#include "tests/support/inside.h"
 #include "tests/support/live_window.h"
-#include "tests/support/probe/menu_probe.h"
+#include "tests/support/probe/probe.h"
 #include "tests/support/text.h"
 
 namespace {
 
-constexpr DWORD threadPatience = 10000; // milliseconds
-
-std::wstring ProbePath() {
-    wchar_t path[MAX_PATH];
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    std::wstring text = path;
-    return text.substr(0, text.rfind(L'\\') + 1) + L"menu_probe.dll";
-}
-
-/// Runs a function of the program's address space in the program and returns its result.
-DWORD RunThere(HANDLE process, void* function, void* parameter) {
-    const HANDLE thread = CreateRemoteThread(
-        process, nullptr, 0, reinterpret_cast<LPTHREAD_START_ROUTINE>(function), parameter, 0, nullptr);
-    if (!thread)
-        throw std::runtime_error("the program cannot be asked for its menus: it has ended");
-    WaitForSingleObject(thread, threadPatience);
-    DWORD result = 0;
-    GetExitCodeThread(thread, &result);
-    CloseHandle(thread);
-    return result;
-}
-
-/// Loads the probe into the process of `window`, if it is not there yet, and returns its base there. The
-/// probe is linked to lie below 4 GB, so that a thread's exit code holds the whole address.
-std::byte* LoadProbe(HWND window) {
-    const std::wstring path = ProbePath();
-    RemoteMemory text(window, (path.size() + 1) * sizeof(wchar_t));
-    text.Write(path.c_str(), (path.size() + 1) * sizeof(wchar_t));
-    // The system's libraries lie at the same address in every process.
-    void* const load = reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32"), "LoadLibraryW"));
-    const DWORD base = RunThere(text.Process(), load, text.Address());
-    if (!base)
-        throw std::runtime_error("the program could not load " + Narrow(path));
-    return reinterpret_cast<std::byte*>(static_cast<std::uintptr_t>(base));
-}
-
-std::size_t ReportOffset() {
-    static const std::size_t offset = [] {
-        const HMODULE probe = LoadLibraryW(ProbePath().c_str());
-        const auto* function = reinterpret_cast<std::byte*>(GetProcAddress(probe, "ReportMenu"));
-        return static_cast<std::size_t>(function - reinterpret_cast<std::byte*>(probe));
-    }();
-    return offset;
-}
+constexpr UINT answerPatience = 10000; // milliseconds
 
 /// Takes the items of one level, and of the popups under them, from the flat report.
 std::vector<MenuItem> TakeLevel(const MenuReport& report, UINT level, UINT& next) {
@@ -106,22 +64,25 @@ const MenuItem* FindCommand(const std::vector<MenuItem>& items, UINT command) {
 } // namespace
 
 Menu ReadMenu(HWND window, HMENU menu) {
-    std::byte* const probe = LoadProbe(window);
-    RemoteMemory memory(window, sizeof(MenuReport));
-    memory.Write(&menu, sizeof(menu));
-    RunThere(memory.Process(), probe + ReportOffset(), memory.Address());
     const auto report = std::make_unique<MenuReport>();
-    memory.Read(report.get(), sizeof(*report));
+    report->menu = menu;
+    RunInside(window, "ReportMenu", report.get(), sizeof(*report));
     UINT next = 0;
     return Menu(TakeLevel(*report, 0, next));
 }
 
-std::vector<HMENU> OpenPopups(DWORD process) {
-    std::vector<HMENU> menus;
+std::vector<HWND> OpenPopups(DWORD process) {
+    std::vector<HWND> popups;
     for (HWND window : TopWindowsOf(process))
         if (ClassOf(window) == L"#32768" && IsWindowVisible(window))
-            menus.insert(menus.begin(), reinterpret_cast<HMENU>(Ask(window, MN_GETHMENU)));
-    return menus;
+            popups.insert(popups.begin(), window);
+    return popups;
+}
+
+HMENU MenuOf(HWND popup) {
+    DWORD_PTR menu = 0;
+    SendMessageTimeoutW(popup, MN_GETHMENU, 0, 0, SMTO_NORMAL, answerPatience, &menu);
+    return reinterpret_cast<HMENU>(menu);
 }
 
 std::vector<std::wstring> Menu::Texts() const {

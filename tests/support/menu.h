@@ -48,5 +48,7 @@ class Menu {
 /// Reads a menu that belongs to the program of `window`, with all its popups.
 Menu ReadMenu(HWND window, HMENU menu);
 
-/// The popup menus of a process that are open on the screen, the innermost last.
-std::vector<HMENU> OpenPopups(DWORD process);
+/// The windows of the popup menus that a process has open on the screen, the innermost last.
+std::vector<HWND> OpenPopups(DWORD process);
+/// The menu that such a window shows; null when it has just closed.
+HMENU MenuOf(HWND popup);

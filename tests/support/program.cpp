@@ -166,8 +166,13 @@ std::vector<std::wstring> Program::SoftKeys() const {
 }
 
 Menu Program::WaitForMenu() const {
-    WaitFor("for a menu to open", [&] { return MenuIsOpen(); });
-    return ReadMenu(window_, OpenPopups(processId_).back());
+    HMENU menu = nullptr;
+    WaitFor("for a menu to open", [&] {
+        const std::vector<HWND> popups = OpenPopups(processId_);
+        menu = popups.empty() ? nullptr : MenuOf(popups.back());
+        return menu != nullptr;
+    });
+    return ReadMenu(window_, menu);
 }
 
 void Program::CloseMenus() {

@@ -10,6 +10,7 @@
 #include "tests/support/device.h"
 #include "tests/support/host.h"
 #include "tests/support/input.h"
+#include "tests/support/inside.h"
 #include "tests/support/live_window.h"
 #include "tests/support/other_program.h"
 #include "tests/support/program.h"

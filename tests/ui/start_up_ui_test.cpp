@@ -41,8 +41,8 @@ TEST_F(StartUpUi, GivesTheKeyboardToTheListWithItsFirstRowSelected) {
 
 TEST_F(StartUpUi, HasItsSmallAndItsBigIcon) {
     program.Start();
-    EXPECT_NE(Ask(program.Window(), WM_GETICON, ICON_SMALL), 0);
-    EXPECT_NE(Ask(program.Window(), WM_GETICON, ICON_BIG), 0);
+    EXPECT_NE(AskInside(program.Window(), WM_GETICON, ICON_SMALL), 0);
+    EXPECT_NE(AskInside(program.Window(), WM_GETICON, ICON_BIG), 0);
 }
 
 TEST_F(StartUpUi, StartsOnADeviceThatHasNothing) {

@@ -1,4 +1,4 @@
-#include "tests/support/probe/menu_probe.h"
+#include "tests/support/probe/probe.h"
 
 #include <iterator>
 
@@ -31,5 +31,20 @@ DWORD WINAPI ReportMenu(void* report) {
     auto& menuReport = *static_cast<MenuReport*>(report);
     menuReport.count = 0;
     Walk(menuReport.menu, 0, menuReport);
+    return 0;
+}
+
+DWORD WINAPI ReportMessage(void* report) {
+    auto& question = *static_cast<MessageReport*>(report);
+    question.answer = SendMessageW(question.window, question.message, question.wParam, question.lParam);
+    return 0;
+}
+
+DWORD WINAPI ReportFont(void* report) {
+    auto& fontReport = *static_cast<FontReport*>(report);
+    auto font = reinterpret_cast<HFONT>(SendMessageW(fontReport.window, WM_GETFONT, 0, 0));
+    if (!font)
+        font = static_cast<HFONT>(GetStockObject(SYSTEM_FONT)); // what a window without a font draws with
+    GetObjectW(font, sizeof(fontReport.font), &fontReport.font);
     return 0;
 }

@@ -1,0 +1,43 @@
+#pragma once
+// What the probe library, loaded into the program, finds out there: none of it can be seen from outside.
+// Each export is run as a thread of the program and fills in the record it is given.
+
+#include <windows.h>
+
+struct ProbedItem {
+    UINT level; // nesting: the popup's own items have 0
+    UINT id;
+    UINT type;  // MFT_...
+    UINT state; // MFS_...
+    BOOL hasPopup;
+    wchar_t text[120];
+};
+
+struct MenuReport {
+    HMENU menu; // asked for
+    UINT count;
+    ProbedItem items[400];
+};
+
+struct MessageReport {
+    HWND window; // asked for, with the three below
+    UINT message;
+    WPARAM wParam;
+    LPARAM lParam;
+    LRESULT answer;
+};
+
+struct FontReport {
+    HWND window; // asked for
+    LOGFONTW font;
+};
+
+extern "C" {
+
+/// All items of a MenuReport's menu.
+__declspec(dllexport) DWORD WINAPI ReportMenu(void* report);
+/// The answer to a MessageReport's message.
+__declspec(dllexport) DWORD WINAPI ReportMessage(void* report);
+/// The font that a FontReport's window draws with.
+__declspec(dllexport) DWORD WINAPI ReportFont(void* report);
+}
