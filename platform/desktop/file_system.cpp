@@ -91,7 +91,7 @@ BOOL FindClose(HANDLE find) {
 }
 
 DWORD GetFileAttributesW(const wchar_t* path) {
-    if (path == nullptr)
+    if (path == nullptr || *path == L'\0')
         return INVALID_FILE_ATTRIBUTES;
     if (IsRoot(path))
         return FILE_ATTRIBUTE_DIRECTORY;
