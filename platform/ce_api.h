@@ -7,7 +7,6 @@
 #include <commctrl.h>
 #include <commdlg.h>
 #include <shellapi.h>
-#include <shlobj.h>
 #include <winnetwk.h>
 
 #include "platform/ce_types.h"

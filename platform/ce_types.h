@@ -88,3 +88,14 @@ struct NMRGINFO {
 constexpr DWORD EVENT_PULSE = 1;
 constexpr DWORD EVENT_RESET = 2;
 constexpr DWORD EVENT_SET = 3;
+
+// Special folders; here because the header that has them costs every source a second.
+constexpr int CSIDL_DESKTOP = 0x00;
+constexpr int CSIDL_PROGRAMS = 0x02;
+constexpr int CSIDL_PERSONAL = 0x05;
+constexpr int CSIDL_FAVORITES = 0x06;
+constexpr int CSIDL_STARTMENU = 0x0b;
+constexpr int CSIDL_DESKTOPDIRECTORY = 0x10;
+constexpr int CSIDL_FONTS = 0x14;
+constexpr int CSIDL_WINDOWS = 0x24;
+constexpr int CSIDL_PROGRAM_FILES = 0x26;
