@@ -14,7 +14,7 @@ constexpr std::size_t numberCapacity = 64;
 using NumberText = std::array<wchar_t, numberCapacity>;
 
 bool FormatNumber(const wchar_t* plain, NumberText& formatted, LCID locale) {
-    return GetNumberFormatW(locale, 0, plain, nullptr, formatted.data(), numberCapacity) > 0;
+    return ce::GetNumberFormatW(locale, 0, plain, nullptr, formatted.data(), numberCapacity) > 0;
 }
 
 /// Takes a text over whole, or leaves `out` as it is.
@@ -23,20 +23,22 @@ void ReplaceIfFitting(std::span<wchar_t> out, std::wstring_view text) {
         CopyTextTo(out, text);
 }
 
-/// Both write as much as fits and return its length: all or nothing.
-std::size_t WriteDate(const SYSTEMTIME& time, std::span<wchar_t> out, LCID locale) {
-    const int written =
-        GetDateFormatW(locale, DATE_SHORTDATE, &time, nullptr, out.data(), static_cast<int>(out.size()));
+/// Ends a text of which the platform reports to have written so much, the terminator included; it reports
+/// nothing when the text did not fit. Returns the text's length.
+std::size_t EndText(std::span<wchar_t> out, int written) {
     const std::size_t length = written > 0 ? static_cast<std::size_t>(written) - 1 : 0;
     out[length] = L'\0';
     return length;
 }
 
+std::size_t WriteDate(const SYSTEMTIME& time, std::span<wchar_t> out, LCID locale) {
+    const int capacity = static_cast<int>(out.size());
+    return EndText(out, GetDateFormatW(locale, DATE_SHORTDATE, &time, nullptr, out.data(), capacity));
+}
+
 std::size_t WriteTime(const SYSTEMTIME& time, std::span<wchar_t> out, LCID locale) {
-    const int written = GetTimeFormatW(locale, 0, &time, nullptr, out.data(), static_cast<int>(out.size()));
-    const std::size_t length = written > 0 ? static_cast<std::size_t>(written) - 1 : 0;
-    out[length] = L'\0';
-    return length;
+    const int capacity = static_cast<int>(out.size());
+    return EndText(out, GetTimeFormatW(locale, 0, &time, nullptr, out.data(), capacity));
 }
 
 bool IsToday(const SYSTEMTIME& time) {

@@ -33,7 +33,8 @@ BOOL RemoveDirectoryW(const wchar_t* path);
 /// Deletes a file, or a link to one and not what is behind it.
 BOOL DeleteFileW(const wchar_t* path);
 
-/// Renames or moves a file, a folder, or a link alone: what is behind a link stays where it is.
+/// Renames or moves a file, a folder, or a link alone: what is behind a link stays where it is. From one volume
+/// to another it fails with ERROR_NOT_SAME_DEVICE, where a copy that could be watched and stopped does it.
 BOOL MoveFileW(const wchar_t* from, const wchar_t* to);
 
 // --- shell.cpp ---
@@ -49,6 +50,13 @@ BOOL GetOpenFileNameW(OPENFILENAMEW* request);
 FARPROC GetProcAddressW(HMODULE library, const wchar_t* name);
 void SystemIdleTimerReset();
 BOOL EventModify(HANDLE event, DWORD function);
+
+// --- number_format.cpp ---
+
+/// As GetNumberFormatW; without a format of the caller's, every group of digits is set apart and the number is
+/// rounded first, where the host sets apart only the last group.
+int GetNumberFormatW(LCID locale, DWORD flags, const wchar_t* number, const NUMBERFMTW* format, wchar_t* text,
+                     int capacity);
 
 // --- shortcuts.cpp: the phone's text shortcut files. Any thread. ---
 

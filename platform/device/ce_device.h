@@ -46,6 +46,7 @@ using ::FindClose;
 using ::FindFirstFileW;
 using ::FindNextFileW;
 using ::GetFileAttributesW;
+using ::GetNumberFormatW;
 using ::GetOpenFileNameW;
 using ::GetProcAddressW;
 using ::GetSaveFileNameW;
