@@ -105,8 +105,13 @@ BOOL SetFileAttributesW(const wchar_t* path, DWORD attributes) {
         FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE;
     if (IsHostLink(path))
         return TRUE; // a link has none of its own, and what is behind it is not meant
+    const auto set = [path](DWORD wanted) {
+        return ::SetFileAttributesW(path, wanted != 0 ? wanted : FILE_ATTRIBUTE_NORMAL);
+    };
+    // The host refuses to note the others at a file that is read-only: that comes last.
     const DWORD wanted = attributes & kept;
-    return ::SetFileAttributesW(path, wanted != 0 ? wanted : FILE_ATTRIBUTE_NORMAL);
+    const BOOL done = set(wanted & ~static_cast<DWORD>(FILE_ATTRIBUTE_READONLY));
+    return (wanted & FILE_ATTRIBUTE_READONLY) != 0 ? done && set(wanted) : done;
 }
 
 BOOL RemoveDirectoryW(const wchar_t* path) {
@@ -118,7 +123,7 @@ BOOL DeleteFileW(const wchar_t* path) {
 }
 
 BOOL MoveFileW(const wchar_t* from, const wchar_t* to) {
-    return IsHostLink(from) ? MoveHostLink(from, to) : ::MoveFileW(from, to);
+    return IsHostLink(from) ? MoveHostLink(from, to) : ::MoveFileExW(from, to, 0);
 }
 
 } // namespace ce
