@@ -53,7 +53,7 @@ Focus FindFocus() {
     return Focus::Elsewhere;
 }
 
-// No archiver is at hand in this build of the facts, so nothing counts as an archive.
+/// Nothing is known of archivers here: both facts about them keep saying no.
 MenuFacts GatherMenuFacts() {
     const FileList& list = appState.fileList;
     MenuFacts facts;

@@ -88,7 +88,7 @@ TEST_F(CommandBarStore, PassesOverEmptyAndMissingEntries) {
 }
 
 TEST_F(CommandBarStore, MeasuresRecentEntries) {
-    Store(recentKey, L"Recent1", REG_BINARY, std::wstring(260, L'x').data(), 520);
+    Store(recentKey, L"Recent1", REG_BINARY, std::wstring(261, L'x').data(), 520);
     Store(recentKey, L"Recent2", REG_SZ, std::wstring(300, L'y').data(), 600);
     Store(recentKey, L"Recent3", REG_SZ, L"\\ab", 5);
     LoadRecent(combo_);
