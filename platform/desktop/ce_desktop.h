@@ -33,8 +33,9 @@ BOOL RemoveDirectoryW(const wchar_t* path);
 /// Deletes a file, or a link to one and not what is behind it.
 BOOL DeleteFileW(const wchar_t* path);
 
-/// Renames or moves a file, a folder, or a link alone: what is behind a link stays where it is. From one volume
-/// to another it fails with ERROR_NOT_SAME_DEVICE, where a copy that could be watched and stopped does it.
+/// Renames or moves a file, a folder, or a link alone: what is behind a link stays where it is. From one
+/// volume to another it fails with ERROR_NOT_SAME_DEVICE, where a copy that could be watched and stopped does
+/// it.
 BOOL MoveFileW(const wchar_t* from, const wchar_t* to);
 
 // --- shell.cpp ---
@@ -53,8 +54,8 @@ BOOL EventModify(HANDLE event, DWORD function);
 
 // --- number_format.cpp ---
 
-/// As GetNumberFormatW; without a format of the caller's, every group of digits is set apart and the number is
-/// rounded first, where the host sets apart only the last group.
+/// As GetNumberFormatW; without a format of the caller's, every group of digits is set apart and the number
+/// is rounded first, where the host sets apart only the last group.
 int GetNumberFormatW(LCID locale, DWORD flags, const wchar_t* number, const NUMBERFMTW* format, wchar_t* text,
                      int capacity);
 
