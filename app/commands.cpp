@@ -4,7 +4,9 @@
 #include "app/menu_state.h"
 #include "app/pane_layout.h"
 #include "app/sticky_keys.h"
+#include "fileops/selection_properties.h"
 #include "resources/resource.h"
+#include "search/file_search.h"
 
 namespace {
 
@@ -76,16 +78,62 @@ void OnChangeView(int) {
     }
 }
 
+// --- What becomes of the selection ---
+
+void OperateOnSelection(int id) {
+    FileList& list = appState.fileList;
+    switch (id) {
+    case IDM_TOOLBAR_COPY:
+        return list.CopySelection();
+    case IDM_TOOLBAR_CUT:
+        return list.CutSelection();
+    case IDM_FILE_SHORTCUT:
+        return list.ShortcutsHere();
+    case IDM_EDIT_COPY_NAME:
+        return list.CopyNameToClipboard();
+    case IDM_EDIT_COPY_PATH:
+        return list.CopyPathToClipboard();
+    case IDM_SENDTO_COPY_TO:
+        return list.CopyTo();
+    case IDM_SENDTO_MOVE_TO:
+        return list.MoveTo();
+    case IDM_SENDTO_SHORTCUT_TO:
+        return list.AskShortcutsTo();
+    case IDM_MENU_PROPERTIES:
+        return ShowSelectionProperties();
+    default:
+        return list.DeleteSelection();
+    }
+}
+
+void OnSelectedFiles(int id) {
+    if (IsListFocused())
+        OperateOnSelection(id);
+    else if (IsTreeFocused())
+        appState.folderTree.OperateOnFolder(OperateOnSelection, id);
+}
+
+void OnProperties(int id) {
+    // The tree's root stands for the device.
+    if (IsTreeFocused() && appState.fileList.CurrentFolder().IsEmpty())
+        ShowDeviceProperties();
+    else
+        OnSelectedFiles(id);
+}
+
+void OnFileSearch(int) {
+    const Pane pane = IsTreeFocused() ? Pane::Tree : Pane::List;
+    RunFileSearch();
+    FocusPane(pane);
+}
+
 // --- Clipboards: the list's own, and that of an edit field ---
 
 void OnCopyOrCut(int id) {
-    const bool copy = id == IDM_TOOLBAR_COPY;
-    if (IsListFocused()) {
-        copy ? appState.fileList.CopySelection() : appState.fileList.CutSelection();
-    } else if (!IsTreeFocused()) {
-        SendMessageW(GetFocus(), copy ? WM_COPY : WM_CUT, 0, 0);
-        UpdatePasteItems(true, false);
-    }
+    if (IsListFocused() || IsTreeFocused())
+        return OnSelectedFiles(id);
+    SendMessageW(GetFocus(), id == IDM_TOOLBAR_COPY ? WM_COPY : WM_CUT, 0, 0);
+    UpdatePasteItems(true, false);
 }
 
 void OnPaste(int) {
@@ -97,28 +145,6 @@ void OnPaste(int) {
 
 void OnPasteShortcut(int) {
     appState.fileList.PasteShortcut(true);
-}
-
-// --- What becomes of the selection ---
-
-void OnSelectedFiles(int id) {
-    FileList& list = appState.fileList;
-    if (!IsListFocused())
-        return;
-    switch (id) {
-    case IDM_EDIT_COPY_NAME:
-        return list.CopyNameToClipboard();
-    case IDM_EDIT_COPY_PATH:
-        return list.CopyPathToClipboard();
-    case IDM_SENDTO_COPY_TO:
-        return list.CopyTo();
-    case IDM_SENDTO_MOVE_TO:
-        return list.MoveTo();
-    case IDM_SENDTO_SHORTCUT_TO:
-        return list.AskShortcutsTo();
-    default:
-        return list.DeleteSelection();
-    }
 }
 
 // --- View ---
@@ -200,11 +226,6 @@ void OnNewFolder(int) {
     appState.fileList.NewFolder();
 }
 
-void OnShortcut(int) {
-    if (IsListFocused())
-        appState.fileList.ShortcutsHere();
-}
-
 // --- Program ---
 
 void OnUserManual(int) {
@@ -237,7 +258,7 @@ constexpr Command commandTable[] = {
     {IDM_FILE_OPEN, OnOpen},
     {IDM_FILE_RENAME, OnRename},
     {IDM_FILE_NEW_FOLDER, OnNewFolder},
-    {IDM_FILE_SHORTCUT, OnShortcut},
+    {IDM_FILE_SHORTCUT, OnSelectedFiles},
     {IDM_MENU_REFRESH, OnRefresh},
     {IDM_MENU_EXIT, OnExit},
     {IDM_HELP_USER_MANUAL, OnUserManual},
@@ -252,6 +273,8 @@ constexpr Command commandTable[] = {
     {IDM_SENDTO_MOVE_TO, OnSelectedFiles},
     {IDM_SENDTO_SHORTCUT_TO, OnSelectedFiles},
     {IDM_FILE_DELETE, OnSelectedFiles},
+    {IDM_MENU_PROPERTIES, OnProperties},
+    {IDM_FILE_SEARCH, OnFileSearch},
     {IDM_EDIT_SELECT_ALL, OnSelection},
     {IDM_EDIT_REVERSE_SELECTION, OnSelection},
     {IDM_EDIT_RELEASE_SELECTION, OnSelection},

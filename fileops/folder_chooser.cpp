@@ -171,6 +171,6 @@ void FolderChooser::RenameSelected(HTREEITEM node, PathText& name) {
 
 } // namespace
 
-bool ChooseFolder(const wchar_t* title, FolderChoice& choice) {
-    return FolderChooser(title, choice).Run(appState.mainWindow) == IDOK;
+bool ChooseFolder(const wchar_t* title, FolderChoice& choice, HWND owner) {
+    return FolderChooser(title, choice).Run(owner ? owner : appState.mainWindow) == IDOK;
 }

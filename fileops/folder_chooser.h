@@ -2,11 +2,13 @@
 // The dialog in which the user picks a folder of the device from a tree.
 
 #include "app/path.h"
+#include "platform/ce_api.h"
 
 struct FolderChoice {
     Path folder;          // shown first; the chosen one once confirmed
     bool changed = false; // a folder was made or renamed in the dialog, confirmed or not
 };
 
-/// Runs the dialog. True when the user confirmed; the folder is left as it was otherwise.
-bool ChooseFolder(const wchar_t* title, FolderChoice& choice);
+/// Runs the dialog over `owner`, the main window for null. True when the user confirmed; the folder is left as
+/// it was otherwise.
+bool ChooseFolder(const wchar_t* title, FolderChoice& choice, HWND owner = nullptr);

@@ -1,0 +1,16 @@
+#include "search/file_search.h"
+
+#include "app/app_state.h"
+#include "app/device_info.h"
+#include "search/search_dialog.h"
+
+void RunFileSearch() {
+    INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_DATE_CLASSES};
+    InitCommonControlsEx(&controls);
+    const bool panelShown = (GetSipFlags() & SIPF_ON) != 0;
+    const INT_PTR searched = SearchDialog().Run(appState.mainWindow);
+    if (!panelShown)
+        ce::SipShowIM(SIPF_OFF);
+    if (searched > 0)
+        appState.fileList.GoToFolder(searchFolder, treeRescan);
+}

@@ -1,0 +1,5 @@
+#pragma once
+// "File Search..."
+
+/// Asks what to search for below the folder shown, searches, and shows what was found in the list.
+void RunFileSearch();

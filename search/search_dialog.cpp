@@ -1,0 +1,161 @@
+#include "search/search_dialog.h"
+
+#include <cstdlib>
+#include <memory>
+
+#include "app/app_state.h"
+#include "app/device_info.h"
+#include "app/wait_cursor.h"
+#include "fileops/folder_chooser.h"
+#include "resources/resource.h"
+#include "search/name_match.h"
+#include "search/walk.h"
+
+namespace {
+
+constexpr DialogLook look{{IDD_SEARCH_240, IDD_SEARCH_320, IDD_SEARCH_SMALL}, IDR_MENUBAR_SEARCH, true, true};
+
+/// The dialog to itself, hidden by then: search.
+constexpr UINT UM_SEARCH = WM_USER + 100;
+
+constexpr int betweenEntry = 1; // of the date list
+
+constexpr int dateBoxes[] = {IDC_SEARCH_DATE_MODE, IDC_SEARCH_FIRST_DAY, IDC_SEARCH_LAST_DAY};
+constexpr int sizeBoxes[] = {IDC_SEARCH_SIZE_MODE, IDC_SEARCH_KILOBYTES};
+
+} // namespace
+
+SearchDialog::SearchDialog() : DialogFrame(look) {}
+
+HWND SearchDialog::OnInit() {
+    FillLists();
+    ShowLocation(appState.fileList.CurrentFolder());
+    SetDlgItemTextW(Window(), IDC_SEARCH_KILOBYTES, L"0");
+    SendMessageW(Control(IDC_SEARCH_CASE), BM_SETCHECK, BST_CHECKED, 0);
+    SendMessageW(Control(IDC_SEARCH_SUBFOLDERS), BM_SETCHECK, BST_CHECKED, 0);
+    FollowDateBox();
+    FollowSizeBox();
+    ce::SipShowIM(SIPF_ON);
+    return Control(IDC_SEARCH_NAME);
+}
+
+void SearchDialog::OnCommand(int id, int notification) {
+    switch (id) {
+    case IDM_SEARCH_OK:
+    case IDOK:
+        ShowWindow(Window(), SW_HIDE);
+        PostMessageW(Window(), UM_SEARCH, 0, 0);
+        return;
+    case IDM_SEARCH_EXPLORER:
+        return OnExplorer();
+    case IDM_SEARCH_CANCEL:
+    case IDCANCEL:
+        return End(0);
+    case IDC_SEARCH_DATE:
+        return FollowDateBox();
+    case IDC_SEARCH_DATE_MODE:
+        if (notification == CBN_SELCHANGE)
+            FollowDateBox();
+        return;
+    case IDC_SEARCH_SIZE:
+        return FollowSizeBox();
+    default:
+        return;
+    }
+}
+
+INT_PTR SearchDialog::OnMessage(UINT message, WPARAM, LPARAM) {
+    if (message != UM_SEARCH)
+        return FALSE;
+    ce::SipShowIM(SIPF_OFF);
+    OnSearch();
+    End(1);
+    return TRUE;
+}
+
+void SearchDialog::FillLists() {
+    const auto add = [&](int list, const wchar_t* text) {
+        SendMessageW(Control(list), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
+    };
+    for (const wchar_t* text : {L"", L"Area", L"Before", L"After"})
+        add(IDC_SEARCH_DATE_MODE, text);
+    for (const wchar_t* text : {L"", L"MIN", L"MAX"})
+        add(IDC_SEARCH_SIZE_MODE, text);
+}
+
+void SearchDialog::ShowLocation(const Path& folder) {
+    const bool isFolder = !folder.IsEmpty() && !folder.IsSearchFolder();
+    SetDlgItemTextW(Window(), IDC_SEARCH_LOCATION, isFolder ? folder.Text() : DeviceDisplayName());
+}
+
+void SearchDialog::FollowDateBox() {
+    for (const int box : dateBoxes)
+        EnableWindow(Control(box), IsChecked(IDC_SEARCH_DATE));
+    const bool between = SelectionOf(IDC_SEARCH_DATE_MODE) == betweenEntry;
+    ShowWindow(Control(IDC_SEARCH_LAST_DAY), between ? SW_SHOW : SW_HIDE);
+}
+
+void SearchDialog::FollowSizeBox() {
+    for (const int box : sizeBoxes)
+        EnableWindow(Control(box), IsChecked(IDC_SEARCH_SIZE));
+}
+
+void SearchDialog::OnExplorer() {
+    FolderChoice choice;
+    choice.folder = ReadLocation();
+    if (ChooseFolder(L"File Search", choice, Window())) {
+        ShowLocation(choice.folder);
+        SetFocus(Control(IDC_SEARCH_LOCATION));
+    }
+    if (choice.changed)
+        appState.fileList.GoToFolder(appState.fileList.CurrentFolder().View(), treeRescan);
+}
+
+void SearchDialog::OnSearch() {
+    const WaitCursor wait;
+    appState.fileList.searchResults.Clear();
+    const auto criteria = std::make_unique<SearchCriteria>();
+    ReadCriteria(*criteria);
+    RunSearch(*criteria, appState.fileList.searchResults);
+}
+
+void SearchDialog::ReadCriteria(SearchCriteria& criteria) const {
+    const auto read = [&](int id, auto& text) {
+        return GetDlgItemTextW(Window(), id, text.data(), static_cast<int>(text.size()));
+    };
+    const UINT nameLength = read(IDC_SEARCH_NAME, criteria.name);
+    FoldCase({criteria.name.data(), nameLength});
+    read(IDC_SEARCH_TEXT, criteria.text);
+    criteria.caseSensitive = IsChecked(IDC_SEARCH_CASE);
+    criteria.location = ReadLocation();
+    criteria.subfolders = IsChecked(IDC_SEARCH_SUBFOLDERS);
+
+    criteria.dateMode = DateModeOf(IsChecked(IDC_SEARCH_DATE), SelectionOf(IDC_SEARCH_DATE_MODE));
+    criteria.firstDay = ReadDay(IDC_SEARCH_FIRST_DAY);
+    criteria.lastDay = ReadDay(IDC_SEARCH_LAST_DAY);
+
+    criteria.sizeMode = SizeModeOf(IsChecked(IDC_SEARCH_SIZE), SelectionOf(IDC_SEARCH_SIZE_MODE));
+    std::array<wchar_t, 32> number{};
+    read(IDC_SEARCH_KILOBYTES, number);
+    criteria.sizeKB = static_cast<std::int32_t>(_wtol(number.data()));
+}
+
+Path SearchDialog::ReadLocation() const {
+    std::array<wchar_t, pathCapacity + 1> text{}; // one more than a path can have tells what is too long
+    GetDlgItemTextW(Window(), IDC_SEARCH_LOCATION, text.data(), static_cast<int>(text.size()));
+    return LocationOf(text.data());
+}
+
+DayKey SearchDialog::ReadDay(int picker) const {
+    SYSTEMTIME day{};
+    SendMessageW(Control(picker), DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&day));
+    return DayOf(day);
+}
+
+bool SearchDialog::IsChecked(int box) const {
+    return SendMessageW(Control(box), BM_GETCHECK, 0, 0) == BST_CHECKED;
+}
+
+int SearchDialog::SelectionOf(int list) const {
+    return static_cast<int>(SendMessageW(Control(list), CB_GETCURSEL, 0, 0));
+}
