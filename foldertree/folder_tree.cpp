@@ -130,7 +130,7 @@ bool FolderTree::OnNodeNotify(NMTREEVIEWW* notification) {
     case TVN_ITEMEXPANDEDW:
         if (notification->action == TVE_COLLAPSE &&
             notification->itemNew.hItem != notification->itemOld.hItem)
-            OnCollapsed();
+            OnCollapsed(notification->itemNew.hItem);
         return true;
     case TVN_DELETEITEMW:
         if (notification->itemOld.hItem == editAgain_)

@@ -42,6 +42,12 @@ class FolderTree {
     /// Before and after every command of the main window: commits a name left in edit under a menu.
     void EndEditStep();
 
+    // --- tree_commands.cpp ---
+
+    /// Runs a command of the list for the selected folder, which the list has meanwhile as its only entry, and
+    /// shows in the list what is in that folder then, or in the nearest one above it that is left.
+    void OperateOnFolder(void (*operation)(int command), int command);
+
     // --- tree_menu.cpp ---
 
     /// WM_EXITMENULOOP of the main window.
@@ -76,7 +82,7 @@ class FolderTree {
 
     void RescanNode(HTREEITEM node);
     void OnSelectionChanged(UINT action);
-    void OnCollapsed();
+    void OnCollapsed(HTREEITEM node);
     void FlushPendingSync();
     void SyncListToSelection();
 

@@ -20,17 +20,20 @@ void VisitEntries(const Path& folder, Visit visit) {
         found = ce::FindNextFileW(find.Get(), &entry);
 }
 
+/// True when the entry has one of the attributes of a folder, a name that is shown, and a path that fits.
+bool IsShown(const Path& folder, const WIN32_FIND_DATAW& entry, DWORD folderBits) {
+    Path path;
+    return (entry.dwFileAttributes & folderBits) && !IsHiddenFromTree(entry.cFileName) &&
+           path.AssignChild(folder.View(), entry.cFileName);
+}
+
 } // namespace
 
 std::vector<Subfolder> ReadSubfolders(const Path& folder) {
-    constexpr DWORD folderBits = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_STORAGE_CARD;
     std::vector<Subfolder> subfolders;
     VisitEntries(folder, [&](const WIN32_FIND_DATAW& entry) {
-        const std::wstring_view name = entry.cFileName;
-        Path path;
-        if ((entry.dwFileAttributes & folderBits) && !IsHiddenFromTree(name) &&
-            path.AssignChild(folder.View(), name))
-            subfolders.push_back({CopyText(name), entry.dwFileAttributes});
+        if (IsShown(folder, entry, FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_STORAGE_CARD))
+            subfolders.push_back({CopyText(entry.cFileName), entry.dwFileAttributes});
         return true;
     });
     std::ranges::sort(subfolders, {}, &Subfolder::Name);
@@ -47,7 +50,7 @@ std::size_t FindSubfolder(const std::vector<Subfolder>& subfolders, std::wstring
 bool HasSubfolder(const Path& folder) {
     bool hit = false;
     VisitEntries(folder, [&](const WIN32_FIND_DATAW& entry) {
-        hit = (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) && !IsHiddenFromTree(entry.cFileName);
+        hit = IsShown(folder, entry, FILE_ATTRIBUTE_DIRECTORY);
         return !hit;
     });
     return hit;

@@ -83,10 +83,16 @@ void FolderTree::OnSelectionChanged(UINT action) {
     }
 }
 
-/// Collapsing moves a selection below up to the collapsed node.
-void FolderTree::OnCollapsed() {
-    if (ready_)
-        SyncListToSelection();
+/// A selection below moves up to the collapsed node. Controls differ in whether that has happened by now.
+void FolderTree::OnCollapsed(HTREEITEM node) {
+    if (!ready_)
+        return;
+    HTREEITEM selected = Caret();
+    while (selected && selected != node)
+        selected = Related(TVGN_PARENT, selected);
+    if (selected)
+        Select(node);
+    SyncListToSelection();
 }
 
 void FolderTree::OnSyncTimer() {

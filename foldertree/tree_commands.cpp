@@ -1,0 +1,20 @@
+// Commands of the list for the folder selected in the tree.
+
+#include "app/app_state.h"
+#include "app/folder_refresh.h"
+#include "foldertree/folder_tree.h"
+
+void FolderTree::OperateOnFolder(void (*operation)(int command), int command) {
+    HTREEITEM node = Caret();
+    Path folder;
+    // The device itself and the search results are nothing to work on.
+    if (!node || node == root_ || node == search_ || !PathOfNode(node, folder))
+        return;
+    FileList& list = appState.fileList;
+    list.ShowSingleEntry(folder.View());
+    operation(command);
+    const std::size_t length = folder.View().size();
+    CutToExisting(folder);
+    const bool stays = folder.View().size() == length;
+    list.GoToFolder(folder.View(), stays ? treeSelectOnly : treeRescan);
+}
