@@ -61,10 +61,8 @@ class FillingStyle {
     FillingStyle(const FillingStyle&) = delete;
     FillingStyle& operator=(const FillingStyle&) = delete;
     ~FillingStyle() {
-        if (!changed_)
-            return;
-        SetWindowLongW(view_, GWL_STYLE, style_);
-        SendMessageW(view_, LVM_ARRANGE, LVA_DEFAULT, 0);
+        if (changed_)
+            SetWindowLongW(view_, GWL_STYLE, style_);
     }
 
   private:
@@ -83,9 +81,13 @@ void ShowRows(HWND view, std::span<FileItem* const> items) {
     // Where a range of selected rows would begin.
     SendMessageW(view, LVM_SETSELECTIONMARK, 0, -1);
 
-    const FillingStyle filling(view, items.size() - kept);
-    for (std::size_t row = kept; row < items.size(); ++row)
-        AppendRow(view, static_cast<int>(row), *items[row]);
+    {
+        const FillingStyle filling(view, items.size() - kept);
+        for (std::size_t row = kept; row < items.size(); ++row)
+            AppendRow(view, static_cast<int>(row), *items[row]);
+    }
+    // In the icon styles rows that stayed and rows that came stand in one order only now.
+    SendMessageW(view, LVM_ARRANGE, LVA_DEFAULT, 0);
 }
 
 void ReorderRows(HWND view, std::span<FileItem* const> items) {
