@@ -99,12 +99,17 @@ bool IsClickOnMenuBar(const MSG& message) {
     return IsMenuBar(message.hwnd) || IsMenuBar(WindowFromPoint(message.pt));
 }
 
+/// The stylus is nowhere while it is up, so a pointer that only rests or moves above a menu opens nothing.
+bool IsHover(const MSG& message) {
+    return message.message == WM_MOUSEMOVE && !(message.wParam & (MK_LBUTTON | MK_RBUTTON));
+}
+
 /// While a menu is open a soft key, pressed or clicked, closes it.
 LRESULT CALLBACK OnMenuMessage(int code, WPARAM wParam, LPARAM lParam) {
     auto message = reinterpret_cast<MSG*>(lParam);
     if (code == MSGF_MENU) {
         bool key = IsKeyDown(message->message) && SoftKeyOf(message->wParam) != NO_SOFT_KEY;
-        if (key && (message->lParam & REPEATED))
+        if ((key && (message->lParam & REPEATED)) || IsHover(*message))
             return TRUE;
         if (key || IsClickOnMenuBar(*message)) {
             EndMenu();
