@@ -7,6 +7,20 @@ constexpr LONG FRAME_STYLES =
     WS_CAPTION | WS_BORDER | WS_DLGFRAME | WS_THICKFRAME | WS_SYSMENU | DS_MODALFRAME;
 constexpr LONG FRAME_EX_STYLES = WS_EX_DLGMODALFRAME | WS_EX_WINDOWEDGE | WS_EX_CLIENTEDGE | WS_EX_STATICEDGE;
 constexpr DWORD SIZE_FLAGS = SHIDIF_SIZEDLG | SHIDIF_SIZEDLGFULLSCREEN | SHIDIF_FULLSCREENNOMENUBAR;
+constexpr UINT_PTR WHITE_DIALOG_ID = 2;
+
+/// The phone's dialogs are white. What the dialog has coloured itself stays as it is.
+LRESULT CALLBACK WhiteDialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                 DWORD_PTR) {
+    if (message == WM_NCDESTROY)
+        RemoveWindowSubclass(dialog, WhiteDialogProc, WHITE_DIALOG_ID);
+    LRESULT brush = DefSubclassProc(dialog, message, wParam, lParam);
+    bool asksColor = message == WM_CTLCOLORDLG || message == WM_CTLCOLORSTATIC || message == WM_CTLCOLORBTN;
+    if (!asksColor || brush != reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE)))
+        return brush;
+    SetBkColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_WINDOW));
+    return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
+}
 
 void FillScreen(HWND dialog, bool withMenuBar) {
     RECT area = WorkArea();
@@ -36,6 +50,7 @@ BOOL ce::SHInitDialog(SHINITDLGINFO* info) {
     if (!info || !(info->dwMask & SHIDIM_FLAGS) || !IsWindow(info->hDlg))
         return FALSE;
     FollowWindow(info->hDlg);
+    SetWindowSubclass(info->hDlg, WhiteDialogProc, WHITE_DIALOG_ID, 0);
     if (info->dwFlags & SIZE_FLAGS)
         FillScreen(info->hDlg, !(info->dwFlags & SHIDIF_FULLSCREENNOMENUBAR));
     if (info->dwFlags & SHIDIF_EMPTYMENU)
