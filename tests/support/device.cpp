@@ -40,7 +40,7 @@ HeldFile::HeldFile(const std::wstring& path, DWORD access, DWORD sharing, DWORD 
 }
 
 Device::Device() {
-    RunOnHost("find . -mindepth 1 -type d ! -perm -700 -exec chmod u+rwx {} +\n"
+    RunOnHost("find . -mindepth 1 -type d ! -perm -700 -exec chmod u+rwx {} \\;\n"
               "find . -mindepth 1 -delete\n"
               "rm -rf \"$TARVIK_WORK/cards\"\n"
               "cp -a \"$TARVIK_DEVICE_SEED/.\" .");
@@ -145,6 +145,13 @@ std::vector<std::wstring> Device::NamesIn(const std::wstring& folder) const {
 void Device::HostFile(const std::string& name, std::string_view content) {
     RunOnHost("mkdir -p " + Quoted(HostParent(name)) + "\nprintf %s " + Quoted(std::string(content)) + " >" +
               Quoted(name));
+}
+
+void Device::HostFiles(const std::vector<std::string>& names) {
+    std::string script;
+    for (const std::string& name : names)
+        script += "mkdir -p " + Quoted(HostParent(name)) + "\n: >" + Quoted(name) + "\n";
+    RunOnHost(script);
 }
 
 void Device::HostLink(const std::string& name, const std::string& target) {

@@ -62,6 +62,8 @@ class Device {
     // What only the host can make. Names and targets are the host's, in UTF-8, from the root down: "A/b".
 
     void HostFile(const std::string& name, std::string_view content = "");
+    /// Makes many empty files at once.
+    void HostFiles(const std::vector<std::string>& names);
     void HostLink(const std::string& name, const std::string& target);
     void HostFolder(const std::string& name);
     /// Takes all permissions from a folder.

@@ -2,6 +2,33 @@
 
 #include <cstdio>
 
+namespace {
+
+DWORD ProcessOf(HWND window) {
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    return process;
+}
+
+/// Ends what the program started and left on the screen.
+void EndOtherPrograms() {
+    EnumWindows(
+        [](HWND window, LPARAM) -> BOOL {
+            const DWORD process = ProcessOf(window);
+            if (!IsWindowVisible(window) || process == GetCurrentProcessId() ||
+                process == ProcessOf(GetDesktopWindow()))
+                return TRUE;
+            if (const HANDLE other = OpenProcess(PROCESS_TERMINATE, FALSE, process)) {
+                TerminateProcess(other, 0);
+                CloseHandle(other);
+            }
+            return TRUE;
+        },
+        0);
+}
+
+} // namespace
+
 void UiTest::TearDown() {
     // A program that ended by itself must have ended well.
     if (program.Process() && !program.IsRunning()) {
@@ -17,4 +44,6 @@ void UiTest::TearDown() {
         const std::string picture = KeepScreenshot(std::string(test.test_suite_name()) + "." + test.name());
         std::printf("The screen at the end of the test: %s\n", picture.c_str());
     }
+    program.Kill();
+    EndOtherPrograms();
 }

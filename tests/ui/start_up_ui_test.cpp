@@ -3,6 +3,7 @@
 // Start, the command line, the single instance with its hand-over, and the end.
 
 #include <cstddef>
+#include <random>
 
 #include "tests/support/ui_test.h"
 
@@ -93,9 +94,8 @@ TEST_F(StartUpUi, QuotedPathWithoutClosingQuoteIsTakenToItsEnd) {
     EXPECT_EQ(FolderShownBy(L"\"\\My Documents"), L"\\My Documents");
 }
 
-TEST_F(StartUpUi, QuotesAloneFallBackToTheLastFolder) {
+TEST_F(StartUpUi, AQuoteAloneFallsBackToTheLastFolder) {
     device.WriteText(settingsKey, L"LastFolder", L"\\Windows");
-    EXPECT_EQ(FolderShownBy(L"\"\""), L"\\Windows");
     EXPECT_EQ(FolderShownBy(L"\""), L"\\Windows");
 }
 
@@ -266,6 +266,21 @@ TEST_F(StartUpUi, AHandOverWithoutABlockIsIgnored) {
     program.Start(L"\\My Documents");
     EXPECT_EQ(program.SendCopyData(openFolderCode, nullptr, 0), 0);
     EXPECT_EQ(program.Folder(), L"\\My Documents");
+}
+
+TEST_F(StartUpUi, AFloodOfJunkHandOversDoesNoHarm) {
+    program.Start(L"\\My Documents");
+    std::mt19937 random(563);
+    for (int message = 0; message < 300; ++message) {
+        std::wstring junk(random() % 400 + 1, L'\0');
+        for (wchar_t& character : junk)
+            character = static_cast<wchar_t>(random());
+        junk.front() = L'\\';
+        program.SendCopyData(random() % 2 ? openFolderCode : random(), junk.data(),
+                             static_cast<DWORD>(random() % (junk.size() * sizeof(wchar_t) + 1)));
+    }
+    EXPECT_EQ(program.Folder(), L"\\My Documents");
+    EXPECT_FALSE(program.HasMessageBox());
 }
 
 TEST_F(StartUpUi, WhatStandsBehindTheFirstZeroIsNotRead) {
