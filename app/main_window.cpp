@@ -7,6 +7,7 @@
 #include "app/menu_state.h"
 #include "app/notifications.h"
 #include "app/pane_layout.h"
+#include "app/pointer.h"
 #include "app/settings_store.h"
 #include "app/start_up.h"
 #include "app/text_format.h"
@@ -34,6 +35,8 @@ void OnClose() {
 }
 
 LRESULT OnActivate(WPARAM wParam, LPARAM lParam) {
+    if (LOWORD(wParam) == WA_INACTIVE)
+        appState.fileList.dragDrop.Cancel();
     if (LOWORD(wParam) == WA_INACTIVE)
         return DefWindowProcW(appState.mainWindow, WM_ACTIVATE, wParam, lParam);
     FocusPane(appState.focusedPane);
@@ -79,10 +82,14 @@ LRESULT OnButtonDown(LPARAM pointer) {
 LRESULT OnMouseMove(LPARAM pointer) {
     if (appState.splitDragging)
         DragSplitter(pointer);
+    else if (appState.fileList.dragDrop.IsActive())
+        appState.fileList.dragDrop.Move(PointOf(pointer));
     return 0;
 }
 
 LRESULT OnButtonUp() {
+    if (appState.fileList.dragDrop.IsActive())
+        return appState.fileList.dragDrop.Drop(), 0;
     ReleaseCapture();
     if (!appState.splitDragging)
         return 0;
@@ -148,6 +155,8 @@ LRESULT CALLBACK MainWindowProcedure(HWND window, UINT message, WPARAM wParam, L
         return OnMouseMove(lParam);
     case WM_LBUTTONUP:
         return OnButtonUp();
+    case WM_CAPTURECHANGED:
+        return appState.fileList.dragDrop.Cancel(), 0;
     case WM_RBUTTONDOWN:
         return OnRightButtonDown();
     case WM_DEVICECHANGE:

@@ -29,6 +29,8 @@ void OnListContextMenu() {
 
 /// Keys of the list that stand for commands.
 LRESULT OnListKey(int key) {
+    if (appState.dragging && key == VK_ESCAPE)
+        appState.fileList.dragDrop.Cancel();
     if (appState.dragging || appState.labelEditing || !IsListFocused())
         return 0;
     const int command = TranslateListKey(key, {IsDown(VK_CONTROL), IsDown(VK_MENU)});
@@ -93,6 +95,8 @@ LRESULT OnListNotify(NMHDR* notification, LPARAM lParam) {
         return OnListItemChanged(*reinterpret_cast<NMLISTVIEW*>(lParam)), 0;
     case LVN_COLUMNCLICK:
         return appState.fileList.OnColumnClick(reinterpret_cast<NMLISTVIEW*>(lParam)->iSubItem), 0;
+    case LVN_BEGINDRAG:
+        return appState.fileList.dragDrop.BeginFromList(*reinterpret_cast<NMLISTVIEW*>(lParam)), 0;
     case LVN_MARQUEEBEGIN:
         appState.marqueeStarted = true;
         return 0;
@@ -114,6 +118,8 @@ LRESULT OnTreeNotify(NMHDR* notification, LPARAM lParam) {
         OnPaneFocus(Pane::Tree);
         return 0;
     }
+    if (notification->code == TVN_BEGINDRAGW)
+        appState.fileList.dragDrop.BeginFromTree(*reinterpret_cast<NMTREEVIEWW*>(lParam));
     LRESULT result = 0;
     if (appState.folderTree.OnNotify(notification, &result))
         return result;

@@ -10,6 +10,7 @@
 #include "app/path.h"
 #include "app/settings.h"
 #include "filelist/clipboard.h"
+#include "filelist/drag_drop.h"
 #include "filelist/file_item.h"
 #include "filelist/history.h"
 #include "filelist/icons.h"
@@ -172,6 +173,7 @@ class FileList {
     SearchResults searchResults;
     FileClipboard clipboard;
     TapAndHold tapAndHold;
+    DragDrop dragDrop;
     LabelEdit labelEdit;
 
   private:

@@ -6,6 +6,8 @@
 #include <string_view>
 
 #include "app/path.h"
+#include "filelist/drag_drop.h"
+#include "fileops/transfer.h"
 #include "platform/handles.h"
 
 class FolderTree {
@@ -41,6 +43,16 @@ class FolderTree {
     void BeginRename();
     /// Before and after every command of the main window: commits a name left in edit under a menu.
     void EndEditStep();
+
+    // --- tree_drop.cpp: drops onto the tree ---
+
+    /// Marks the folder at a point of the screen that would take what is dragged, if there is one.
+    void MarkDropTarget(POINT screenPoint);
+    void ClearDropMark();
+    /// The stylus was lifted: true when it was over a folder here, which has taken the drop or declined it.
+    bool TakeDrop(DragDrop& drag);
+    /// Selects a node and puts its folder on the program's clipboard. The list is left showing that alone.
+    void PutOnClipboard(HTREEITEM node, Transfer transfer);
 
     // --- tree_commands.cpp ---
 
@@ -91,6 +103,9 @@ class FolderTree {
     bool RenameEdited(HTREEITEM node, std::wstring_view name);
     void RefuseName(HTREEITEM node, const wchar_t* message);
     void EditAgain();
+
+    HTREEITEM DropTargetAt(POINT screenPoint) const;
+    void SetDropMark(HTREEITEM node);
 
     HTREEITEM NodeAt(POINT point) const;
     void OpenMenuAtPointer();

@@ -120,6 +120,8 @@ bool FolderTree::OnPointerNotify(UINT code, LRESULT* result) {
 /// Keys mean what they mean in the list. Their commands are posted, so that the control is done with the key
 /// first: it moves to the parent on its own for the Back key.
 void FolderTree::OnKeyDown(WORD key) {
+    if (appState.dragging && key == VK_ESCAPE)
+        appState.fileList.dragDrop.Cancel();
     if (appState.dragging || appState.labelEditing)
         return;
     const int command = TranslateListKey(key, {IsDown(VK_CONTROL), IsDown(VK_MENU)});
