@@ -3,7 +3,9 @@
 #include <string_view>
 
 #include "platform/desktop/host_links.h"
+#include "platform/desktop/own_entry.h"
 #include "platform/desktop/rooted_path.h"
+#include "platform/handles.h"
 
 namespace {
 
@@ -119,10 +121,14 @@ BOOL RemoveDirectoryW(const wchar_t* path) {
 }
 
 BOOL DeleteFileW(const wchar_t* path) {
+    if (const FileHandle entry(OpenOwnEntry(path)); entry)
+        return DeleteOwnEntry(entry.Get());
     return IsHostLink(path) ? RemoveHostLink(path) : ::DeleteFileW(path);
 }
 
 BOOL MoveFileW(const wchar_t* from, const wchar_t* to) {
+    if (const FileHandle entry(OpenOwnEntry(from)); entry)
+        return RenameOwnEntry(entry.Get(), to);
     return IsHostLink(from) ? MoveHostLink(from, to) : ::MoveFileExW(from, to, 0);
 }
 

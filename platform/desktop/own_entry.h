@@ -1,0 +1,15 @@
+#pragma once
+// The quick way past the question whether a path names a link of the host (host_links.h): the entry is opened
+// once, tells its real name, and is deleted or renamed by its handle. Wine only.
+
+#include <windows.h>
+
+/// Opens a file to delete or rename it, when the path names the file itself. INVALID_HANDLE_VALUE when it
+/// names a link, when that cannot be told, and on Windows: the careful way is left then.
+HANDLE OpenOwnEntry(const wchar_t* path);
+
+/// Deletes what OpenOwnEntry opened, with the handle's closing.
+BOOL DeleteOwnEntry(HANDLE entry);
+
+/// Gives it a new path; fails when there is something, and between volumes.
+BOOL RenameOwnEntry(HANDLE entry, const wchar_t* to);
