@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "app/text.h"
+#include "tests/support/host.h"
 
 namespace {
 
@@ -90,6 +91,20 @@ TEST_F(EntryCount, CountsAFolderBelowThatNoPathReaches) {
     ASSERT_TRUE(MoveFileW(first.c_str(), longer.c_str())) << GetLastError();
     EXPECT_EQ(CountEntries(root_), 2);
     ASSERT_TRUE(MoveFileW(longer.c_str(), first.c_str())) << GetLastError();
+}
+
+TEST_F(EntryCount, CountsLinksButNeverEntersThem) {
+    RunOnHost("cd 'Entry Count'; mkdir real; touch real/a real/b; ln -s real linked; ln -s .. loop");
+    EXPECT_EQ(CountEntries(root_), 5) << "the folder, its two files, two links";
+    RunOnHost("rm -rf 'Entry Count'/*");
+}
+
+TEST_F(EntryCount, EntersAStorageCard) {
+    RunOnHost("cd 'Entry Count'; mkdir -p behind/folder; touch behind/a behind/folder/b\n"
+              "ln -s 'Entry Count/behind' '../Count Card'");
+    const SelectionEntry entries[] = {Entry(ItemKind::Folder, L"Count Card")};
+    EXPECT_EQ(CountSelection(L"", entries), 4) << "the card, a folder, two files";
+    RunOnHost("rm -rf 'Entry Count'/* 'Count Card'");
 }
 
 TEST_F(EntryCount, CountsASelectionByKind) {
