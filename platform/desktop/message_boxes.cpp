@@ -56,7 +56,7 @@ MenuBarKey KeyFor(HWND button) {
     key.command = static_cast<UINT>(GetDlgCtrlID(button));
     key.state = TBSTATE_ENABLED;
     GetWindowTextW(button, key.text.data(), static_cast<int>(key.text.size()));
-    std::ranges::remove(key.text, L'&');
+    static_cast<void>(std::remove(key.text.begin(), key.text.end(), L'&')); // the terminator moves along
     return key;
 }
 
