@@ -146,9 +146,12 @@ void MessageBoxShown::Answer(int button) {
 }
 
 bool IsMessageBox(HWND window) {
+    // It has nothing but texts and buttons, among them buttons that it does not show.
+    const std::vector<HWND> children = ChildrenOf(window);
     return ClassOf(window) == L"#32770" && MessageTextControl(window) &&
-           std::ranges::all_of(ChildrenOf(window),
-                               [](HWND child) { return IsButton(child) || ClassOf(child) == L"Static"; });
+           std::ranges::any_of(children, IsButton) && std::ranges::all_of(children, [](HWND child) {
+               return IsButton(child) || ClassOf(child) == L"Static";
+           });
 }
 
 std::vector<HWND> DialogsOf(DWORD process) {

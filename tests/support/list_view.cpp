@@ -30,6 +30,8 @@ std::wstring ListView::TextBy(RemoteMemory& memory, int row, int column) const {
     item.pszText = reinterpret_cast<wchar_t*>(memory.Address() + textAt);
     item.cchTextMax = textCapacity;
     memory.Write(&item, sizeof(item));
+    constexpr wchar_t noText = L'\0'; // what stays when the row has gone meanwhile
+    memory.Write(&noText, sizeof(noText), textAt);
     Ask(window_, LVM_GETITEMTEXTW, row, reinterpret_cast<LPARAM>(memory.Address()));
     return memory.ReadText(textAt);
 }

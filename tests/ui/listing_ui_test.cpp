@@ -54,6 +54,17 @@ class ListingUi : public UiTest {
         PostKey(FindWindowExW(program.AddressBar().Window(), nullptr, L"Edit", nullptr), VK_RETURN);
         program.WaitForFolder(address);
     }
+    /// Finds what is named so inside a folder, through the dialog, and shows it.
+    void Search(const std::wstring& name, const std::wstring& folder) {
+        program.PostCommand(IDM_FILE_SEARCH);
+        Dialog criteria = program.WaitForDialog(L"File Search");
+        criteria.Item(IDC_SEARCH_NAME).SetText(name);
+        criteria.Item(IDC_SEARCH_LOCATION).SetText(folder);
+        criteria.Command(IDM_SEARCH_OK);
+        criteria.WaitUntilClosed();
+        program.WaitForFolder(L"File Search");
+        program.WaitUntilIdle();
+    }
     /// Opens every row in turn that is a folder, and comes back: none may do harm.
     void VisitEveryFolder(const std::wstring& folder) {
         for (int row = 1; row < program.List().Count(); ++row) {
@@ -333,6 +344,55 @@ TEST_F(ListingUi, InSearchResultsNothingIsMadeAndNothingLeadsUp) {
     EXPECT_EQ(program.List().Names(), (Texts{}));
     EXPECT_FALSE(program.HasDialog());
     EXPECT_EQ(device.NamesIn(L"\\Temp"), (Texts{}));
+}
+
+TEST_F(ListingUi, SearchResultsCountEveryRow) {
+    ShowAddressBar();
+    device.File(L"\\A\\note one.txt", std::string(100, 'x'));
+    device.File(L"\\A\\B\\note two.txt", std::string(20, 'x'));
+    device.Folder(L"\\A\\B\\note folder");
+    program.Start(L"\\A");
+    Search(L"note*", L"\\A");
+    EXPECT_EQ(program.List().Names(), (Texts{L"note folder", L"note one", L"note two"}));
+    EXPECT_EQ(program.Status().Texts(), (Texts{L"3 files", L"120 bytes"}));
+    EXPECT_EQ(program.List().SelectedNames(), (Texts{L"note folder"}));
+}
+
+TEST_F(ListingUi, FoldersThatWereFoundAreListedEvenWhenFoldersStayOut) {
+    device.WriteWords(settingsKey, L"HideFolder", {1});
+    device.Folder(L"\\A\\B\\found");
+    program.Start(L"\\A");
+    EXPECT_EQ(program.List().Names(), (Texts{L".."}));
+    Search(L"found", L"\\A");
+    EXPECT_EQ(program.List().Names(), (Texts{L"found"}));
+}
+
+TEST_F(ListingUi, AResultThatVanishedIsDropped) {
+    device.Files(L"\\A", L"note", 3);
+    program.Start(L"\\A");
+    Search(L"note*", L"\\A");
+    ASSERT_EQ(program.List().Count(), 3);
+    device.Remove(L"\\A\\note1");
+    program.Command(IDM_MENU_REFRESH);
+    EXPECT_EQ(program.List().Names(), (Texts{L"note0", L"note2"}));
+    device.File(L"\\A\\note1");
+    program.Command(IDM_MENU_REFRESH);
+    EXPECT_EQ(program.List().Names(), (Texts{L"note0", L"note2"})) << "it is forgotten for good";
+}
+
+TEST_F(ListingUi, AfterDeletingTheTotalCountsAllFilesAlsoHiddenOnes) {
+    for (const wchar_t* name : {L"one", L"two", L"hidden"})
+        device.File(L"\\A\\" + std::wstring(name), std::string(1024, 'x'));
+    device.SetAttributes(L"\\A\\hidden", FILE_ATTRIBUTE_HIDDEN);
+    program.Start(L"\\A");
+    EXPECT_EQ(program.Status().Texts()[1], L"2.00KB");
+    program.List().Select(L"one");
+    program.PostCommand(IDM_FILE_DELETE);
+    program.WaitForDialog(L"Confirm File Delete").Command(IDM_ANSWER_YES);
+    EXPECT_TRUE(Eventually([&] { return !program.List().Has(L"one"); }));
+    EXPECT_TRUE(Eventually([&] {
+        return program.Status().Texts() == Texts{L"1", L"2.00KB", L"A"};
+    })) << testing::PrintToString(program.Status().Texts());
 }
 
 // --- Cards, links, folders that cannot be read ---
