@@ -9,6 +9,6 @@ struct FolderChoice {
     bool changed = false; // a folder was made or renamed in the dialog, confirmed or not
 };
 
-/// Runs the dialog over `owner`, the main window for null. True when the user confirmed; the folder is left as
-/// it was otherwise.
+/// Runs the dialog over `owner`, the main window for null. True when the user confirmed; the folder is left
+/// as it was otherwise.
 bool ChooseFolder(const wchar_t* title, FolderChoice& choice, HWND owner = nullptr);
