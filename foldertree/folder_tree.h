@@ -56,8 +56,8 @@ class FolderTree {
 
     // --- tree_commands.cpp ---
 
-    /// Runs a command of the list for the selected folder, which the list has meanwhile as its only entry, and
-    /// shows in the list what is in that folder then, or in the nearest one above it that is left.
+    /// Runs a command of the list for the selected folder, which the list has meanwhile as its only entry,
+    /// and shows in the list what is in that folder then, or in the nearest one above it that is left.
     void OperateOnFolder(void (*operation)(int command), int command);
 
     // --- tree_menu.cpp ---
