@@ -46,8 +46,10 @@ HWND FileJob::OnInit() {
     ShowWindow(Window(), SW_SHOW);
     SetTimer(Window(), idleTimer, idlePeriod, nullptr);
     thread_.Reset(CreateThread(nullptr, 0, ThreadProcedure, this, 0, nullptr));
-    if (!thread_)
+    if (!thread_) {
+        finished_ = 1;
         PostMessageW(Window(), UM_JOBFINISHED, 0, 0);
+    }
     return nullptr;
 }
 
@@ -56,7 +58,7 @@ void FileJob::OnCommand(int id, int) {
         OnCancelKey();
 }
 
-INT_PTR FileJob::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+INT_PTR FileJob::OnMessage(UINT message, WPARAM, LPARAM) {
     switch (message) {
     case WM_TIMER:
         if (idleResetAllowed_)
@@ -66,9 +68,9 @@ INT_PTR FileJob::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         return OnFinished(), TRUE;
     case UM_ASKREPLACEFILE:
     case UM_ASKREPLACEFOLDER:
-        return OnQuestion(message, wParam, lParam), TRUE;
+        return subject_ ? OnQuestion(message) : void(), TRUE;
     case UM_REPORTFAILURE:
-        return OnReport(reinterpret_cast<const wchar_t*>(wParam)), TRUE;
+        return subject_ ? OnReport() : void(), TRUE;
     default:
         return FALSE;
     }
@@ -81,21 +83,24 @@ void FileJob::OnCancelKey() {
 }
 
 void FileJob::OnFinished() {
+    if (!finished_)
+        return;
+    if (thread_)
+        WaitForSingleObject(thread_.Get(), INFINITE); // it has no more to do than to end
     thread_.Reset();
     KillTimer(Window(), idleTimer);
     End(0);
 }
 
-void FileJob::OnQuestion(UINT message, WPARAM wParam, LPARAM lParam) {
+void FileJob::OnQuestion(UINT message) {
     idleResetAllowed_ = false;
-    answer_ = AnswerQuestion(message, reinterpret_cast<const wchar_t*>(wParam),
-                             reinterpret_cast<const wchar_t*>(lParam));
+    answer_ = AnswerQuestion(message, subject_, source_);
     idleResetAllowed_ = true;
 }
 
-void FileJob::OnReport(const wchar_t* text) {
+void FileJob::OnReport() {
     idleResetAllowed_ = false;
-    MessageBoxW(Window(), text, L"", MB_ICONHAND);
+    MessageBoxW(Window(), subject_, L"", MB_ICONHAND);
     idleResetAllowed_ = true;
 }
 
@@ -107,7 +112,9 @@ DWORD WINAPI FileJob::ThreadProcedure(void* parameter) {
     const wchar_t* lastText = job->Work();
     job->ShowProgress();
     SetDlgItemTextW(job->Window(), IDC_JOB_STATUS, lastText);
-    SendMessageW(job->Window(), UM_JOBFINISHED, 0, 0); // the job is gone after this
+    // Posted: a dialog that is ended by a sent message swallows the next one in the queue.
+    job->finished_ = 1;
+    PostMessageW(job->Window(), UM_JOBFINISHED, 0, 0);
     return 0;
 }
 
@@ -148,8 +155,7 @@ void FileJob::CompleteUnit() {
 }
 
 int FileJob::Ask(UINT message, const wchar_t* subject, const wchar_t* source) {
-    ShowProgress();
-    SendMessageW(Window(), message, reinterpret_cast<WPARAM>(subject), reinterpret_cast<LPARAM>(source));
+    SendSubject(message, subject, source);
     return answer_;
 }
 
@@ -160,6 +166,14 @@ void FileJob::ReportFailure(const SelectionEntry& entry) {
 }
 
 void FileJob::Report(const wchar_t* text) {
+    SendSubject(UM_REPORTFAILURE, text, nullptr);
+}
+
+/// The texts lie in the job itself: the same message from anybody else finds none.
+void FileJob::SendSubject(UINT message, const wchar_t* subject, const wchar_t* source) {
     ShowProgress();
-    SendMessageW(Window(), UM_REPORTFAILURE, reinterpret_cast<WPARAM>(text), 0);
+    subject_ = subject;
+    source_ = source;
+    SendMessageW(Window(), message, 0, 0);
+    subject_ = source_ = nullptr;
 }

@@ -13,11 +13,12 @@
 #include "fileops/file_mover.h"
 #include "platform/handles.h"
 
-// Sent by the worker to the progress dialog. The worker waits until the dialog has dealt with them.
-constexpr UINT UM_JOBFINISHED = WM_USER + 100;      // no parameters
-constexpr UINT UM_ASKREPLACEFILE = WM_USER + 200;   // a question, of which the job makes its own dialog
-constexpr UINT UM_REPORTFAILURE = WM_USER + 300;    // wParam: what to tell the user
-constexpr UINT UM_ASKREPLACEFOLDER = WM_USER + 400; // wParam: the folder in question
+// From the worker to the progress dialog, without parameters. It waits until the dialog has dealt with the
+// questions and the report.
+constexpr UINT UM_JOBFINISHED = WM_USER + 100;
+constexpr UINT UM_ASKREPLACEFILE = WM_USER + 200; // of which each job makes its own question
+constexpr UINT UM_REPORTFAILURE = WM_USER + 300;
+constexpr UINT UM_ASKREPLACEFOLDER = WM_USER + 400;
 
 /// What one kind of job looks like.
 struct JobLook {
@@ -84,8 +85,9 @@ class FileJob : public CopyWatch, private DialogFrame {
     INT_PTR OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void OnCancelKey();
     void OnFinished();
-    void OnQuestion(UINT message, WPARAM wParam, LPARAM lParam);
-    void OnReport(const wchar_t* text);
+    void OnQuestion(UINT message);
+    void OnReport();
+    void SendSubject(UINT message, const wchar_t* subject, const wchar_t* source);
     void CountUnits();
     void ShowProgress();
 
@@ -94,7 +96,10 @@ class FileJob : public CopyWatch, private DialogFrame {
     std::span<SelectionEntry> entries_;
     ObjectHandle thread_;
     volatile LONG cancelRequested_ = 0; // set by the dialog, read by the worker
-    bool idleResetAllowed_ = true;      // no question is open
+    volatile LONG finished_ = 0;        // set by the worker with its last step
+    const wchar_t* subject_ = nullptr;  // of the question or report that the worker waits for
+    const wchar_t* source_ = nullptr;
+    bool idleResetAllowed_ = true; // no question is open
     int answer_ = 0;
 
     // The worker's own: what the dialog shows follows it at short intervals, so that showing costs little.

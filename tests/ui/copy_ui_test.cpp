@@ -1,0 +1,263 @@
+// Screens: 240x320
+// Limit: 300 seconds
+
+// Copying files and folders.
+
+#include "tests/ui/job_ui.h"
+
+namespace {
+
+class CopyUi : public JobUi {
+  protected:
+    void SetUp() override {
+        JobUi::SetUp();
+        device.File(L"\\From\\a.txt", "new a");
+        device.File(L"\\From\\b.txt", "new b");
+        device.File(L"\\From\\Sub\\c.txt", "new c");
+        device.File(L"\\From\\Sub\\Deep\\d.txt", "new d");
+        device.Folder(L"\\To");
+    }
+
+    void CopyToTarget(const std::vector<std::wstring>& names) {
+        StartIn(L"\\From");
+        Copy(names);
+        Show(L"\\To");
+        Paste();
+    }
+};
+
+TEST_F(CopyUi, CopiesFilesAndWholeFolders) {
+    CopyToTarget({L"Sub", L"a.txt", L"b.txt"});
+    FinishJob();
+    EXPECT_EQ(program.List().Names(), (Texts{L"..", L"Sub", L"a.txt", L"b.txt"}));
+    EXPECT_EQ(device.Content(L"\\To\\a.txt"), "new a");
+    EXPECT_EQ(device.Content(L"\\To\\Sub\\Deep\\d.txt"), "new d");
+    EXPECT_EQ(device.Content(L"\\From\\Sub\\Deep\\d.txt"), "new d");
+}
+
+TEST_F(CopyUi, WithinItsFolderACopyGetsANameOfItsOwn) {
+    StartIn(L"\\From");
+    Copy({L"a.txt", L"Sub"});
+    PasteAll();
+    PasteAll();
+    PasteAll();
+    EXPECT_EQ(device.NamesIn(L"\\From"),
+              (Texts{L"Sub", L"a.txt", L"b.txt", L"copy (2) of Sub", L"copy (2) of a.txt", L"copy (3) of Sub",
+                     L"copy (3) of a.txt", L"copy of Sub", L"copy of a.txt"}));
+    EXPECT_EQ(device.Content(L"\\From\\copy (3) of Sub\\Deep\\d.txt"), "new d");
+}
+
+TEST_F(CopyUi, TheFileQuestionShowsBothFiles) {
+    device.File(L"\\To\\a.txt", std::string(12345, 'o'));
+    device.SetWriteTime(L"\\To\\a.txt", {2005, 4, 0, 1, 3, 30, 10, 0});
+    CopyToTarget({L"a.txt"});
+    Dialog question = program.WaitForDialog(L"Replace existing File?");
+    EXPECT_EQ(question.Item(1062).Text(), L"this file 'a.txt' already exists.");
+    EXPECT_EQ(question.Item(1079).Text(), L"Size : 12,345 bytes");
+    EXPECT_EQ(question.Item(1080).Text(), L"Modified : 4/1/2005 12:30:10 PM");
+    EXPECT_EQ(question.Item(1076).Text(), L"Size : 5 bytes");
+    EXPECT_EQ(question.SoftKeys(), (Texts{L"Yes", L"Menu"}));
+    question.Command(noKey);
+    FinishJob();
+    EXPECT_EQ(device.Content(L"\\To\\a.txt").size(), 12345u);
+}
+
+TEST_F(CopyUi, NoAsksAgainAndAllDoesNot) {
+    for (const wchar_t* name : {L"\\To\\a.txt", L"\\To\\b.txt", L"\\To\\Sub\\c.txt"})
+        device.File(name, "old");
+    CopyToTarget({L"Sub", L"a.txt", L"b.txt"});
+    AnswerFolder(IDYES);
+    AnswerFile(noKey);
+    AnswerFile(allKey);
+    FinishJob();
+    EXPECT_EQ(device.Content(L"\\To\\Sub\\c.txt"), "old");
+    EXPECT_EQ(device.Content(L"\\To\\a.txt"), "new a");
+    EXPECT_EQ(device.Content(L"\\To\\b.txt"), "new b");
+}
+
+TEST_F(CopyUi, CancelInAQuestionStopsWithoutAMessage) {
+    device.File(L"\\To\\a.txt", "old");
+    CopyToTarget({L"a.txt", L"b.txt"});
+    AnswerFile(cancelKey);
+    FinishJob();
+    EXPECT_EQ(device.Content(L"\\To\\a.txt"), "old");
+    EXPECT_FALSE(device.Exists(L"\\To\\b.txt"));
+}
+
+TEST_F(CopyUi, TheBackKeyInAQuestionIsANo) {
+    device.File(L"\\To\\a.txt", "old");
+    CopyToTarget({L"a.txt", L"b.txt"});
+    program.WaitForDialog(L"Replace existing File?");
+    PressBack();
+    FinishJob();
+    EXPECT_EQ(device.Content(L"\\To\\a.txt"), "old");
+    EXPECT_EQ(device.Content(L"\\To\\b.txt"), "new b");
+}
+
+TEST_F(CopyUi, AReadOnlyTargetIsNamedAndReplaced) {
+    device.File(L"\\To\\a.txt", "old");
+    device.File(L"\\To\\b.txt", "old");
+    device.SetAttributes(L"\\To\\a.txt", FILE_ATTRIBUTE_READONLY);
+    device.SetAttributes(L"\\To\\b.txt", FILE_ATTRIBUTE_SYSTEM);
+    CopyToTarget({L"a.txt", L"b.txt"});
+    EXPECT_EQ(program.WaitForDialog(L"Replace existing File?").Item(1062).Text(),
+              L"this READ-ONLY file 'a.txt' already exists.");
+    AnswerFile(yesKey);
+    Dialog second = program.WaitForDialog(L"Replace existing File?");
+    EXPECT_EQ(second.Item(1062).Text(), L"SYSTEM file 'b.txt' already exists.");
+    AnswerFile(yesKey);
+    FinishJob();
+    EXPECT_EQ(device.Content(L"\\To\\a.txt"), "new a");
+    EXPECT_EQ(device.Content(L"\\To\\b.txt"), "new b");
+}
+
+TEST_F(CopyUi, NoToAFolderSkipsAllOfIt) {
+    device.Folder(L"\\To\\Sub");
+    CopyToTarget({L"Sub", L"a.txt"});
+    Dialog question = program.WaitForDialog(L"Replace existing Folder?");
+    EXPECT_EQ(question.Item(1069).Text(), L"In 'To', a folder called 'Sub' already exists.");
+    EXPECT_EQ(question.SoftKeys(), (Texts{L"Yes", L"No"}));
+    AnswerFolder(IDNO);
+    FinishJob();
+    EXPECT_EQ(device.NamesIn(L"\\To\\Sub"), Texts{});
+    EXPECT_EQ(device.Content(L"\\To\\a.txt"), "new a");
+}
+
+TEST_F(CopyUi, AFolderUnderTheRootIsInTheDevice) {
+    device.Folder(L"\\Sub");
+    StartIn(L"\\From");
+    Copy({L"Sub"});
+    ShowRoot();
+    Paste();
+    EXPECT_EQ(program.WaitForDialog(L"Replace existing Folder?").Item(1069).Text(),
+              L"In 'My PocketPC', a folder called 'Sub' already exists.");
+    AnswerFolder(IDYES);
+    FinishJob();
+    EXPECT_EQ(device.Content(L"\\Sub\\c.txt"), "new c");
+}
+
+TEST_F(CopyUi, AFolderCannotBeCopiedBelowItself) {
+    device.Folder(L"\\FromAll");
+    StartIn(L"");
+    Copy({L"From"});
+    Show(L"\\From\\Sub");
+    Paste();
+    EXPECT_EQ(ReadMessage(), L"Illegal copy operation.");
+    Show(L"\\FromAll");
+    PasteAll();
+    EXPECT_EQ(device.Content(L"\\FromAll\\From\\a.txt"), "new a");
+}
+
+TEST_F(CopyUi, TheSystemFolderIsNeverTaken) {
+    StartIn(L"");
+    Copy({L"Windows"});
+    Show(L"\\To");
+    Paste();
+    EXPECT_EQ(ReadMessage(), L"'Windows' is a system folder and cannot be moved nor deleted.");
+    EXPECT_EQ(device.NamesIn(L"\\To"), Texts{});
+}
+
+TEST_F(CopyUi, ALockedSourceEndsTheJobWithItsName) {
+    StartIn(L"\\From");
+    Copy({L"Sub", L"a.txt"});
+    Show(L"\\To");
+    {
+        const HeldFile held = device.Hold(L"\\From\\Sub\\Deep\\d.txt");
+        Paste();
+        EXPECT_EQ(ReadMessage(), L"'Sub' cannot be copied.");
+        FinishJob();
+    }
+    EXPECT_FALSE(device.Exists(L"\\To\\Sub\\Deep\\d.txt"));
+    EXPECT_FALSE(device.Exists(L"\\To\\a.txt"));
+}
+
+TEST_F(CopyUi, ALockedTargetIsStillThere) {
+    device.File(L"\\To\\a.txt", "old");
+    StartIn(L"\\From");
+    Copy({L"a.txt"});
+    Show(L"\\To");
+    {
+        const HeldFile held = device.Hold(L"\\To\\a.txt");
+        Paste();
+        AnswerFile(yesKey);
+        EXPECT_EQ(ReadMessage(), L"'a.txt' cannot be copied.");
+        FinishJob();
+    }
+    EXPECT_EQ(device.Content(L"\\To\\a.txt"), "old");
+    EXPECT_EQ(device.NamesIn(L"\\To"), Texts{L"a.txt"});
+}
+
+TEST_F(CopyUi, AnUnwritableTargetFolderIsReported) {
+    device.HostFolder("To/Closed");
+    RunOnHost("chmod a-w To/Closed");
+    StartIn(L"\\From");
+    Copy({L"a.txt"});
+    Show(L"\\To\\Closed");
+    Paste();
+    EXPECT_EQ(ReadMessage(), L"'a.txt' cannot be copied.");
+    FinishJob();
+    RunOnHost("chmod u+w To/Closed");
+}
+
+TEST_F(CopyUi, LinksAreNotFollowed) {
+    device.HostLink("From/Sub/loop", "..");
+    device.HostFile("Outside/kept.txt", "kept");
+    device.HostLink("From/link", "../Outside");
+    CopyToTarget({L"Sub"});
+    FinishJob();
+    EXPECT_EQ(device.Content(L"\\To\\Sub\\c.txt"), "new c");
+    EXPECT_FALSE(device.Exists(L"\\To\\Sub\\loop"));
+    Show(L"\\From");
+    Copy({L"link"});
+    Show(L"\\To");
+    Paste();
+    EXPECT_EQ(ReadMessage(), L"'link' cannot be copied.");
+    FinishJob();
+}
+
+TEST_F(CopyUi, APathBeyondTheLimitIsReported) {
+    const std::wstring name(200, L'n');
+    device.File(L"\\From\\" + name, "long");
+    device.Folder(L"\\To\\" + std::wstring(80, L'f'));
+    StartIn(L"\\From");
+    Copy({name});
+    Show(L"\\To\\" + std::wstring(80, L'f'));
+    Paste();
+    EXPECT_EQ(ReadMessage(), L"'" + name + L"' cannot be copied.");
+    FinishJob();
+    EXPECT_EQ(device.NamesIn(L"\\To\\" + std::wstring(80, L'f')), Texts{});
+}
+
+TEST_F(CopyUi, CancelStopsALargeFileAtOnceAndLeavesNothing) {
+    device.FileOfSize(L"\\From\\huge", 6ull << 30);
+    StartIn(L"\\From");
+    Copy({L"huge"});
+    Show(L"\\To");
+    Paste();
+    Dialog progress = program.WaitForDialog(L"Copy Files");
+    EXPECT_EQ(progress.SoftKeys(), Texts{L"Cancel"});
+    WaitFor("for the file's name", [&] { return progress.Item(1062).Text() == L"huge"; });
+    EXPECT_EQ(progress.Item(1067).Text(), L"'From' to 'To'");
+    EXPECT_EQ(progress.Item(1081).Text(), L"0/1");
+    const auto begun = GetTickCount64();
+    progress.Command(IDM_JOB_CANCEL);
+    FinishJob();
+    EXPECT_LT(GetTickCount64() - begun, 2000u);
+    EXPECT_EQ(device.NamesIn(L"\\To"), Texts{});
+}
+
+TEST_F(CopyUi, AProgramKilledInTheMiddleTakesNothingWithIt) {
+    device.FileOfSize(L"\\From\\huge", 6ull << 30);
+    device.File(L"\\To\\huge", "old");
+    StartIn(L"\\From");
+    Copy({L"huge"});
+    Show(L"\\To");
+    Paste();
+    AnswerFile(yesKey);
+    WaitFor("for the copy to begin", [&] { return device.NamesIn(L"\\To").size() > 1; });
+    program.Kill();
+    EXPECT_EQ(device.Content(L"\\To\\huge"), "old");
+    EXPECT_TRUE(device.Exists(L"\\From\\huge"));
+}
+
+} // namespace

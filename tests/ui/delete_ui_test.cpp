@@ -1,0 +1,188 @@
+// Screens: 240x320
+// Limit: 300 seconds
+
+// Deleting files and folders.
+
+#include "tests/ui/job_ui.h"
+
+namespace {
+
+class DeleteUi : public JobUi {
+  protected:
+    void SetUp() override {
+        JobUi::SetUp();
+        device.File(L"\\T\\a.txt", "a");
+        device.File(L"\\T\\b.txt", "b");
+        device.File(L"\\T\\c.txt", "c");
+        device.File(L"\\T\\Sub\\d.txt", "d");
+        device.File(L"\\T\\Sub\\Deep\\e.txt", "e");
+    }
+
+    void Delete(const std::vector<std::wstring>& names) {
+        StartIn(L"\\T");
+        Select(names);
+        Give(IDM_FILE_DELETE);
+    }
+
+    std::wstring Question() { return program.WaitForDialog(L"Confirm File Delete").Item(1045).Text(); }
+};
+
+TEST_F(DeleteUi, OneFileIsAskedAboutByName) {
+    Delete({L"a.txt"});
+    EXPECT_EQ(Question(), L"Do you really want to delete 'a.txt' ?");
+    EXPECT_EQ(program.WaitForDialog(L"Confirm File Delete").SoftKeys(), (Texts{L"Yes", L"Menu"}));
+    AnswerDelete(yesKey);
+    FinishJob();
+    EXPECT_FALSE(device.Exists(L"\\T\\a.txt"));
+    EXPECT_EQ(program.List().Names(), (Texts{L"..", L"Sub", L"b.txt", L"c.txt"}));
+}
+
+TEST_F(DeleteUi, AnyOtherAnswerDeletesNothing) {
+    StartIn(L"\\T");
+    for (const int key : {noKey, cancelKey, IDCANCEL, IDOK}) {
+        Select({L"a.txt"});
+        Give(IDM_FILE_DELETE);
+        AnswerDelete(key);
+        FinishJob();
+        EXPECT_TRUE(device.Exists(L"\\T\\a.txt"));
+    }
+    EXPECT_EQ(program.List().Count(), 5);
+}
+
+TEST_F(DeleteUi, AllMeansYesInTheOpeningQuestion) {
+    Delete({L"a.txt", L"b.txt"});
+    EXPECT_EQ(Question(), L"Do you really want to delete 2 files ?");
+    AnswerDelete(allKey);
+    FinishJob();
+    EXPECT_EQ(program.List().Names(), (Texts{L"..", L"Sub", L"c.txt"}));
+}
+
+TEST_F(DeleteUi, AFolderGoesWithAllThatIsInIt) {
+    device.SetAttributes(L"\\T\\Sub\\Deep\\e.txt", FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN);
+    Delete({L"Sub"});
+    EXPECT_EQ(Question(), L"'Sub' is a folder. Do you really want to delete it ?");
+    AnswerDelete(yesKey);
+    FinishJob();
+    EXPECT_FALSE(device.Exists(L"\\T\\Sub"));
+    EXPECT_EQ(program.List().Names(), (Texts{L"..", L"a.txt", L"b.txt", L"c.txt"}));
+}
+
+TEST_F(DeleteUi, OneReadOnlyFileIsAskedAboutOnce) {
+    device.SetAttributes(L"\\T\\a.txt", FILE_ATTRIBUTE_READONLY);
+    Delete({L"a.txt"});
+    AnswerDelete(yesKey);
+    FinishJob();
+    EXPECT_FALSE(device.Exists(L"\\T\\a.txt"));
+}
+
+TEST_F(DeleteUi, NoToOneOfSeveralAlsoPassesOverPlainFilesBehindIt) {
+    device.SetAttributes(L"\\T\\b.txt", FILE_ATTRIBUTE_READONLY);
+    Delete({L"a.txt", L"b.txt", L"c.txt"});
+    AnswerDelete(yesKey);
+    EXPECT_EQ(Question(), L"The file 'b.txt' is READ-ONLY. Do you really want to delete it ?");
+    AnswerDelete(noKey);
+    FinishJob();
+    EXPECT_EQ(device.NamesIn(L"\\T"), (Texts{L"Sub", L"b.txt", L"c.txt"}));
+    EXPECT_EQ(program.List().Names(), (Texts{L"..", L"Sub", L"b.txt", L"c.txt"}));
+}
+
+TEST_F(DeleteUi, AllAsksNothingMore) {
+    device.SetAttributes(L"\\T\\b.txt", FILE_ATTRIBUTE_SYSTEM);
+    Delete({L"Sub", L"a.txt", L"b.txt"});
+    AnswerDelete(yesKey);
+    EXPECT_EQ(Question(), L"'Sub' is a folder. Do you really want to delete it ?");
+    AnswerDelete(allKey);
+    FinishJob();
+    EXPECT_EQ(device.NamesIn(L"\\T"), Texts{L"c.txt"});
+}
+
+TEST_F(DeleteUi, CancelEndsTheJobWithoutAMessage) {
+    Delete({L"Sub", L"a.txt"});
+    AnswerDelete(yesKey);
+    EXPECT_EQ(Question(), L"'Sub' is a folder. Do you really want to delete it ?");
+    AnswerDelete(cancelKey);
+    FinishJob();
+    EXPECT_EQ(device.NamesIn(L"\\T"), (Texts{L"Sub", L"a.txt", L"b.txt", L"c.txt"}));
+}
+
+TEST_F(DeleteUi, TheSystemFolderEndsTheJob) {
+    device.Folder(L"\\Alpha");
+    StartIn(L"");
+    Select({L"Alpha", L"Windows"});
+    Give(IDM_FILE_DELETE);
+    AnswerDelete(yesKey);
+    AnswerDelete(yesKey);
+    EXPECT_EQ(ReadMessage(), L"'Windows' is a system folder and cannot be moved nor deleted.");
+    FinishJob();
+    EXPECT_FALSE(device.Exists(L"\\Alpha"));
+    EXPECT_TRUE(device.Exists(L"\\Windows"));
+    EXPECT_FALSE(program.List().Has(L"Alpha"));
+}
+
+TEST_F(DeleteUi, AFileInUseIsReported) {
+    StartIn(L"\\T");
+    Select({L"a.txt", L"b.txt"});
+    {
+        const HeldFile held = device.Hold(L"\\T\\a.txt");
+        Give(IDM_FILE_DELETE);
+        AnswerDelete(yesKey);
+        EXPECT_EQ(ReadMessage(), L"'a.txt' cannot be deleted.");
+        FinishJob();
+    }
+    EXPECT_EQ(device.NamesIn(L"\\T"), (Texts{L"Sub", L"a.txt", L"b.txt", L"c.txt"}));
+    EXPECT_EQ(program.List().Count(), 5);
+}
+
+TEST_F(DeleteUi, AnUnreadableFolderStays) {
+    device.HostFile("T/Closed/x.txt", "x");
+    device.Forbid("T/Closed");
+    Delete({L"Closed"});
+    AnswerDelete(yesKey);
+    EXPECT_EQ(ReadMessage(), L"'Closed' cannot be deleted.");
+    FinishJob();
+    RunOnHost("chmod 755 T/Closed");
+    EXPECT_EQ(device.Content(L"\\T\\Closed\\x.txt"), "x");
+}
+
+TEST_F(DeleteUi, ALinkGoesAloneAndWhatItPointsToStays) {
+    device.HostFile("Outside/kept.txt", "kept");
+    device.HostLink("T/Sub/link", "../../Outside");
+    device.HostLink("T/Sub/loop", "..");
+    device.HostLink("T/top", "../Outside");
+    Delete({L"Sub"});
+    AnswerDelete(yesKey);
+    FinishJob();
+    EXPECT_FALSE(device.Exists(L"\\T\\Sub"));
+    EXPECT_EQ(device.Content(L"\\Outside\\kept.txt"), "kept");
+    EXPECT_EQ(device.Content(L"\\T\\a.txt"), "a");
+    Select({L"top"});
+    Give(IDM_FILE_DELETE);
+    AnswerDelete(yesKey);
+    FinishJob();
+    EXPECT_FALSE(device.Exists(L"\\T\\top"));
+    EXPECT_EQ(device.Content(L"\\Outside\\kept.txt"), "kept");
+}
+
+TEST_F(DeleteUi, CancelLeavesTheFolderPartlyEmptied) {
+    device.Files(L"\\T\\Many", L"f", 3000);
+    Delete({L"Many"});
+    AnswerDelete(yesKey);
+    Dialog progress = program.WaitForDialog(L"Delete files...");
+    WaitFor("for the first files to go", [&] { return progress.Item(1081).Text().substr(0, 2) != L"0/"; });
+    EXPECT_EQ(progress.Item(1067).Text(), L"from 'T'...");
+    progress.Command(IDM_JOB_CANCEL);
+    FinishJob();
+    EXPECT_TRUE(device.Exists(L"\\T\\Many"));
+    EXPECT_GT(device.NamesIn(L"\\T\\Many").size(), 0u);
+    EXPECT_TRUE(program.List().Has(L"Many"));
+}
+
+TEST_F(DeleteUi, NothingSelectedAsksNothing) {
+    Delete({});
+    EXPECT_FALSE(program.HasDialog());
+    Select({L".."});
+    Give(IDM_FILE_DELETE);
+    EXPECT_FALSE(program.HasDialog());
+}
+
+} // namespace
