@@ -206,7 +206,8 @@ void Program::PostCommand(UINT command) {
 
 void Program::HandOverFolder(const std::wstring& folder) {
     constexpr ULONG_PTR openFolder = 563;
-    SendCopyData(openFolder, folder.c_str(), static_cast<DWORD>((folder.size() + 1) * sizeof(wchar_t)));
+    const std::wstring path = folder.empty() ? L"\\" : folder;
+    SendCopyData(openFolder, path.c_str(), static_cast<DWORD>((path.size() + 1) * sizeof(wchar_t)));
 }
 
 LRESULT Program::SendCopyData(ULONG_PTR code, const void* data, DWORD size) {

@@ -78,7 +78,8 @@ class Program {
     void Command(UINT command);
     /// Gives a command and goes on at once.
     void PostCommand(UINT command);
-    /// Goes where a copy of the program that was given this folder would have it go.
+    /// Goes where a copy of the program that was given this folder would have it go; the empty text is the
+    /// root.
     void HandOverFolder(const std::wstring& folder);
     /// Sends WM_COPYDATA with any content; `size` bytes are announced and really there.
     LRESULT SendCopyData(ULONG_PTR code, const void* data, DWORD size);

@@ -118,6 +118,9 @@ RECT TreeView::TextPlace(HTREEITEM item) const {
     Ask(window_, TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(memory.Address()));
     RECT place{};
     memory.Read(&place, sizeof(place));
+    RECT client{};
+    GetClientRect(window_, &client);
+    IntersectRect(&place, &place, &client); // a text may be wider than the tree
     MapWindowPoints(window_, nullptr, reinterpret_cast<POINT*>(&place), 2);
     return place;
 }
