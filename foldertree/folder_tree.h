@@ -122,10 +122,11 @@ class FolderTree {
     HTREEITEM root_ = nullptr;
     HTREEITEM search_ = nullptr;
 
-    bool ready_ = false;       // a change of the selection is the user's, not the program's
-    bool pendingSync_ = false; // a selection by keys waits for the timer
-    bool holdPending_ = false; // the stylus is down and the timer of tap and hold runs
-    POINT holdPoint_{};        // where it went down
+    bool ready_ = false;          // a change of the selection is the user's, not the program's
+    bool pendingSync_ = false;    // a selection by keys waits for the timer
+    bool holdPending_ = false;    // the stylus is down and the timer of tap and hold runs
+    POINT holdPoint_{};           // where it went down
+    bool holdOpenedMenu_ = false; // it was held until the menu opened
 
     Path editedPath_;               // of the node whose name is edited
     HTREEITEM editAgain_ = nullptr; // its name was refused; the editor opens once more

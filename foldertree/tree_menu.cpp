@@ -1,5 +1,7 @@
 // The tree's context menu and its ways of opening: tap and hold, a second button, keys.
 
+#include <utility>
+
 #include "app/address_bar.h"
 #include "app/app_state.h"
 #include "app/menu_state.h"
@@ -65,6 +67,7 @@ void FolderTree::OnStylusDown(LPARAM point) {
     SetTimer(window_, holdTimer, GetDoubleClickTime(), nullptr);
     holdPoint_ = PointOf(point);
     holdPending_ = true;
+    holdOpenedMenu_ = false;
 }
 
 void FolderTree::CancelHold() {
@@ -78,8 +81,10 @@ void FolderTree::OnHoldElapsed() {
     KillTimer(window_, holdTimer);
     const POINT now = MessagePointIn(window_);
     HTREEITEM node = NodeAt(holdPoint_);
-    if (node && node == NodeAt(now) && IsHeldStill(holdPoint_, now))
-        OpenMenu(node, {holdPoint_.x + holdMenuShift, holdPoint_.y});
+    if (!node || node != NodeAt(now) || !IsHeldStill(holdPoint_, now))
+        return;
+    holdOpenedMenu_ = true;
+    OpenMenu(node, {holdPoint_.x + holdMenuShift, holdPoint_.y});
 }
 
 /// The stylus that opened the menu was lifted over it, where the tree did not see it.
@@ -98,6 +103,8 @@ bool FolderTree::OnPointerNotify(UINT code, LRESULT* result) {
         CancelHold(); // the control has taken the stylus' lifting for itself
         if (menuAllowed && OnlyAltDown())
             OpenMenuAtPointer();
+        // What the hold has used up is no tap: the control would select the node or edit its name.
+        *result = std::exchange(holdOpenedMenu_, false);
         return true;
     case NM_RCLICK:
         if (menuAllowed)

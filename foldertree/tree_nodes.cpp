@@ -117,11 +117,12 @@ void FolderTree::RefreshChildren(HTREEITEM node) {
 }
 
 void FolderTree::Rebuild() {
+    SendMessageW(window_, TVM_ENDEDITLABELNOW, FALSE, 0); // while its node is still there
     HWND focus = GetFocus();
     const bool visible = GetWindowLongW(window_, GWL_STYLE) & WS_VISIBLE;
     KillTimer(appState.mainWindow, treeSyncTimer);
     pendingSync_ = false;
-    ShowWindow(window_, SW_HIDE); // also ends an edit under way, while its node is still there
+    ShowWindow(window_, SW_HIDE);
 
     ready_ = false;
     SendMessageW(window_, TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(TVI_ROOT));

@@ -51,7 +51,7 @@ bool FolderTree::RenameEdited(HTREEITEM node, std::wstring_view name) {
     Path renamed;
     appState.changeWatcher.PauseWatcher();
     if (!renamed.AssignChild(ParentOf(editedPath_.View()), name) ||
-        !MoveFileW(editedPath_.Text(), renamed.Text())) {
+        !ce::MoveFileW(editedPath_.Text(), renamed.Text())) {
         RefuseName(node, renameFailedMessage);
         appState.changeWatcher.ResumeWatcher();
         return false;
