@@ -218,10 +218,14 @@ LRESULT Program::SendCopyData(ULONG_PTR code, const void* data, DWORD size) {
 void Program::WaitUntilIdle() const {
     // Posted messages are worked off in turn, so a posted mark that has arrived says that all before it have.
     // The list's hover time serves as the mark; the program has no use for it.
+    // A dialog that ends at that moment may swallow the mark: then another one is set.
+    constexpr int markPatience = 500; // milliseconds
     static LPARAM mark = 100000;
     const HWND list = List().Window();
-    PostMessageW(list, LVM_SETHOVERTIME, 0, ++mark);
-    WaitFor("for the program to become idle", [&] { return Ask(list, LVM_GETHOVERTIME) == mark; });
+    WaitFor("for the program to become idle", [&] {
+        PostMessageW(list, LVM_SETHOVERTIME, 0, ++mark);
+        return HoldsWithin(markPatience, [&] { return Ask(list, LVM_GETHOVERTIME) == mark; });
+    });
 }
 
 void Program::WaitForFolder(const std::wstring& folder) const {
