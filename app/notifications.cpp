@@ -34,9 +34,10 @@ LRESULT OnListKey(int key) {
     if (appState.dragging || appState.labelEditing || !IsListFocused())
         return 0;
     const int command = TranslateListKey(key, {IsDown(VK_CONTROL), IsDown(VK_MENU)});
-    if (command == keyOpensContextMenu)
+    if (command == keyOpensContextMenu) {
+        DropTypedCharacters(appState.fileList.Window());
         ShowContextMenuAtSelection(appState.fileList);
-    else if (command == keyFocusesAddressBar)
+    } else if (command == keyFocusesAddressBar)
         FocusAddressBar();
     else if (command != keyTranslatesToNothing)
         OnCommand(static_cast<WPARAM>(command), 0);

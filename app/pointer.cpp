@@ -29,3 +29,9 @@ bool IsHeldStill(POINT down, POINT now) {
 bool IsDown(int key) {
     return GetKeyState(key) < 0;
 }
+
+void DropTypedCharacters(HWND window) {
+    MSG message;
+    while (PeekMessageW(&message, window, WM_CHAR, WM_CHAR, PM_REMOVE)) {
+    }
+}

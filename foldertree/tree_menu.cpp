@@ -40,6 +40,7 @@ void FolderTree::OpenMenuAtPointer() {
 
 /// Opens it at the middle of the selected node's name, counted from the screen's corner on purpose.
 void FolderTree::OpenMenuAtCaret() {
+    DropTypedCharacters(window_);
     POINT middle{};
     if (HTREEITEM node = Caret()) {
         RECT name;

@@ -31,7 +31,9 @@ void FolderTree::OnBeginLabelEdit(HTREEITEM node) {
 /// True when the node takes the new name. `text` is null when the edit was cancelled.
 bool FolderTree::OnEndLabelEdit(HTREEITEM node, const wchar_t* text) {
     CancelHold();
-    appState.labelEditing = false;
+    // In the midst of ending an edit its field loses the keyboard, for which the control ends it once more.
+    if (!std::exchange(appState.labelEditing, false))
+        return false;
     UpdateMenuState();
     if (!text)
         return false;

@@ -1,0 +1,90 @@
+// Screens: 240x320
+
+// Commands given while the tree has the keyboard: they act on the selected folder.
+
+#include "tests/ui/tree_ui.h"
+
+namespace {
+
+class FolderTreeCommandsUi : public TreeUi {
+  protected:
+    void SetUp() override {
+        device.File(L"\\Temp\\Home\\inside.txt", "kept");
+        device.Folder(L"\\Temp\\Other");
+        StartWithTree(L"\\Temp\\Home");
+        FocusTree();
+    }
+
+    void ExpectShown(const std::wstring& folder) {
+        program.WaitForFolder(folder);
+        program.WaitUntilIdle();
+        EXPECT_EQ(Tree().SelectedPath(), folder == L"My PocketPC" ? L"" : folder);
+    }
+    void AnswerDelete(UINT answer) {
+        Dialog question = program.WaitForDialog(L"Confirm File Delete");
+        EXPECT_EQ(question.Item(IDC_QUESTION_TEXT).Text(),
+                  L"'Home' is a folder. Do you really want to delete it ?");
+        question.Command(answer);
+        WaitFor("for the end", [&] { return !program.HasDialog() && IsWindowEnabled(program.Window()); });
+    }
+};
+
+TEST_F(FolderTreeCommandsUi, CopyAndPasteCopyTheFolder) {
+    program.Command(IDM_TOOLBAR_COPY);
+    ExpectShown(L"\\Temp\\Home");
+    EXPECT_TRUE(program.List().Has(L"inside"));
+    EXPECT_TRUE(program.TreeHasFocus());
+    Tap(Reach(L"\\Temp\\Other"));
+    ExpectShown(L"\\Temp\\Other");
+    program.PostCommand(IDM_TOOLBAR_PASTE);
+    EXPECT_TRUE(Eventually([&] { return device.Exists(L"\\Temp\\Other\\Home\\inside.txt"); }));
+    WaitFor("for its node", [&] { return Tree().Has(L"\\Temp\\Other\\Home"); });
+    EXPECT_TRUE(device.Exists(L"\\Temp\\Home\\inside.txt"));
+}
+
+TEST_F(FolderTreeCommandsUi, CutAndPasteMoveTheFolderAndItsNode) {
+    program.Command(IDM_TOOLBAR_CUT);
+    ExpectShown(L"\\Temp\\Home");
+    Tap(Reach(L"\\Temp\\Other"));
+    ExpectShown(L"\\Temp\\Other");
+    program.PostCommand(IDM_TOOLBAR_PASTE);
+    EXPECT_TRUE(Eventually([&] { return device.Exists(L"\\Temp\\Other\\Home\\inside.txt"); }));
+    WaitFor("for its node", [&] { return Tree().Has(L"\\Temp\\Other\\Home"); });
+    EXPECT_TRUE(Eventually([&] { return !Tree().Has(L"\\Temp\\Home"); }));
+    EXPECT_FALSE(device.Exists(L"\\Temp\\Home"));
+}
+
+TEST_F(FolderTreeCommandsUi, DeleteGoesToTheNearestFolderThatIsLeft) {
+    PressKey(VK_DELETE);
+    AnswerDelete(IDM_ANSWER_CANCEL);
+    ExpectShown(L"\\Temp\\Home");
+    PressKey(VK_DELETE);
+    AnswerDelete(IDM_ANSWER_YES);
+    ExpectShown(L"\\Temp");
+    EXPECT_FALSE(device.Exists(L"\\Temp\\Home"));
+    EXPECT_EQ(Tree().ChildrenOf(L"\\Temp"), Texts{L"Other"});
+    EXPECT_EQ(program.List().Names().back(), L"Other");
+}
+
+TEST_F(FolderTreeCommandsUi, AShortcutIsMadeInTheFolder) {
+    program.Command(IDM_FILE_SHORTCUT);
+    ExpectShown(L"\\Temp\\Home");
+    EXPECT_EQ(device.NamesIn(L"\\Temp\\Home"), (Texts{L"Shortcut to Home.lnk", L"inside.txt"}));
+}
+
+TEST_F(FolderTreeCommandsUi, TheDeviceAndTheSearchResultsAreNothingToWorkOn) {
+    Tap(Reach(L""));
+    ExpectShown(L"My PocketPC");
+    PressKey(VK_DELETE);
+    program.WaitUntilIdle();
+    EXPECT_TRUE(HoldsFor(300, [&] { return !program.HasDialog(); }));
+    program.Command(IDM_TOOLBAR_CUT);
+    Tap(Reach(L"File Search"));
+    ExpectShown(L"File Search");
+    PressKey(VK_DELETE);
+    EXPECT_TRUE(HoldsFor(300, [&] { return !program.HasDialog(); }));
+    ExpectShown(L"File Search");
+    EXPECT_TRUE(device.Exists(L"\\My Documents"));
+}
+
+} // namespace
