@@ -1,5 +1,6 @@
 #include "platform/ce_api.h"
 
+#include <iterator>
 #include <string_view>
 
 #include "platform/desktop/host_links.h"
@@ -50,6 +51,33 @@ bool SettleOnEntry(const Search& search, WIN32_FIND_DATAW& found) {
     }
     found.dwFileAttributes = PhoneAttributes(search.place, found.dwFileAttributes);
     return true;
+}
+
+/// Takes "\Folder\name" to "\Folder\~0" and from there to where only letters' case differs: the host
+/// takes the two names for one and would by itself rename nothing.
+BOOL ChangeCase(const wchar_t* from, const wchar_t* to) {
+    const std::wstring_view folder = FolderPart(from);
+    wchar_t aside[MAX_PATH] = {};
+    constexpr std::size_t nameRoom = 4; // "\~0" and the end
+    if (folder.size() + nameRoom > std::size(aside))
+        return FALSE;
+    folder.copy(aside, folder.size());
+    wchar_t* name = aside + folder.size();
+    for (wchar_t digit = L'0'; digit <= L'9'; ++digit) {
+        name[0] = L'\\';
+        name[1] = L'~';
+        name[2] = digit;
+        if (::GetFileAttributesW(aside) == INVALID_FILE_ATTRIBUTES)
+            break;
+    }
+    if (!::MoveFileExW(from, aside, 0))
+        return FALSE;
+    if (::MoveFileExW(aside, to, 0))
+        return TRUE;
+    const DWORD error = GetLastError();
+    ::MoveFileExW(aside, from, 0);
+    SetLastError(error);
+    return FALSE;
 }
 
 bool IsRoot(std::wstring_view path) {
@@ -129,7 +157,10 @@ BOOL DeleteFileW(const wchar_t* path) {
 BOOL MoveFileW(const wchar_t* from, const wchar_t* to) {
     if (const FileHandle entry(OpenOwnEntry(from)); entry)
         return RenameOwnEntry(entry.Get(), to);
-    return IsHostLink(from) ? MoveHostLink(from, to) : ::MoveFileExW(from, to, 0);
+    if (IsHostLink(from))
+        return MoveHostLink(from, to);
+    const bool sameButCase = SameText(from, to) && std::wstring_view(from) != to;
+    return sameButCase ? ChangeCase(from, to) : ::MoveFileExW(from, to, 0);
 }
 
 } // namespace ce
