@@ -33,6 +33,8 @@ void DragDrop::BeginFromList(const NMLISTVIEW& notification) {
         return;
     }
     Begin(Mode::Files, list);
+    // Pressed with Ctrl held it may just have left the selection.
+    SetState(notification.iItem, LVIS_SELECTED, LVIS_SELECTED);
     POINT corner{};
     BeginImage(reinterpret_cast<HIMAGELIST>(SendMessageW(list, LVM_CREATEDRAGIMAGE,
                                                          static_cast<WPARAM>(notification.iItem),

@@ -53,6 +53,7 @@ class JobUi : public UiTest {
             WaitFor("for the job to end", clear, 30000);
             program.WaitUntilIdle();
         } while (!clear());
+        program.WaitUntilIdle(); // what follows the job is done, too
     }
     void PasteAll() {
         Paste();
