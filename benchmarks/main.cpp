@@ -24,6 +24,7 @@ constexpr Measurement measurements[] = {
     {L"listing", MeasureListing},
     {L"sorting", MeasureSorting},
     {L"icons", MeasureIcons},
+    {L"tree", MeasureTree},
 };
 
 /// The program as it starts, but for its message loop.

@@ -7,6 +7,8 @@ void MeasureListing();
 void MeasureSorting();
 /// Icons of entries drawn again.
 void MeasureIcons();
+/// Many sibling folders read into the tree, read again and gone.
+void MeasureTree();
 
 constexpr int fewEntries = 10'000;
 constexpr int manyEntries = 100'000;

@@ -1,0 +1,68 @@
+#include <cstdio>
+
+#include "app/app_state.h"
+#include "app/text.h"
+#include "app/text_format.h"
+#include "benchmarks/measurements.h"
+#include "benchmarks/measuring.h"
+
+namespace {
+
+/// Times per sibling folder.
+struct Times {
+    double first = 0; // their parent's node gets them
+    double again = 0; // it is read again while it has them
+    double gone = 0;  // and when all but one have gone
+};
+
+/// A folder of the device with `count` folders in it, made anew.
+Path SiblingFolders(int count) {
+    Path folder;
+    wchar_t name[32];
+    FormatText(name, L"\\Temp\\Siblings%d", count);
+    [[maybe_unused]] const bool fits = folder.Assign(name);
+    CreateDirectoryW(folder.Text(), nullptr);
+    Path sibling;
+    for (int index = 0; index < count; ++index) {
+        FormatText(name, L"Folder %d", index);
+        if (sibling.AssignChild(folder.View(), name))
+            CreateDirectoryW(sibling.Text(), nullptr);
+    }
+    return folder;
+}
+
+void RemoveSiblings(const Path& folder, int count) {
+    wchar_t name[32];
+    Path sibling;
+    for (int index = 1; index < count; ++index) {
+        FormatText(name, L"Folder %d", index);
+        if (sibling.AssignChild(folder.View(), name))
+            RemoveDirectoryW(sibling.Text());
+    }
+}
+
+Times MeasureSiblings(int count) {
+    const Path folder = SiblingFolders(count);
+    const auto read = [&] { appState.folderTree.SelectPath(folder.View(), true, true); };
+    appState.folderTree.Rebuild();
+    Times times;
+    times.first = TimeOnce(read) / count;
+    times.again = TimeOnce(read) / count;
+    RemoveSiblings(folder, count);
+    times.gone = TimeOnce(read) / count;
+    return times;
+}
+
+} // namespace
+
+void MeasureTree() {
+    std::printf("Folder tree, %d siblings\n", fewEntries);
+    const Times some = MeasureSiblings(fewEntries / 10);
+    const Times few = MeasureSiblings(fewEntries);
+    ReportTime("a folder's first reading, each", few.first);
+    ReportTime("its reading again, each", few.again);
+    ReportTime("its leaving, each", few.gone);
+    ReportRatio("ten times as many, first reading", few.first / some.first, 2.0);
+    ReportRatio("ten times as many, again", few.again / some.again, 2.0);
+    ReportRatio("ten times as many, leaving", few.gone / some.gone, 4.0);
+}
