@@ -32,15 +32,24 @@ struct EitherCase {
     unsigned char lower;
 };
 
-/// Whether the first byte stands anywhere among the stride's with the second `distance` behind it. Without
-/// branches, so that the compiler can take many places at a time.
-bool StrideHolds(const unsigned char* stride, EitherCase first, EitherCase second, std::size_t distance) {
+/// A byte of the text and how far behind the text's first it stands.
+struct Probe {
+    EitherCase byte;
+    std::size_t distance;
+};
+
+unsigned char IsHit(unsigned char byte, EitherCase wanted) {
+    return (byte == wanted.upper) | (byte == wanted.lower);
+}
+
+/// Whether all probes fit any of the stride's places. Without branches, so that the compiler can take many
+/// places at a time.
+bool StrideHolds(const unsigned char* stride, const Probe (&probes)[3]) {
     unsigned char found = 0;
     for (std::size_t i = 0; i < strideSize; ++i) {
-        const unsigned char here = (stride[i] == first.upper) | (stride[i] == first.lower);
-        const unsigned char there =
-            (stride[i + distance] == second.upper) | (stride[i + distance] == second.lower);
-        found |= here & there;
+        found |= IsHit(stride[i + probes[0].distance], probes[0].byte) &
+                 IsHit(stride[i + probes[1].distance], probes[1].byte) &
+                 IsHit(stride[i + probes[2].distance], probes[2].byte);
     }
     return found != 0;
 }
@@ -72,14 +81,15 @@ bool BlockScan::Holds(std::span<const unsigned char> bytes) const {
 }
 
 bool BlockScan::BlockHolds(std::span<const unsigned char> block) const {
-    // Two bytes tell most places apart from the text; a text of one byte is asked for it twice.
-    const std::size_t distance = length_ > 1 ? 1 : 0;
-    const EitherCase first{upper_[0], lower_[0]};
-    const EitherCase second{upper_[distance], lower_[distance]};
+    // Three bytes tell nearly all places apart from the text; a shorter text is asked for its last one again.
+    const auto probe = [&](std::size_t place) {
+        place = std::min(place, length_ - 1);
+        return Probe{{upper_[place], lower_[place]}, place};
+    };
+    const Probe probes[] = {probe(0), probe(1), probe(2)};
     std::size_t place = 0;
-    for (; place + strideSize + distance <= block.size(); place += strideSize) {
-        if (StrideHolds(block.data() + place, first, second, distance) &&
-            MatchesWithin(block.subspan(place), strideSize))
+    for (; place + strideSize + probes[2].distance <= block.size(); place += strideSize) {
+        if (StrideHolds(block.data() + place, probes) && MatchesWithin(block.subspan(place), strideSize))
             return true;
     }
     return MatchesWithin(block.subspan(place), block.size() - place);

@@ -5,6 +5,7 @@
 #include "tests/support/soft_keys.h"
 #include "tests/support/text.h"
 #include "tests/support/ui_test.h"
+#include "tests/ui/layout.h"
 
 namespace {
 
@@ -64,23 +65,6 @@ class PropertiesUi : public UiTest {
     }
     static bool MenuEntryIsEnabled(const Dialog& dialog, UINT command) {
         return ReadMenu(dialog.Window(), SoftKeyPopup(dialog.Window(), IDM_SOFTKEY_MENU)).IsEnabled(command);
-    }
-    /// Everything is on the screen and nothing covers anything else.
-    static void ExpectGoodLayout(const Dialog& dialog) {
-        const RECT place = dialog.Place();
-        std::vector<RECT> places;
-        for (HWND child : ChildrenOf(dialog.Window())) {
-            if (GetParent(child) != dialog.Window() || !IsWindowVisible(child))
-                continue;
-            const RECT control = PlaceOf(child);
-            RECT common;
-            EXPECT_GE(control.left, place.left) << Narrow(TextOf(child));
-            EXPECT_LE(control.right, place.right) << Narrow(TextOf(child));
-            EXPECT_LE(control.bottom, place.bottom) << Narrow(TextOf(child));
-            for (const RECT& other : places)
-                EXPECT_FALSE(IntersectRect(&common, &control, &other)) << Narrow(TextOf(child));
-            places.push_back(control);
-        }
     }
     static bool StartsWith(const std::wstring& text, const std::wstring& beginning) {
         return text.compare(0, beginning.size(), beginning) == 0;
@@ -334,4 +318,16 @@ TEST_F(PropertiesUi, OfTheFolderShownWhenNothingIsSelected) {
     dialog.Item(IDC_ENTRY_NAME).SetText(L"there");
     ConfirmQuietly(dialog);
     program.WaitForFolder(L"\\Temp\\p\\there");
+}
+
+TEST_F(PropertiesUi, OfTheWholeDevice) {
+    program.Start();
+    program.Command(IDM_VIEW_FOLDER_TREE);
+    program.Command(IDM_FOCUS_PREV);
+    WaitFor("for the tree to have the keyboard", [&] { return program.TreeHasFocus(); });
+    program.PostCommand(IDM_MENU_PROPERTIES);
+    Dialog dialog = program.WaitForDialog(L"Properties");
+    EXPECT_EQ(dialog.Item(IDC_PAGE_TITLE).Text(), L"Properties of " + program.Tree().RootText());
+    EXPECT_FALSE(dialog.Item(IDC_HIDDEN).IsEnabled());
+    ConfirmQuietly(dialog);
 }

@@ -4,8 +4,10 @@
 
 #include <algorithm>
 
+#include "tests/support/host.h"
 #include "tests/support/text.h"
 #include "tests/support/ui_test.h"
+#include "tests/ui/layout.h"
 
 namespace {
 
@@ -94,6 +96,7 @@ TEST_F(SearchUi, BoxesSwitchTheirControls) {
     dialog.Item(IDC_SEARCH_DATE_MODE).PickEntry(area);
     WaitFor("for the second day", [&] { return dialog.Item(IDC_SEARCH_LAST_DAY).IsShown(); });
     EXPECT_TRUE(dialog.Item(IDC_SEARCH_LAST_DAY).IsEnabled());
+    ExpectGoodLayout(dialog);
     dialog.Item(IDC_SEARCH_DATE_MODE).PickEntry(before);
     WaitFor("for the second day to go", [&] { return !dialog.Item(IDC_SEARCH_LAST_DAY).IsShown(); });
     Check(dialog, IDC_SEARCH_DATE, false);
@@ -278,4 +281,32 @@ TEST_F(SearchUi, ExplorerChoosesTheLocation) {
     Dialog(chooser).Command(IDM_CHOOSER_OK);
     WaitFor("for the location", [&] { return dialog.Item(IDC_SEARCH_LOCATION).Text() == L"\\Windows"; });
     WaitFor("for the keyboard", [&] { return program.Focus() == dialog.Item(IDC_SEARCH_LOCATION).Window(); });
+}
+
+TEST_F(SearchUi, ResultsFollowNamesChangedInTheirProperties) {
+    device.File(L"\\Temp\\s\\sub\\needle.txt");
+    device.File(L"\\Temp\\s\\needle two.txt");
+    SearchFor(L"\\Temp\\s", L"needle");
+    program.List().Select(L"needle.txt");
+    program.PostCommand(IDM_MENU_PROPERTIES);
+    Dialog dialog = program.WaitForDialog(L"Properties");
+    dialog.Item(IDC_ENTRY_NAME).SetText(L"pin.txt");
+    dialog.Command(IDM_PROPERTIES_OK);
+    dialog.WaitUntilClosed();
+    WaitFor("for the new name", [&] { return Found() == Texts({L"needle two.txt", L"pin.txt"}); });
+    EXPECT_EQ(device.NamesIn(L"\\Temp\\s\\sub"), Texts{L"pin.txt"});
+    program.HandOverFolder(L"\\Temp\\s");
+    program.WaitForFolder(L"\\Temp\\s");
+    program.AddressBar().SetText(L"File Search");
+    program.Command(IDM_TOOLBAR_GO_TO);
+    program.WaitForFolder(L"File Search");
+    EXPECT_EQ(Found(), (Texts{L"needle two.txt", L"pin.txt"}));
+}
+
+TEST_F(SearchUi, VeryDeepFoldersDoNoHarm) {
+    device.File(L"\\Temp\\s\\needle.txt");
+    RunOnHost("cd Temp/s && for i in $(seq 1500); do mkdir d && cd -P d || exit; done && touch needle.txt");
+    SearchFor(L"\\Temp\\s", L"needle");
+    EXPECT_EQ(Found(), Texts{L"needle.txt"});
+    RunOnHost("rm -rf Temp/s");
 }
