@@ -92,7 +92,7 @@ TEST_F(ChangeWatcherUi, WhatOthersDoAtTheTopIsRightInBothPanesAfterTheRefresh) {
 
 TEST_F(ChangeWatcherUi, TheProgramsOwnWorkIsNotReported) {
     device.Folder(L"\\Temp\\a");
-    device.Folder(L"\\Temp\\b");
+    device.Files(L"\\Temp\\b", L"file", 100);
     StartWithTree(L"\\Temp");
     FocusTree();
     Tree().Select(L"\\Temp\\a"); // the list stays
@@ -103,6 +103,16 @@ TEST_F(ChangeWatcherUi, TheProgramsOwnWorkIsNotReported) {
     Control(Tree().NameEditor()).SetText(L"renamed");
     PressKey(VK_RETURN);
     WaitFor("for the new name", [&] { return Tree().Has(L"\\Temp\\renamed"); });
+    EXPECT_TRUE(HoldsFor(delay + 1000, [&] { return !Tree().Has(L"\\Zoo"); }));
+
+    // A hundred files copied into the shown folder.
+    program.HandOverFolder(L"\\Temp\\b");
+    program.Command(IDM_EDIT_SELECT_ALL);
+    program.Command(IDM_TOOLBAR_COPY);
+    program.HandOverFolder(L"\\Temp\\renamed");
+    Settle();
+    program.PostCommand(IDM_TOOLBAR_PASTE);
+    WaitFor("for the copies", [&] { return program.List().Count() >= 100 && !program.HasDialog(); });
     EXPECT_TRUE(HoldsFor(delay + 1000, [&] { return !Tree().Has(L"\\Zoo"); }));
 }
 

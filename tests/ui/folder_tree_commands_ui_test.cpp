@@ -2,6 +2,8 @@
 
 // Commands given while the tree has the keyboard: they act on the selected folder.
 
+#include <algorithm>
+
 #include "tests/ui/tree_ui.h"
 
 namespace {
@@ -70,6 +72,18 @@ TEST_F(FolderTreeCommandsUi, AShortcutIsMadeInTheFolder) {
     program.Command(IDM_FILE_SHORTCUT);
     ExpectShown(L"\\Temp\\Home");
     EXPECT_EQ(device.NamesIn(L"\\Temp\\Home"), (Texts{L"Shortcut to Home.lnk", L"inside.txt"}));
+}
+
+TEST_F(FolderTreeCommandsUi, EnterShowsThePropertiesOnlyWithAlt) {
+    PressKey(VK_RETURN);
+    program.WaitUntilIdle();
+    EXPECT_TRUE(HoldsFor(300, [&] { return !program.HasDialog(); }));
+    PressKey(VK_RETURN, Alt);
+    Dialog properties = program.WaitForDialog(L"Properties");
+    EXPECT_TRUE(std::ranges::count(properties.TextsShown(), L"Home"));
+    properties.Command(IDCANCEL);
+    properties.WaitUntilClosed();
+    ExpectShown(L"\\Temp\\Home");
 }
 
 TEST_F(FolderTreeCommandsUi, TheDeviceAndTheSearchResultsAreNothingToWorkOn) {
