@@ -26,17 +26,23 @@ class DragUi : public JobUi {
     /// Presses the stylus at a point and moves it to another at a hand's speed, without lifting it.
     void Carry(POINT from, POINT to) {
         constexpr int steps = 8;
+        StylusMove(from);
+        WaitForStylusAt(from);
         StylusDown(from);
         for (int step = 1; step <= steps; ++step) {
             Sleep(40);
             StylusMove({from.x + (to.x - from.x) * step / steps, from.y + (to.y - from.y) * step / steps});
         }
+        WaitForStylusAt(to);
+    }
+    /// The pointer's places come back from the screen, and late.
+    void WaitForStylusAt(POINT point) {
         WaitFor("for the stylus to arrive", [&] {
             POINT now;
             GetCursorPos(&now);
-            return now.x == to.x && now.y == to.y;
+            return now.x == point.x && now.y == point.y;
         });
-        Sleep(40);
+        Sleep(60);
         program.WaitUntilIdle();
     }
     void Carry(const std::wstring& name, POINT to) { Carry(program.List().PointOf(name), to); }
