@@ -150,11 +150,13 @@ TEST_F(FolderTreeMenuUi, AnEditorLeftOpenUnderAMenuIsClosedSoonAfterIt) {
     program.WaitForMenu();
     StylusUp();
     Ask(Tree().Window(), TVM_EDITLABELW, 0, reinterpret_cast<LPARAM>(Tree().At(L"\\My Documents").item));
-    EXPECT_NE(Tree().NameEditor(), nullptr);
+    ASSERT_NE(Tree().NameEditor(), nullptr);
+    Control(Tree().NameEditor()).SetText(L"Papers");
     program.CloseMenus();
     EXPECT_TRUE(Eventually([&] { return !Tree().NameEditor(); }));
     EXPECT_FALSE(program.HasMessageBox());
-    EXPECT_TRUE(Tree().Has(L"\\My Documents"));
+    EXPECT_TRUE(Tree().Has(L"\\Papers"));
+    EXPECT_TRUE(device.IsFolder(L"\\Papers"));
 }
 
 TEST_F(FolderTreeMenuUi, RenameChosenInAHeldMenuStaysOpen) {

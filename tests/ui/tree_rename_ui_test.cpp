@@ -184,6 +184,28 @@ TEST_F(TreeRenameUi, CancellingChangesNothing) {
     EXPECT_EQ(program.Folder(), L"\\Temp\\old");
 }
 
+TEST_F(TreeRenameUi, ATapElsewhereKeepsTheNameTyped) {
+    StartAt(L"\\Temp\\old");
+    BeginRename();
+    Control(Editor()).SetText(L"new");
+    Tap(Reach(program.List().EmptyPoint()));
+    EXPECT_TRUE(Eventually([&] { return device.Exists(L"\\Temp\\new"); }));
+    EXPECT_TRUE(EditorIsGone());
+    program.WaitUntilIdle();
+    EXPECT_FALSE(program.HasMessageBox());
+    EXPECT_TRUE(Tree().Has(L"\\Temp\\new"));
+}
+
+TEST_F(TreeRenameUi, ATapElsewhereWithAForbiddenNameOpensTheEditorAgain) {
+    StartAt(L"\\Temp\\old");
+    BeginRename();
+    Control(Editor()).SetText(L"a:b");
+    Tap(Reach(program.List().EmptyPoint()));
+    ExpectMessage(forbiddenMessage);
+    ExpectEditorAgain(L"old");
+    EXPECT_EQ(device.NamesIn(L"\\Temp"), Texts{L"old"});
+}
+
 TEST_F(TreeRenameUi, TheKeyForRenameOpensTheEditor) {
     StartAt(L"\\Temp\\old");
     PressKey(VK_F2);
