@@ -1,5 +1,7 @@
 #include "search/file_search.h"
 
+#include <memory>
+
 #include "app/app_state.h"
 #include "app/device_info.h"
 #include "search/search_dialog.h"
@@ -8,7 +10,8 @@ void RunFileSearch() {
     INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_DATE_CLASSES};
     InitCommonControlsEx(&controls);
     const bool panelShown = (GetSipFlags() & SIPF_ON) != 0;
-    const INT_PTR searched = SearchDialog().Run(appState.mainWindow);
+    // Too large for the phone's stack.
+    const INT_PTR searched = std::make_unique<SearchDialog>()->Run(appState.mainWindow);
     if (!panelShown)
         ce::SipShowIM(SIPF_OFF);
     if (searched > 0)

@@ -1,15 +1,12 @@
 #include "search/search_dialog.h"
 
 #include <cstdlib>
-#include <memory>
 
 #include "app/app_state.h"
 #include "app/device_info.h"
-#include "app/wait_cursor.h"
 #include "fileops/folder_chooser.h"
 #include "resources/resource.h"
 #include "search/name_match.h"
-#include "search/walk.h"
 
 namespace {
 
@@ -17,6 +14,13 @@ constexpr DialogLook look{{IDD_SEARCH_240, IDD_SEARCH_320, IDD_SEARCH_SMALL}, ID
 
 /// The dialog to itself, hidden by then: search.
 constexpr UINT UM_SEARCH = WM_USER + 100;
+
+constexpr UINT_PTR searchTimer = 1;
+constexpr UINT searchPause = 10; // milliseconds; the windows are drawn in between
+
+// Most searches are over before a window would have to be drawn.
+constexpr DWORD firstStep = 200;
+constexpr DWORD step = 100;
 
 constexpr int betweenEntry = 1; // of the date list
 
@@ -65,12 +69,14 @@ void SearchDialog::OnCommand(int id, int notification) {
 }
 
 INT_PTR SearchDialog::OnMessage(UINT message, WPARAM, LPARAM) {
-    if (message != UM_SEARCH)
+    switch (message) {
+    case UM_SEARCH:
+        return BeginSearch(), TRUE;
+    case WM_TIMER:
+        return SearchOn(step), TRUE;
+    default:
         return FALSE;
-    ce::SipShowIM(SIPF_OFF);
-    OnSearch();
-    End(1);
-    return TRUE;
+    }
 }
 
 void SearchDialog::FillLists() {
@@ -111,12 +117,21 @@ void SearchDialog::OnExplorer() {
         appState.fileList.GoToFolder(appState.fileList.CurrentFolder().View(), treeRescan);
 }
 
-void SearchDialog::OnSearch() {
-    const WaitCursor wait;
+void SearchDialog::BeginSearch() {
+    ce::SipShowIM(SIPF_OFF);
+    wait_.emplace();
     appState.fileList.searchResults.Clear();
-    const auto criteria = std::make_unique<SearchCriteria>();
-    ReadCriteria(*criteria);
-    RunSearch(*criteria, appState.fileList.searchResults);
+    ReadCriteria(criteria_);
+    run_.emplace(criteria_, appState.fileList.searchResults);
+    SetTimer(Window(), searchTimer, searchPause, nullptr);
+    SearchOn(firstStep);
+}
+
+void SearchDialog::SearchOn(DWORD milliseconds) {
+    if (run_ && !run_->RunFor(milliseconds)) {
+        run_.reset();
+        End(1);
+    }
 }
 
 void SearchDialog::ReadCriteria(SearchCriteria& criteria) const {

@@ -1,12 +1,17 @@
 #pragma once
 // The dialog in which the user says what to search for.
 
+#include <optional>
+
 #include "app/dialog_frame.h"
+#include "app/wait_cursor.h"
 #include "search/criteria.h"
+#include "search/walk.h"
 
 class SearchDialog : public DialogFrame {
   public:
-    /// The search runs from within the dialog, once it is hidden.
+    /// The search runs from within the dialog, once it is hidden; the dialog ends with 1 after it, with 0
+    /// when there was none.
     SearchDialog();
 
   private:
@@ -19,10 +24,15 @@ class SearchDialog : public DialogFrame {
     void FollowDateBox();
     void FollowSizeBox();
     void OnExplorer();
-    void OnSearch();
+    void BeginSearch();
+    void SearchOn(DWORD milliseconds);
     void ReadCriteria(SearchCriteria& criteria) const;
     Path ReadLocation() const;
     DayKey ReadDay(int picker) const;
     bool IsChecked(int box) const;
     int SelectionOf(int list) const;
+
+    SearchCriteria criteria_;
+    std::optional<SearchRun> run_;
+    std::optional<WaitCursor> wait_; // while it runs
 };

@@ -1,8 +1,5 @@
 #include "search/walk.h"
 
-#include "app/entry_walk.h"
-#include "search/file_scan.h"
-
 namespace {
 
 bool IsFolder(const WIN32_FIND_DATAW& entry) {
@@ -17,18 +14,25 @@ void AddFound(SearchResults& results, std::wstring_view folder, const WIN32_FIND
 
 } // namespace
 
-void RunSearch(const SearchCriteria& criteria, SearchResults& results) {
-    const std::wstring_view text = criteria.text.data();
-    const FileScan scan(text, criteria.caseSensitive);
-    EntryWalk walk(criteria.location.View());
-    while (walk.HasEntry()) {
-        const WIN32_FIND_DATAW& entry = walk.Entry();
-        if (MatchesOutside(criteria, entry) &&
-            (text.empty() || scan.FileHolds(walk.Folder(), entry.cFileName)))
-            AddFound(results, walk.Folder(), entry);
-        if (criteria.subfolders)
-            walk.Next();
+SearchRun::SearchRun(const SearchCriteria& criteria, SearchResults& results)
+    : criteria_(criteria), results_(results), scan_(criteria.text.data(), criteria.caseSensitive),
+      walk_(criteria.location.View()) {}
+
+bool SearchRun::RunFor(DWORD milliseconds) {
+    const DWORD start = GetTickCount();
+    while (walk_.HasEntry() && GetTickCount() - start < milliseconds) {
+        JudgeEntry();
+        if (criteria_.subfolders)
+            walk_.Next();
         else
-            walk.Skip();
+            walk_.Skip();
     }
+    return walk_.HasEntry();
+}
+
+void SearchRun::JudgeEntry() {
+    const WIN32_FIND_DATAW& entry = walk_.Entry();
+    const bool textAsked = criteria_.text[0] != L'\0';
+    if (MatchesOutside(criteria_, entry) && (!textAsked || scan_.FileHolds(walk_.Folder(), entry.cFileName)))
+        AddFound(results_, walk_.Folder(), entry);
 }

@@ -1,9 +1,25 @@
 #pragma once
 // Goes through the searched folders and keeps what it finds.
 
+#include "app/entry_walk.h"
 #include "filelist/search_results.h"
 #include "search/criteria.h"
+#include "search/file_scan.h"
 
-/// Adds every file and folder that meets the criteria to `results`. Folders and files that cannot be read are
-/// passed over.
-void RunSearch(const SearchCriteria& criteria, SearchResults& results);
+/// One search, run a while at a time. Folders and files that cannot be read are passed over.
+class SearchRun {
+  public:
+    /// Every file and folder that meets the criteria will be added to `results`. Both must outlive the run.
+    SearchRun(const SearchCriteria& criteria, SearchResults& results);
+
+    /// Searches on until the end or until the time is over. Returns whether something is left.
+    bool RunFor(DWORD milliseconds);
+
+  private:
+    void JudgeEntry();
+
+    const SearchCriteria& criteria_;
+    SearchResults& results_;
+    FileScan scan_;
+    EntryWalk walk_;
+};

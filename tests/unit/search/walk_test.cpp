@@ -40,7 +40,9 @@ class SearchWalk : public testing::Test {
     /// Full paths of what is found, from the test's folder on.
     Names Found() {
         results.Clear();
-        RunSearch(criteria, results);
+        SearchRun run(criteria, results);
+        while (run.RunFor(1000)) {
+        }
         Names names;
         for (const SearchResult* result = results.First(); result; result = result->next.get()) {
             const std::wstring path = std::wstring(result->folder.get()) + L"\\" + result->name.get();
@@ -159,4 +161,20 @@ TEST_F(SearchWalk, FoldersTooDeepForAPathEndTheWay) {
     EXPECT_LT(found, 130u);
     for (; levels > 0; --levels, deep.resize(deep.size() - 2))
         RemoveDirectoryW(deep.c_str());
+}
+
+TEST_F(SearchWalk, GoesOnWhereItStopped) {
+    for (int file = 0; file < 60; ++file)
+        MakeFile(L"sub\\" + std::to_wstring(file));
+    AskForName(L"5");
+    SearchRun run(criteria, results);
+    EXPECT_TRUE(run.RunFor(0));
+    EXPECT_EQ(results.First(), nullptr);
+    while (run.RunFor(1)) {
+    }
+    int found = 0;
+    for (const SearchResult* result = results.First(); result; result = result->next.get())
+        ++found;
+    EXPECT_EQ(found, 15);
+    EXPECT_FALSE(run.RunFor(1000));
 }
