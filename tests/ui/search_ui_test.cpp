@@ -310,3 +310,17 @@ TEST_F(SearchUi, VeryDeepFoldersDoNoHarm) {
     EXPECT_EQ(Found(), Texts{L"needle.txt"});
     RunOnHost("rm -rf Temp/s");
 }
+
+TEST_F(SearchUi, TheProgramAnswersDuringALongSearchAndCanBeClosed) {
+    for (int file = 0; file < 40; ++file)
+        device.FileOfSize(L"\\Temp\\s\\big " + std::to_wstring(file), 1'000'000'000);
+    Dialog dialog = Open(L"\\Temp\\s");
+    dialog.Item(IDC_SEARCH_TEXT).SetText(L"needle");
+    dialog.Command(IDM_SEARCH_OK);
+    WaitFor("for the dialog to be hidden", [&] { return !IsWindowVisible(dialog.Window()); });
+    EXPECT_TRUE(IsWindow(dialog.Window()));
+    EXPECT_FALSE(IsWindowEnabled(program.Window())); // nothing else can be begun
+    EXPECT_TRUE(HoldsWithin(10000, [&] { return Answers(program.Window()); }));
+    program.Close();
+    EXPECT_EQ(program.ExitCode(), 0u);
+}
