@@ -99,6 +99,7 @@ TEST_F(Subfolders, ThoseBeyondTheLongestPathAreLeftOut) {
     if (!CreateDirectoryW((extended + tooLong).c_str(), nullptr))
         GTEST_SKIP() << "no paths beyond the limit here";
     EXPECT_EQ(Names(ReadSubfolders(Folder(deep))), Texts({fits}));
-    RemoveDirectoryW((extended + tooLong).c_str());
     RemoveDirectoryW((extended + fits).c_str());
+    EXPECT_FALSE(HasSubfolder(Folder(deep)));
+    RemoveDirectoryW((extended + tooLong).c_str());
 }
