@@ -1,7 +1,6 @@
 #include "search/file_scan.h"
 
 #include "app/path.h"
-#include "platform/handles.h"
 
 namespace {
 
@@ -26,19 +25,20 @@ std::size_t ReadPiece(HANDLE file, unsigned char* piece) {
 FileScan::FileScan(std::wstring_view text, bool caseSensitive)
     : scan_(text, caseSensitive), piece_(std::make_unique_for_overwrite<unsigned char[]>(pieceSize)) {}
 
-bool FileScan::FileHolds(std::wstring_view folder, std::wstring_view name) const {
+bool FileScan::Open(std::wstring_view folder, std::wstring_view name) {
     Path path;
     if (!path.AssignChild(folder, name))
         return false;
-    const FileHandle file(
+    file_.Reset(
         CreateFileW(path.Text(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!file)
-        return false;
-    std::size_t read = pieceSize;
-    while (read == pieceSize) {
-        read = ReadPiece(file.Get(), piece_.get());
-        if (scan_.Holds({piece_.get(), read}))
-            return true;
-    }
-    return false;
+    return IsOpen();
+}
+
+ScanVerdict FileScan::ScanPiece() {
+    const std::size_t read = ReadPiece(file_.Get(), piece_.get());
+    const bool found = scan_.Holds({piece_.get(), read});
+    if (!found && read == pieceSize)
+        return ScanVerdict::ReadOn;
+    file_.Reset();
+    return found ? ScanVerdict::Found : ScanVerdict::NotFound;
 }

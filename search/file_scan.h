@@ -4,16 +4,25 @@
 #include <memory>
 #include <string_view>
 
+#include "platform/handles.h"
 #include "search/block_scan.h"
 
+enum class ScanVerdict { Found, NotFound, ReadOn };
+
+/// Reads one file after another, piece by piece.
 class FileScan {
   public:
     FileScan(std::wstring_view text, bool caseSensitive);
 
-    /// Whether the file holds the text. A file that cannot be opened does not.
-    bool FileHolds(std::wstring_view folder, std::wstring_view name) const;
+    /// Begins with a file. False when it cannot be opened.
+    bool Open(std::wstring_view folder, std::wstring_view name);
+    bool IsOpen() const { return static_cast<bool>(file_); }
+
+    /// Looks at the next piece of the open file. The file is closed once the verdict is clear.
+    ScanVerdict ScanPiece();
 
   private:
     BlockScan scan_;
     std::unique_ptr<unsigned char[]> piece_;
+    FileHandle file_;
 };

@@ -21,18 +21,29 @@ SearchRun::SearchRun(const SearchCriteria& criteria, SearchResults& results)
 bool SearchRun::RunFor(DWORD milliseconds) {
     const DWORD start = GetTickCount();
     while (walk_.HasEntry() && GetTickCount() - start < milliseconds) {
-        JudgeEntry();
-        if (criteria_.subfolders)
-            walk_.Next();
-        else
-            walk_.Skip();
+        const ScanVerdict verdict = JudgeEntry();
+        if (verdict == ScanVerdict::Found)
+            AddFound(results_, walk_.Folder(), walk_.Entry());
+        if (verdict != ScanVerdict::ReadOn)
+            StepOn();
     }
     return walk_.HasEntry();
 }
 
-void SearchRun::JudgeEntry() {
-    const WIN32_FIND_DATAW& entry = walk_.Entry();
-    const bool textAsked = criteria_.text[0] != L'\0';
-    if (MatchesOutside(criteria_, entry) && (!textAsked || scan_.FileHolds(walk_.Folder(), entry.cFileName)))
-        AddFound(results_, walk_.Folder(), entry);
+/// Judges the entry, or as much of a file as is read at a time.
+ScanVerdict SearchRun::JudgeEntry() {
+    if (scan_.IsOpen())
+        return scan_.ScanPiece();
+    if (!MatchesOutside(criteria_, walk_.Entry()))
+        return ScanVerdict::NotFound;
+    if (criteria_.text[0] == L'\0')
+        return ScanVerdict::Found;
+    return scan_.Open(walk_.Folder(), walk_.Entry().cFileName) ? scan_.ScanPiece() : ScanVerdict::NotFound;
+}
+
+void SearchRun::StepOn() {
+    if (criteria_.subfolders)
+        walk_.Next();
+    else
+        walk_.Skip();
 }

@@ -16,7 +16,8 @@ class SearchRun {
     bool RunFor(DWORD milliseconds);
 
   private:
-    void JudgeEntry();
+    ScanVerdict JudgeEntry();
+    void StepOn();
 
     const SearchCriteria& criteria_;
     SearchResults& results_;
