@@ -11,8 +11,8 @@ namespace {
 /// one block appears whole or not at all; larger ones grow under another name first.
 constexpr DWORD blockSize = 256 * 1024;
 
-constexpr DWORD keptAttributes =
-    FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE;
+/// What a copy takes over beside the mark that every new file has.
+constexpr DWORD keptAttributes = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
 
 bool Exists(const Path& path) {
     return ce::GetFileAttributesW(path.Text()) != INVALID_FILE_ATTRIBUTES;
@@ -98,9 +98,7 @@ MoverResult FileMover::CopyContents(const wchar_t* source, const WIN32_FIND_DATA
                                       OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!from)
         return MoverResult::Failed;
-    const DWORD kept = found.dwFileAttributes & keptAttributes;
-    FileHandle to(CreateFileW(target, GENERIC_WRITE, 0, nullptr, CREATE_NEW,
-                              kept != 0 ? kept : FILE_ATTRIBUTE_NORMAL, nullptr));
+    FileHandle to(CreateFileW(target, GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!to)
         return ce::GetFileAttributesW(target) != INVALID_FILE_ATTRIBUTES ? MoverResult::Exists
                                                                          : MoverResult::Failed;
@@ -110,6 +108,8 @@ MoverResult FileMover::CopyContents(const wchar_t* source, const WIN32_FIND_DATA
     to.Reset();
     if (result != MoverResult::Done)
         Discard(target);
+    else if (found.dwFileAttributes & keptAttributes)
+        ce::SetFileAttributesW(target, found.dwFileAttributes & (keptAttributes | FILE_ATTRIBUTE_ARCHIVE));
     return result;
 }
 

@@ -1,9 +1,11 @@
 #include "fileops/file_mover.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -108,7 +110,7 @@ TEST_F(FileMoverTest, ACopyHasTheTimeAndTheAttributes) {
             CreateFileW(At(L"a").Text(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
         SetFileTime(file.Get(), nullptr, nullptr, &written);
     }
-    SetFileAttributesW(At(L"a").Text(), FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN);
+    ce::SetFileAttributesW(At(L"a").Text(), FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN);
     EXPECT_EQ(Copy(L"a", L"b"), MoverResult::Done);
     const WIN32_FIND_DATAW found = Found(L"b");
     EXPECT_TRUE(found.dwFileAttributes & FILE_ATTRIBUTE_READONLY);
