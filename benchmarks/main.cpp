@@ -25,6 +25,7 @@ constexpr Measurement measurements[] = {
     {L"sorting", MeasureSorting},
     {L"icons", MeasureIcons},
     {L"tree", MeasureTree},
+    {L"jobs", MeasureJobs},
 };
 
 /// The program as it starts, but for its message loop.

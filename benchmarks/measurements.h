@@ -9,6 +9,8 @@ void MeasureSorting();
 void MeasureIcons();
 /// Many sibling folders read into the tree, read again and gone.
 void MeasureTree();
+/// Files copied, moved and deleted by the jobs, their dialogs included.
+void MeasureJobs();
 
 constexpr int fewEntries = 10'000;
 constexpr int manyEntries = 100'000;
