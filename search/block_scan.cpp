@@ -8,7 +8,7 @@
 namespace {
 
 /// Bytes looked at in one go: few enough to find the place again quickly, enough for wide registers.
-constexpr std::size_t strideSize = 64;
+constexpr std::size_t strideSize = 128;
 
 /// The text in the system's code page, or null when it cannot be written in it.
 std::unique_ptr<unsigned char[]> ToBytes(std::wstring_view text, std::size_t& length) {
@@ -26,32 +26,28 @@ std::unique_ptr<unsigned char[]> ToBytes(std::wstring_view text, std::size_t& le
     return bytes;
 }
 
-/// A byte in one of its two cases.
-struct EitherCase {
-    unsigned char upper;
-    unsigned char lower;
-};
-
-/// A byte of the text and how far behind the text's first it stands.
+/// A byte of the text, and how far behind the text's first it stands. The two cases of a letter differ in one
+/// bit: with that bit set, either is the lower one.
 struct Probe {
-    EitherCase byte;
+    unsigned char lower;
+    unsigned char caseBit;
     std::size_t distance;
 };
 
-unsigned char IsHit(unsigned char byte, EitherCase wanted) {
-    return (byte == wanted.upper) | (byte == wanted.lower);
-}
-
 /// Whether all probes fit any of the stride's places. Without branches, so that the compiler can take many
-/// places at a time.
-bool StrideHolds(const unsigned char* stride, const Probe (&probes)[3]) {
-    unsigned char found = 0;
+/// places at a time: each place's differences make a number, which is 0 where all fit.
+bool StrideHolds(const unsigned char* stride, Probe first, Probe second, Probe third) {
+    const unsigned char* firsts = stride + first.distance;
+    const unsigned char* seconds = stride + second.distance;
+    const unsigned char* thirds = stride + third.distance;
+    unsigned char least = 0xFF;
     for (std::size_t i = 0; i < strideSize; ++i) {
-        found |= IsHit(stride[i + probes[0].distance], probes[0].byte) &
-                 IsHit(stride[i + probes[1].distance], probes[1].byte) &
-                 IsHit(stride[i + probes[2].distance], probes[2].byte);
+        const unsigned char difference = ((firsts[i] | first.caseBit) ^ first.lower) |
+                                         ((seconds[i] | second.caseBit) ^ second.lower) |
+                                         ((thirds[i] | third.caseBit) ^ third.lower);
+        least = std::min(least, difference);
     }
-    return found != 0;
+    return least == 0;
 }
 
 } // namespace
@@ -84,13 +80,19 @@ bool BlockScan::BlockHolds(std::span<const unsigned char> block) const {
     // Three bytes tell nearly all places apart from the text; a shorter text is asked for its last one again.
     const auto probe = [&](std::size_t place) {
         place = std::min(place, length_ - 1);
-        return Probe{{upper_[place], lower_[place]}, place};
+        const auto caseBit = static_cast<unsigned char>(upper_[place] ^ lower_[place]);
+        return Probe{lower_[place], caseBit, place};
     };
     const Probe probes[] = {probe(0), probe(1), probe(2)};
+    const std::size_t reach = strideSize + probes[2].distance;
     std::size_t place = 0;
-    for (; place + strideSize + probes[2].distance <= block.size(); place += strideSize) {
-        if (StrideHolds(block.data() + place, probes) && MatchesWithin(block.subspan(place), strideSize))
+    while (place + probes[2].distance < block.size() && block.size() >= reach) {
+        // The last stride begins where it just fits, over places that have been looked at.
+        const std::size_t begin = std::min(place, block.size() - reach);
+        if (StrideHolds(block.data() + begin, probes[0], probes[1], probes[2]) &&
+            MatchesWithin(block.subspan(begin), strideSize))
             return true;
+        place = begin + strideSize;
     }
     return MatchesWithin(block.subspan(place), block.size() - place);
 }

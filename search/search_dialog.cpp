@@ -19,7 +19,7 @@ constexpr UINT_PTR searchTimer = 1;
 constexpr UINT searchPause = 10; // milliseconds; the windows are drawn in between
 
 // Most searches are over before a window would have to be drawn.
-constexpr DWORD firstStep = 200;
+constexpr DWORD firstStep = 100;
 constexpr DWORD step = 100;
 
 constexpr int betweenEntry = 1; // of the date list
