@@ -44,6 +44,8 @@ void DragDrop::BeginFromList(const NMLISTVIEW& notification) {
 
 void DragDrop::BeginFromTree(const NMTREEVIEWW& notification) {
     HWND tree = appState.folderTree.Window();
+    if (!appState.folderTree.CanCarry(notification.itemNew.hItem))
+        return;
     Begin(Mode::Files, tree);
     node_ = notification.itemNew.hItem;
     BeginImage(reinterpret_cast<HIMAGELIST>(

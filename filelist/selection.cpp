@@ -64,5 +64,6 @@ void FileList::DeleteSelection() {
     RemoveDone(entries);
     TellTreeOfFolders(entries, ReportedFolders::Done);
     SendMessageW(window_, LVM_ARRANGE, LVA_DEFAULT, 0);
-    RecountFolderBytes(folder.View());
+    if (currentFolder_.View() == folder.View())
+        RecountFolderBytes(folder.View());
 }

@@ -34,7 +34,18 @@ FileJob::FileJob(const JobLook& look, std::wstring_view sourceFolder, std::span<
 void FileJob::RunJob() {
     appState.changeWatcher.PauseWatcher();
     Run(appState.mainWindow);
+    EndWorker();
     appState.changeWatcher.ResumeWatcher();
+}
+
+/// The dialog went with the program's windows while the worker was at it: nothing of the job may go before
+/// the worker has ended. Its messages to the dialog come back at once now.
+void FileJob::EndWorker() {
+    if (!thread_)
+        return;
+    cancelRequested_ = 1;
+    WaitForSingleObject(thread_.Get(), INFINITE);
+    thread_.Reset();
 }
 
 // --- The dialog, on the user-interface thread ---
@@ -68,9 +79,9 @@ INT_PTR FileJob::OnMessage(UINT message, WPARAM, LPARAM) {
         return OnFinished(), TRUE;
     case UM_ASKREPLACEFILE:
     case UM_ASKREPLACEFOLDER:
-        return subject_ ? OnQuestion(message) : void(), TRUE;
+        return IsAsked() ? OnQuestion(message) : void(), TRUE;
     case UM_REPORTFAILURE:
-        return subject_ ? OnReport() : void(), TRUE;
+        return IsAsked() ? OnReport() : void(), TRUE;
     default:
         return FALSE;
     }

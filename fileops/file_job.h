@@ -83,8 +83,11 @@ class FileJob : public CopyWatch, private DialogFrame {
     HWND OnInit() override;
     void OnCommand(int id, int notification) override;
     INT_PTR OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void EndWorker();
     void OnCancelKey();
     void OnFinished();
+    /// The worker waits, and what it waits for is not on the screen yet.
+    bool IsAsked() const { return subject_ && idleResetAllowed_; }
     void OnQuestion(UINT message);
     void OnReport();
     void SendSubject(UINT message, const wchar_t* subject, const wchar_t* source);

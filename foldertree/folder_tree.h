@@ -51,7 +51,9 @@ class FolderTree {
     void ClearDropMark();
     /// The stylus was lifted: true when it was over a folder here, which has taken the drop or declined it.
     bool TakeDrop(DragDrop& drag);
-    /// Selects a node and puts its folder on the program's clipboard. The list is left showing that alone.
+    /// Whether a node is a folder that can be taken elsewhere: not the device itself nor the search results.
+    bool CanCarry(HTREEITEM node) const { return node && node != root_ && node != search_; }
+    /// Selects such a node and puts its folder on the program's clipboard. The list is left showing that alone.
     void PutOnClipboard(HTREEITEM node, Transfer transfer);
 
     // --- tree_commands.cpp ---

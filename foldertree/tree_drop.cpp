@@ -51,11 +51,8 @@ bool FolderTree::TakeDrop(DragDrop& drag) {
 
 void FolderTree::PutOnClipboard(HTREEITEM node, Transfer transfer) {
     Path folder;
-    // The device itself and the search results are nothing to carry about.
-    if (!node || node == root_ || node == search_ || !PathOfNode(node, folder)) {
-        appState.fileList.clipboard = {};
+    if (!CanCarry(node) || !PathOfNode(node, folder))
         return;
-    }
     ready_ = false;
     Select(node);
     ready_ = true;

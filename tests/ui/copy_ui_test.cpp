@@ -3,6 +3,8 @@
 
 // Copying files and folders.
 
+#include <algorithm>
+
 #include "tests/ui/job_ui.h"
 
 namespace {
@@ -258,6 +260,48 @@ TEST_F(CopyUi, AProgramKilledInTheMiddleTakesNothingWithIt) {
     program.Kill();
     EXPECT_EQ(device.Content(L"\\To\\huge"), "old");
     EXPECT_TRUE(device.Exists(L"\\From\\huge"));
+}
+
+TEST_F(CopyUi, ClosingTheProgramInTheMiddleLeavesNoPart) {
+    device.FileOfSize(L"\\From\\huge", 6ull << 30);
+    device.File(L"\\To\\huge", "old");
+    CopyToTarget({L"huge"});
+    AnswerFile(yesKey);
+    WaitFor("for the copy to begin", [&] { return device.NamesIn(L"\\To").size() > 1; });
+    program.Close();
+    EXPECT_EQ(device.NamesIn(L"\\To"), Texts{L"huge"});
+    EXPECT_EQ(device.Content(L"\\To\\huge"), "old");
+}
+
+TEST_F(CopyUi, TheWindowAnswersAllThroughAJob) {
+    device.Files(L"\\From\\Many", L"f", 2000);
+    CopyToTarget({L"Many"});
+    ULONGLONG longest = 0;
+    int asked = 0;
+    while (program.HasDialog()) {
+        const ULONGLONG begun = GetTickCount64();
+        program.WaitUntilIdle();
+        longest = std::max(longest, GetTickCount64() - begun);
+        ++asked;
+    }
+    FinishJob();
+    EXPECT_GT(asked, 3);
+    EXPECT_LT(longest, 500u); // a tenth of a second, and what a busy machine adds
+    EXPECT_EQ(device.NamesIn(L"\\To\\Many").size(), 2000u);
+}
+
+TEST_F(CopyUi, MessagesOfOthersToTheDialogDoNothing) {
+    device.File(L"\\To\\a.txt", "old");
+    CopyToTarget({L"a.txt", L"b.txt"});
+    program.WaitForDialog(L"Replace existing File?");
+    const HWND progress = program.WaitForDialog(L"Copy Files").Window();
+    for (const UINT message : {100u, 200u, 300u, 400u})
+        PostMessageW(progress, WM_USER + message, 1, 1);
+    program.WaitUntilIdle();
+    AnswerFile(yesKey);
+    FinishJob();
+    EXPECT_EQ(device.Content(L"\\To\\a.txt"), "new a");
+    EXPECT_EQ(device.Content(L"\\To\\b.txt"), "new b");
 }
 
 } // namespace
