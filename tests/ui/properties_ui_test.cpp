@@ -331,3 +331,50 @@ TEST_F(PropertiesUi, OfTheWholeDevice) {
     EXPECT_FALSE(dialog.Item(IDC_HIDDEN).IsEnabled());
     ConfirmQuietly(dialog);
 }
+
+TEST_F(PropertiesUi, TheRomBoxTellsOfSystemFilesAndTakesNoClicks) {
+    device.File(L"\\Temp\\p\\a.txt");
+    device.SetAttributes(L"\\Temp\\p\\a.txt", FILE_ATTRIBUTE_SYSTEM);
+    Dialog dialog = Open(L"\\Temp\\p", {L"a.txt"});
+    HWND rom = dialog.Item(IDC_ROM).Window();
+    EXPECT_EQ(Ask(rom, BM_GETCHECK), BST_INDETERMINATE);
+    dialog.Item(IDC_ROM).Click();
+    program.WaitUntilIdle();
+    EXPECT_EQ(Ask(rom, BM_GETCHECK), BST_INDETERMINATE);
+    ConfirmQuietly(dialog);
+    EXPECT_TRUE(device.Attributes(L"\\Temp\\p\\a.txt") & FILE_ATTRIBUTE_SYSTEM);
+}
+
+TEST_F(PropertiesUi, EachChangeThatFailsIsTold) {
+    device.File(L"\\Temp\\p\\a.txt");
+    Dialog dialog = Open(L"\\Temp\\p", {L"a.txt"});
+    dialog.Item(IDC_HIDDEN).Click();
+    WaitFor("for the mark", [&] { return dialog.Item(IDC_HIDDEN).IsChecked(); });
+    dialog.Item(IDC_ENTRY_NAME).SetText(L"b.txt");
+    device.Remove(L"\\Temp\\p\\a.txt");
+    dialog.Command(IDM_PROPERTIES_OK);
+    ExpectMessage(L"These attributes cannot be changed.");
+    ExpectMessage(cannotRename);
+}
+
+TEST_F(PropertiesUi, BackErasesInTheName) {
+    device.File(L"\\Temp\\p\\a.txt");
+    Dialog dialog = Open(L"\\Temp\\p", {L"a.txt"});
+    WaitFor("for the keyboard", [&] { return program.Focus() == dialog.Item(IDC_ENTRY_NAME).Window(); });
+    Ask(dialog.Item(IDC_ENTRY_NAME).Window(), EM_SETSEL, 5, 5);
+    PressBack();
+    WaitFor("for the last letter to go", [&] { return dialog.Item(IDC_ENTRY_NAME).Text() == L"a.tx"; });
+    EXPECT_TRUE(dialog.IsOpen());
+    PressLeftSoftKey();
+    dialog.WaitUntilClosed();
+    WaitFor("for the new name", [&] { return device.Exists(L"\\Temp\\p\\a.tx"); });
+}
+
+TEST_F(PropertiesUi, ANameTooLongForItsFolderIsRefused) {
+    device.File(L"\\Temp\\p\\a.txt");
+    Dialog dialog = Open(L"\\Temp\\p", {L"a.txt"});
+    dialog.Item(IDC_ENTRY_NAME).SetText(std::wstring(600, L'n'));
+    dialog.Command(IDM_PROPERTIES_OK);
+    ExpectMessage(cannotRename);
+    EXPECT_TRUE(device.Exists(L"\\Temp\\p\\a.txt"));
+}

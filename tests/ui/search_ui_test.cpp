@@ -324,3 +324,22 @@ TEST_F(SearchUi, TheProgramAnswersDuringALongSearchAndCanBeClosed) {
     program.Close();
     EXPECT_EQ(program.ExitCode(), 0u);
 }
+
+TEST_F(SearchUi, TextsOfAnyLengthAreTakenAsFarAsTheyGo) {
+    device.File(L"\\Temp\\s\\a.txt", "abc");
+    Dialog dialog = Open(L"\\Temp\\s");
+    dialog.Item(IDC_SEARCH_NAME).SetText(std::wstring(2000, L'*'));
+    dialog.Item(IDC_SEARCH_TEXT).SetText(std::wstring(2000, L'x'));
+    dialog.Item(IDC_SEARCH_KILOBYTES).SetText(std::wstring(2000, L'9'));
+    Search(dialog);
+    EXPECT_EQ(program.List().Count(), 0);
+}
+
+TEST_F(SearchUi, BackErasesInTheName) {
+    Dialog dialog = Open(L"\\My Documents");
+    WaitFor("for the keyboard", [&] { return program.Focus() == dialog.Item(IDC_SEARCH_NAME).Window(); });
+    TypeText(L"ab");
+    PressBack();
+    WaitFor("for Back to erase", [&] { return dialog.Item(IDC_SEARCH_NAME).Text() == L"a"; });
+    EXPECT_TRUE(dialog.IsOpen());
+}
