@@ -93,3 +93,9 @@ void KeepMenuInWorkArea(HWND menuWindow);
 // --- input_panel.cpp ---
 
 bool InputPanelIsUp();
+
+// --- pane_keys.cpp ---
+
+/// Tells the parent of a list view or tree view of a key pressed with Alt, as the phone's controls do and not
+/// all of the desktop's. False for a window of another kind.
+bool NotifyOfKeyWithAlt(HWND pane, WPARAM key);

@@ -62,6 +62,8 @@ LRESULT CALLBACK ChildProc(HWND window, UINT message, WPARAM wParam, LPARAM lPar
         RemoveWindowSubclass(window, ChildProc, CHILD_ID);
     if (message == WM_WINDOWPOSCHANGING && lParam)
         reinterpret_cast<WINDOWPOS*>(lParam)->flags |= SWP_NOCOPYBITS;
+    if (message == WM_SYSKEYDOWN && NotifyOfKeyWithAlt(window, wParam))
+        return DefWindowProcW(window, message, wParam, lParam);
     return DefSubclassProc(window, message, wParam, lParam);
 }
 
