@@ -1,9 +1,14 @@
 #include "tests/support/input.h"
 
+#include <algorithm>
+
+#include "tests/support/waiting.h"
+
 namespace {
 
 constexpr DWORD stepPause = 10; // milliseconds between a drag's steps, so that each is seen
 constexpr int dragSteps = 8;
+constexpr int settleTime = 40; // milliseconds that the pointer has to rest where it was put
 
 void SendKey(WORD key, bool up) {
     INPUT input{};
@@ -32,6 +37,13 @@ void SendMouse(DWORD flags, LONG x = 0, LONG y = 0) {
     SendInput(1, &input, sizeof(input));
 }
 
+/// By absolute places only: SetCursorPos would come back from the X screen once more.
+void MovePointer(POINT point) {
+    const auto scaled = [](LONG place, int size) { return (place * 65536 + 32768) / size; };
+    SendMouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, scaled(point.x, GetSystemMetrics(SM_CXSCREEN)),
+              scaled(point.y, GetSystemMetrics(SM_CYSCREEN)));
+}
+
 } // namespace
 
 void PressKey(WORD key, unsigned modifiers) {
@@ -55,10 +67,16 @@ void PostKey(HWND window, WORD key) {
 }
 
 void StylusMove(POINT point) {
-    // By absolute places only: SetCursorPos comes back from the X screen once more, and late.
-    const auto scaled = [](LONG place, int size) { return (place * 65536 + 32768) / size; };
-    SendMouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, scaled(point.x, GetSystemMetrics(SM_CXSCREEN)),
-              scaled(point.y, GetSystemMetrics(SM_CYSCREEN)));
+    // The X screen reports each place once more, and on a busy machine late: a press would land there.
+    const POINT reachable = {std::clamp<LONG>(point.x, 0, GetSystemMetrics(SM_CXSCREEN) - 1),
+                             std::clamp<LONG>(point.y, 0, GetSystemMetrics(SM_CYSCREEN) - 1)};
+    WaitFor("for the stylus", [&] {
+        MovePointer(reachable);
+        return HoldsFor(settleTime, [&] {
+            POINT now{};
+            return GetCursorPos(&now) && now.x == reachable.x && now.y == reachable.y;
+        });
+    });
 }
 
 void StylusDown(POINT point) {
@@ -71,9 +89,11 @@ void StylusUp() {
 }
 
 void Tap(POINT point, unsigned modifiers) {
+    // The way there comes first: where the pointer goes, the X screen has its own say on the keys.
+    StylusMove(point);
     SendModifiers(modifiers, false);
-    StylusDown(point);
-    StylusUp();
+    SendMouse(MOUSEEVENTF_LEFTDOWN);
+    SendMouse(MOUSEEVENTF_LEFTUP);
     SendModifiers(modifiers, true);
 }
 
@@ -98,9 +118,10 @@ void TapAndHold(POINT point, DWORD milliseconds) {
 void Drag(POINT from, POINT to) {
     StylusDown(from);
     for (int step = 1; step <= dragSteps; ++step) {
-        StylusMove(
+        MovePointer(
             {from.x + (to.x - from.x) * step / dragSteps, from.y + (to.y - from.y) * step / dragSteps});
         Sleep(stepPause);
     }
+    StylusMove(to);
     StylusUp();
 }

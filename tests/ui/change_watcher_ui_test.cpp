@@ -154,7 +154,7 @@ TEST_F(ChangeWatcherUi, IsIdleAtSearchResultsAndLosesNothingInAThousandNavigatio
     device.File(L"\\Temp\\b\\1");
     device.File(L"\\Temp\\b\\2");
     StartWithTree(L"\\Temp");
-    Tap(Reach(L"File Search"));
+    Tap(Tree().PointOf(L"File Search"));
     program.WaitForFolder(L"File Search");
     device.Folder(L"\\Zoo"); // a refresh would bring it into the tree
     device.File(L"\\Temp\\unseen.txt");

@@ -36,7 +36,7 @@ TEST_F(FolderTreeCommandsUi, CopyAndPasteCopyTheFolder) {
     ExpectShown(L"\\Temp\\Home");
     EXPECT_TRUE(program.List().Has(L"inside"));
     EXPECT_TRUE(program.TreeHasFocus());
-    Tap(Reach(L"\\Temp\\Other"));
+    Tap(Tree().PointOf(L"\\Temp\\Other"));
     ExpectShown(L"\\Temp\\Other");
     program.PostCommand(IDM_TOOLBAR_PASTE);
     EXPECT_TRUE(Eventually([&] { return device.Exists(L"\\Temp\\Other\\Home\\inside.txt"); }));
@@ -47,7 +47,7 @@ TEST_F(FolderTreeCommandsUi, CopyAndPasteCopyTheFolder) {
 TEST_F(FolderTreeCommandsUi, CutAndPasteMoveTheFolderAndItsNode) {
     program.Command(IDM_TOOLBAR_CUT);
     ExpectShown(L"\\Temp\\Home");
-    Tap(Reach(L"\\Temp\\Other"));
+    Tap(Tree().PointOf(L"\\Temp\\Other"));
     ExpectShown(L"\\Temp\\Other");
     program.PostCommand(IDM_TOOLBAR_PASTE);
     EXPECT_TRUE(Eventually([&] { return device.Exists(L"\\Temp\\Other\\Home\\inside.txt"); }));
@@ -87,13 +87,13 @@ TEST_F(FolderTreeCommandsUi, EnterShowsThePropertiesOnlyWithAlt) {
 }
 
 TEST_F(FolderTreeCommandsUi, TheDeviceAndTheSearchResultsAreNothingToWorkOn) {
-    Tap(Reach(L""));
+    Tap(Tree().PointOf(L""));
     ExpectShown(L"My PocketPC");
     PressKey(VK_DELETE);
     program.WaitUntilIdle();
     EXPECT_TRUE(HoldsFor(300, [&] { return !program.HasDialog(); }));
     program.Command(IDM_TOOLBAR_CUT);
-    Tap(Reach(L"File Search"));
+    Tap(Tree().PointOf(L"File Search"));
     ExpectShown(L"File Search");
     PressKey(VK_DELETE);
     EXPECT_TRUE(HoldsFor(300, [&] { return !program.HasDialog(); }));

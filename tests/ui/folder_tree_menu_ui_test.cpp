@@ -40,7 +40,7 @@ class FolderTreeMenuUi : public TreeUi {
         return {place.right - 30, place.top + 8}; // right of the root's text
     }
     void Hold(POINT from, POINT to) {
-        StylusDown(Reach(from));
+        StylusDown(from);
         StylusMove(to);
         Sleep(holdTime); // the time itself is the input
     }
@@ -49,7 +49,7 @@ class FolderTreeMenuUi : public TreeUi {
 };
 
 TEST_F(FolderTreeMenuUi, TheSecondButtonSelectsTheNodeAndOpensItsMenu) {
-    RightClick(Reach(L"\\Temp"));
+    RightClick(Tree().PointOf(L"\\Temp"));
     EXPECT_EQ(program.WaitForMenu().Popup(L"Send To").Texts(),
               (Texts{L"ZIP Archive...", L"-", L"Copy To...", L"Move To...", L"Send Shortcut To..."}));
     EXPECT_EQ(program.WaitForMenu().Popup(L"Edit").Texts(),
@@ -57,23 +57,23 @@ TEST_F(FolderTreeMenuUi, TheSecondButtonSelectsTheNodeAndOpensItsMenu) {
                      L"Reverse Selection"}));
     ExpectMenu();
     EXPECT_EQ(Tree().SelectedPath(), L"\\Temp");
-    RightClick(Reach(L"File Search"));
+    RightClick(Tree().PointOf(L"File Search"));
     ExpectNoMenu();
-    RightClick(Reach(EmptyPoint()));
+    RightClick(EmptyPoint());
     ExpectNoMenu();
 }
 
 TEST_F(FolderTreeMenuUi, ATapWithAltOpensIt) {
-    Tap(Reach(L"\\Temp"), Alt);
+    Tap(Tree().PointOf(L"\\Temp"), Alt);
     ExpectMenu();
-    Tap(Reach(L"\\Windows"), Alt | Shift);
+    Tap(Tree().PointOf(L"\\Windows"), Alt | Shift);
     ExpectNoMenu();
-    Tap(Reach(L"\\Temp"));
+    Tap(Tree().PointOf(L"\\Temp"));
     ExpectNoMenu();
 }
 
 TEST_F(FolderTreeMenuUi, TheShellsTapAndHoldOpensIt) {
-    Reach(L"\\Temp");
+    StylusMove(Tree().PointOf(L"\\Temp"));
     program.WaitUntilIdle();
     RemoteMemory memory(program.Window(), sizeof(NMHDR) + 64);
     NMHDR notification{};
@@ -130,12 +130,12 @@ TEST_F(FolderTreeMenuUi, AStylusThatMovesOrIsLiftedOpensNone) {
     Hold(point, {point.x + 7, point.y});
     EXPECT_FALSE(program.MenuIsOpen());
     StylusUp();
-    Tap(Reach(point));
+    Tap(point);
     Sleep(holdTime);
     EXPECT_FALSE(program.MenuIsOpen());
-    TapAndHold(Reach(EmptyPoint()), holdTime);
+    TapAndHold(EmptyPoint(), holdTime);
     EXPECT_FALSE(program.MenuIsOpen());
-    TapAndHold(Reach(L"File Search"), holdTime);
+    TapAndHold(Tree().PointOf(L"File Search"), holdTime);
     EXPECT_FALSE(program.MenuIsOpen());
     // Nothing of all that is in the way of the next hold.
     PressKey(VK_ESCAPE);

@@ -30,13 +30,13 @@ TEST_F(FolderTreeSyncUi, TheTreeFollowsTheListWithoutAnEcho) {
 
 TEST_F(FolderTreeSyncUi, ATapShowsTheFolderAtOnce) {
     StartWithTree();
-    Tap(Reach(L"\\My Documents"));
+    Tap(Tree().PointOf(L"\\My Documents"));
     program.WaitForFolder(L"\\My Documents");
     EXPECT_TRUE(program.TreeHasFocus());
-    Tap(Reach(L"File Search"));
+    Tap(Tree().PointOf(L"File Search"));
     program.WaitForFolder(L"File Search");
     EXPECT_EQ(Tree().SelectedPath(), L"File Search");
-    Tap(Reach(L""));
+    Tap(Tree().PointOf(L""));
     program.WaitForFolder(L"My PocketPC");
     EXPECT_EQ(Tree().SelectedPath(), L"");
     GoBackTo(L"\\My Documents");
@@ -78,7 +78,7 @@ TEST_F(FolderTreeSyncUi, ASelectionByAnotherProgramIsNotFollowed) {
 TEST_F(FolderTreeSyncUi, ClosingANodeAboveTheSelectionShowsIt) {
     StartWithTree(L"\\My Documents\\Notes");
     EXPECT_EQ(Tree().SelectedPath(), L"\\My Documents\\Notes");
-    Tap(Reach(Tree().ButtonPointOf(L"\\My Documents")));
+    Tap(Tree().ButtonPointOf(L"\\My Documents"));
     program.WaitForFolder(L"\\My Documents");
     EXPECT_EQ(Tree().SelectedPath(), L"\\My Documents");
     EXPECT_FALSE(Tree().At(L"\\My Documents").expanded);

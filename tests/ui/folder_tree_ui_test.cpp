@@ -10,7 +10,7 @@ class FolderTreeUi : public TreeUi {
   protected:
     /// Opens or closes a node by hand: by a tap on its button.
     void TapButton(const std::wstring& path) {
-        Tap(Reach(Tree().ButtonPointOf(path)));
+        Tap(Tree().ButtonPointOf(path));
         program.WaitUntilIdle();
     }
 };
@@ -152,7 +152,7 @@ TEST_F(FolderTreeUi, AChainOfLinksEndsWhereNoPathIsLongEnough) {
     }
     EXPECT_LE(path.size(), 259u);
     EXPECT_FALSE(Tree().At(path).hasButton);
-    Tap(Reach(path));
+    Tap(Tree().PointOf(path));
     program.WaitForFolder(path);
 }
 

@@ -93,7 +93,7 @@ TEST_F(TreeRenameUi, WhatIsOpenInTheFolderStaysUsable) {
     RenameTo(L"new");
     WaitFor("for the new name", [&] { return Tree().Has(L"\\Temp\\new\\inner"); });
     EXPECT_TRUE(Tree().At(L"\\Temp\\new").expanded);
-    Tap(Reach(L"\\Temp\\new\\inner"));
+    Tap(Tree().PointOf(L"\\Temp\\new\\inner"));
     program.WaitForFolder(L"\\Temp\\new\\inner");
 }
 
@@ -123,7 +123,7 @@ TEST_F(TreeRenameUi, TheDeviceAndTheSearchResultsKeepTheirNames) {
     RenameTo(L"a:b"); // the characters come first
     ExpectMessage(forbiddenMessage);
     ExpectEditorAgain(L"My PocketPC");
-    Tap(Reach(L"File Search"));
+    Tap(Tree().PointOf(L"File Search"));
     program.WaitForFolder(L"File Search");
     RenameTo(L"results");
     ExpectMessage(L"Cannot rename file.");
@@ -188,7 +188,7 @@ TEST_F(TreeRenameUi, ATapElsewhereKeepsTheNameTyped) {
     StartAt(L"\\Temp\\old");
     BeginRename();
     Control(Editor()).SetText(L"new");
-    Tap(Reach(program.List().EmptyPoint()));
+    Tap(program.List().EmptyPoint());
     EXPECT_TRUE(Eventually([&] { return device.Exists(L"\\Temp\\new"); }));
     EXPECT_TRUE(EditorIsGone());
     program.WaitUntilIdle();
@@ -200,7 +200,7 @@ TEST_F(TreeRenameUi, ATapElsewhereWithAForbiddenNameOpensTheEditorAgain) {
     StartAt(L"\\Temp\\old");
     BeginRename();
     Control(Editor()).SetText(L"a:b");
-    Tap(Reach(program.List().EmptyPoint()));
+    Tap(program.List().EmptyPoint());
     ExpectMessage(forbiddenMessage);
     ExpectEditorAgain(L"old");
     EXPECT_EQ(device.NamesIn(L"\\Temp"), Texts{L"old"});

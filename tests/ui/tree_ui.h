@@ -21,22 +21,4 @@ class TreeUi : public UiTest {
     }
 
     TreeView Tree() const { return program.Tree(); }
-
-    /// Brings the stylus to a point and waits until it rests there: on a busy machine the screen reports
-    /// earlier places late, and a press would land on those.
-    static POINT Reach(POINT point) {
-        StylusMove(point);
-        WaitFor("for the stylus", [&] {
-            return HoldsFor(60, [&] {
-                POINT now{};
-                GetCursorPos(&now);
-                if (now.x != point.x || now.y != point.y)
-                    StylusMove(point);
-                return now.x == point.x && now.y == point.y;
-            });
-        });
-        return point;
-    }
-    /// The same for a node's text.
-    POINT Reach(const std::wstring& path) const { return Reach(Tree().PointOf(path)); }
 };
