@@ -11,9 +11,10 @@ namespace {
 
 using NumberText = std::array<wchar_t, 64>;
 
-NumberText GroupedNumber(std::uint32_t number) {
+/// The number with its groups. Signed by design: a total from two gigabytes on reads as a negative number.
+NumberText GroupedNumber(std::int32_t number) {
     NumberText text{};
-    FormatText(text, L"%u", number);
+    FormatText(text, L"%d", static_cast<int>(number));
     FormatInteger(text);
     return text;
 }
@@ -41,14 +42,14 @@ void ShowLoadingStatus() {
 }
 
 void ShowFolderStatus(int fileCount, std::uint32_t totalBytes, std::wstring_view folder) {
-    const NumberText count = GroupedNumber(static_cast<std::uint32_t>(fileCount));
+    const NumberText count = GroupedNumber(fileCount);
     NumberText text{};
     if (appState.commandBands.addressBarShown) {
         constexpr int halves[] = {4, 8};
         DivideStatusBar(halves);
         FormatText(text, L"%s files", count.data());
         SetStatusText(0, text.data());
-        FormatText(text, L"%s bytes", GroupedNumber(totalBytes).data());
+        FormatText(text, L"%s bytes", GroupedNumber(static_cast<std::int32_t>(totalBytes)).data());
         SetStatusText(1, text.data());
         return;
     }

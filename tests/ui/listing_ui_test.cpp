@@ -323,6 +323,16 @@ TEST_F(ListingUi, TheTotalWrapsAtFourGigabytes) {
     EXPECT_EQ(program.Status().Texts()[1], L"1,024.00MB");
 }
 
+TEST_F(ListingUi, ATotalFromTwoGigabytesOnReadsAsANegativeNumberOfBytes) {
+    ShowAddressBar();
+    device.FileOfSize(L"\\A\\large.bin", 2 * gigabyte - 1);
+    NamesIn(L"\\A");
+    EXPECT_EQ(program.Status().Texts(), (Texts{L"1 files", L"2,147,483,647 bytes"}));
+    device.File(L"\\A\\last byte", "x");
+    program.Command(IDM_MENU_REFRESH);
+    EXPECT_EQ(program.Status().Texts(), (Texts{L"2 files", L"-2,147,483,648 bytes"}));
+}
+
 // --- Search results as a folder ---
 
 TEST_F(ListingUi, EmptySearchResultsHaveNoRowAndNoWayUp) {
