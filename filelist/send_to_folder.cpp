@@ -14,15 +14,14 @@ void FileList::MoveTo() {
 }
 
 void FileList::TransferTo(Transfer transfer, const wchar_t* title) {
+    // What is selected now is meant: the list may show something else by the time a folder is chosen.
     const Path folder = currentFolder_;
+    std::vector<SelectionEntry> entries = CollectSelection();
+    // A selected up-level entry leaves an empty slot, which the job passes over.
+    entries.resize(static_cast<std::size_t>(SendMessageW(window_, LVM_GETSELECTEDCOUNT, 0, 0)));
     FolderChoice choice{folder};
-    bool refresh = false;
-    if (ChooseFolder(title, choice)) {
-        std::vector<SelectionEntry> entries = CollectSelection();
-        // A selected up-level entry leaves an empty slot, which the job passes over.
-        entries.resize(static_cast<std::size_t>(SendMessageW(window_, LVM_GETSELECTEDCOUNT, 0, 0)));
-        refresh = !entries.empty() && TransferEntries(transfer, folder, choice.folder, entries);
-    }
+    const bool refresh = ChooseFolder(title, choice) && !entries.empty() &&
+                         TransferEntries(transfer, folder, choice.folder, entries);
     if (!refresh && !choice.changed)
         return;
     appState.folderTree.SelectPath(choice.folder.View(), true, false);

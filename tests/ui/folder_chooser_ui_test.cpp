@@ -83,6 +83,20 @@ TEST_F(FolderChooserUi, MovesToTheRoot) {
     EXPECT_EQ(program.List().Names(), Texts{L".."});
 }
 
+TEST_F(FolderChooserUi, WhatWasSelectedIsMovedWhateverTheListShowsMeanwhile) {
+    device.SetOption(ListOption::ShowUpLevel, 0);
+    StartIn(L"\\From");
+    Select({L"a.txt"});
+    Dialog chooser = Choose(IDM_SENDTO_MOVE_TO, L"Move file to");
+    program.HandOverFolder(L"\\To"); // another program asks for it
+    TreeOf(chooser).Select(L"");
+    chooser.Command(IDM_CHOOSER_OK);
+    FinishJob();
+    EXPECT_EQ(device.Content(L"\\a.txt"), "a");
+    EXPECT_TRUE(device.IsFolder(L"\\To\\Inner"));
+    EXPECT_EQ(program.List().Names(), Texts{L"Sub"});
+}
+
 TEST_F(FolderChooserUi, TheUpLevelEntryIsPassedOver) {
     StartIn(L"\\From");
     Select({L"..", L"a.txt"});
