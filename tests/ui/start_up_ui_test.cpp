@@ -363,6 +363,29 @@ TEST_F(StartUpUi, ClosingWhileAMenuIsOpenEndsTheProgram) {
     EXPECT_EQ(program.ExitCode(), 0u);
 }
 
+TEST_F(StartUpUi, ClosingWhileADialogIsOpenEndsTheProgramAndSaves) {
+    device.File(L"\\A\\file");
+    for (const UINT command : {IDM_FILE_SEARCH, IDM_MENU_PROPERTIES, IDM_SENDTO_COPY_TO, IDM_FILE_DELETE}) {
+        program.Start(L"\\A");
+        program.List().Select(L"file");
+        program.PostCommand(command);
+        WaitFor("for the dialog", [&] { return program.HasDialog(); });
+        program.Close();
+        EXPECT_EQ(program.ExitCode(), 0u) << command;
+        EXPECT_EQ(device.TextValue(settingsKey, L"LastFolder"), L"\\A") << command;
+    }
+}
+
+TEST_F(StartUpUi, ClosingWhileAMessageIsOpenEndsTheProgramAndSaves) {
+    program.Start(L"\\Temp");
+    program.AddressBar().SetText(L"\\nothing there");
+    program.PostCommand(IDM_TOOLBAR_GO_TO);
+    program.WaitForMessageBox();
+    program.Close();
+    EXPECT_EQ(program.ExitCode(), 0u);
+    EXPECT_EQ(device.TextValue(settingsKey, L"LastFolder"), L"\\Temp");
+}
+
 TEST_F(StartUpUi, AfterTheEndTheProgramStartsAnew) {
     program.Start();
     program.Restart(L"\\Temp");
