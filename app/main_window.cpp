@@ -35,10 +35,10 @@ void OnClose() {
 }
 
 LRESULT OnActivate(WPARAM wParam, LPARAM lParam) {
-    if (LOWORD(wParam) == WA_INACTIVE)
+    if (LOWORD(wParam) == WA_INACTIVE) {
         appState.fileList.dragDrop.Cancel();
-    if (LOWORD(wParam) == WA_INACTIVE)
         return DefWindowProcW(appState.mainWindow, WM_ACTIVATE, wParam, lParam);
+    }
     FocusPane(appState.focusedPane);
     return 0;
 }
