@@ -27,7 +27,7 @@ DWORD GetFileAttributesW(const wchar_t* path);
 /// its attributes.
 BOOL SetFileAttributesW(const wchar_t* path, DWORD attributes);
 
-/// Removes an empty folder, or a link to a folder and nothing behind it.
+/// Removes an empty folder, or a link to a folder and nothing behind it. A storage card's folder stays.
 BOOL RemoveDirectoryW(const wchar_t* path);
 
 /// Deletes a file, or a link to one and not what is behind it.

@@ -145,7 +145,12 @@ BOOL SetFileAttributesW(const wchar_t* path, DWORD attributes) {
 }
 
 BOOL RemoveDirectoryW(const wchar_t* path) {
-    return IsHostLink(path) ? RemoveHostLink(path) : ::RemoveDirectoryW(path);
+    if (!IsHostLink(path))
+        return ::RemoveDirectoryW(path);
+    if (PlaceOf(FolderPart(path)) != Place::Root)
+        return RemoveHostLink(path);
+    SetLastError(ERROR_ACCESS_DENIED); // a card is taken out, not removed
+    return FALSE;
 }
 
 BOOL DeleteFileW(const wchar_t* path) {

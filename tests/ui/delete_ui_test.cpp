@@ -163,6 +163,19 @@ TEST_F(DeleteUi, ALinkGoesAloneAndWhatItPointsToStays) {
     EXPECT_EQ(device.Content(L"\\Outside\\kept.txt"), "kept");
 }
 
+TEST_F(DeleteUi, ACardIsEmptiedButItsFolderStays) {
+    device.StorageCard("Card", {"x.txt", "Sub/y.txt"});
+    StartIn(L"");
+    Select({L"Card"});
+    Give(IDM_FILE_DELETE);
+    AnswerDelete(yesKey);
+    EXPECT_EQ(ReadMessage(), L"'Card' cannot be deleted.");
+    FinishJob();
+    EXPECT_TRUE(device.IsFolder(L"\\Card"));
+    EXPECT_EQ(device.NamesIn(L"\\Card"), Texts{});
+    EXPECT_TRUE(program.List().Has(L"Card"));
+}
+
 TEST_F(DeleteUi, CancelLeavesTheFolderPartlyEmptied) {
     device.Files(L"\\T\\Many", L"f", 3000);
     Delete({L"Many"});

@@ -3,6 +3,7 @@
 
 // Dragging and dropping with the stylus.
 
+#include "tests/support/other_program.h"
 #include "tests/ui/job_ui.h"
 
 namespace {
@@ -123,6 +124,45 @@ TEST_F(DragUi, StickyCtrlCopies) {
     program.Command(IDM_KEY_CTRL);
     EXPECT_TRUE(device.Exists(L"\\T\\a.txt"));
     EXPECT_TRUE(device.Exists(L"\\T\\Sub\\a.txt"));
+}
+
+TEST_F(DragUi, StickyCtrlMakesMoveInTheMenuACopy) {
+    device.WriteNumber(settingsKey, L"ContextMenu", 1);
+    StartIn(L"\\T");
+    Carry(L"a.txt", program.List().PointOf(L"Sub"));
+    program.Command(IDM_KEY_CTRL);
+    StylusUp();
+    program.WaitForMenu();
+    PressKey(VK_DOWN);
+    PressKey(VK_DOWN);
+    PressKey(VK_RETURN);
+    program.WaitForFolder(L"\\T\\Sub");
+    FinishJob();
+    program.Command(IDM_KEY_CTRL);
+    EXPECT_TRUE(device.Exists(L"\\T\\a.txt"));
+    EXPECT_TRUE(device.Exists(L"\\T\\Sub\\a.txt"));
+}
+
+TEST_F(DragUi, AWindowThatComesInFrontEndsTheDrag) {
+    StartIn(L"\\T");
+    Carry(L"a.txt", program.List().PointOf(L"Sub"));
+    WaitFor("for the mark", [&] { return IsMarked(L"Sub"); });
+    {
+        const OtherProgram other;
+        WaitFor("for the mark to go", [&] { return !IsMarked(L"Sub"); });
+    }
+    StylusUp();
+    program.WaitUntilIdle();
+    EXPECT_TRUE(device.Exists(L"\\T\\a.txt"));
+}
+
+TEST_F(DragUi, SearchResultsAndTheDeviceItselfTakeAndGiveNothing) {
+    StartWithTree();
+    Carry(program.Tree().PointOf(L""), program.List().EmptyPoint());
+    StylusUp();
+    program.WaitUntilIdle();
+    EXPECT_FALSE(CanPaste());
+    EXPECT_FALSE(program.HasMessageBox());
 }
 
 TEST_F(DragUi, AFileDroppedOnTheTreeMovesThere) {
