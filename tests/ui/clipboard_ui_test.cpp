@@ -119,6 +119,30 @@ TEST_F(ClipboardUi, CopyNameAndCopyPathPutTextOnTheSystemsClipboard) {
     EXPECT_EQ(SystemClipboardText(), L"\\From");
 }
 
+TEST_F(ClipboardUi, SearchResultsAreTakenFromTheirOwnFoldersAndFollow) {
+    StartIn(L"\\From");
+    program.PostCommand(IDM_FILE_SEARCH);
+    Dialog search = program.WaitForDialog(L"File Search");
+    search.Item(IDC_SEARCH_NAME).SetText(L"*.txt");
+    search.Command(IDM_SEARCH_OK);
+    program.WaitForFolder(L"File Search");
+    FinishJob();
+    Select({L"c.txt"});
+    program.Command(IDM_EDIT_COPY_PATH);
+    EXPECT_EQ(SystemClipboardText(), L"\\From\\Sub\\c.txt");
+    program.Command(IDM_TOOLBAR_CUT);
+    Show(L"\\To");
+    PasteAll();
+    EXPECT_EQ(device.NamesIn(L"\\To"), Texts{L"c.txt"});
+    EXPECT_FALSE(device.Exists(L"\\From\\Sub\\c.txt"));
+    program.AddressBar().SetText(L"File Search");
+    program.Command(IDM_TOOLBAR_GO_TO);
+    program.WaitForFolder(L"File Search");
+    Select({L"c.txt"});
+    program.Command(IDM_EDIT_COPY_PATH);
+    EXPECT_EQ(SystemClipboardText(), L"\\To\\c.txt");
+}
+
 TEST_F(ClipboardUi, TheKeysOfTheListWorkToo) {
     StartIn(L"\\From");
     Select({L"a.txt"});
