@@ -25,6 +25,7 @@ constexpr Measurement measurements[] = {
     {L"sorting", MeasureSorting},
     {L"icons", MeasureIcons},
     {L"tree", MeasureTree},
+    {L"search", MeasureSearch},
     {L"jobs", MeasureJobs},
 };
 

@@ -9,6 +9,8 @@ void MeasureSorting();
 void MeasureIcons();
 /// Many sibling folders read into the tree, read again and gone.
 void MeasureTree();
+/// Names and texts searched for.
+void MeasureSearch();
 /// Files copied, moved and deleted by the jobs, their dialogs included.
 void MeasureJobs();
 
