@@ -175,4 +175,6 @@ void ShowPanes() {
     ShowWindow(appState.statusBar, appState.settings.showStatusBar ? SW_SHOW : SW_HIDE);
     ShowWindow(appState.folderTree.Window(), treeShown ? SW_SHOW : SW_HIDE);
     LayoutPanes();
+    if (treeShown)
+        appState.folderTree.ShowSelection();
 }

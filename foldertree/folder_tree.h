@@ -32,6 +32,8 @@ class FolderTree {
     /// Selects the node of a folder the list now shows, without navigating the list back. `rescan` reads its
     /// subfolders afresh. A folder the tree does not hold leaves its nearest ancestor selected.
     void SelectPath(std::wstring_view path, bool rescan, bool select);
+    /// Scrolls to the selected node: while the tree is hidden it has no place to scroll in.
+    void ShowSelection();
     /// Timer 2 of the main window: a pending keyboard selection navigates the list.
     void OnSyncTimer();
     /// "Up Folder" with the focus here: selects the parent of the selected node and shows it in the list.
@@ -53,7 +55,8 @@ class FolderTree {
     bool TakeDrop(DragDrop& drag);
     /// Whether a node is a folder that can be taken elsewhere: not the device itself nor the search results.
     bool CanCarry(HTREEITEM node) const { return node && node != root_ && node != search_; }
-    /// Selects such a node and puts its folder on the program's clipboard. The list is left showing that alone.
+    /// Selects such a node and puts its folder on the program's clipboard. The list is left showing that
+    /// alone.
     void PutOnClipboard(HTREEITEM node, Transfer transfer);
 
     // --- tree_commands.cpp ---

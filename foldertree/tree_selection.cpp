@@ -71,6 +71,11 @@ void FolderTree::SelectPath(std::wstring_view path, bool rescan, bool select) {
     ready_ = true;
 }
 
+void FolderTree::ShowSelection() {
+    if (HTREEITEM node = Caret())
+        SendMessageW(window_, TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(node));
+}
+
 void FolderTree::OnSelectionChanged(UINT action) {
     if (!ready_)
         return;

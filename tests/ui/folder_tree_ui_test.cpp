@@ -194,4 +194,20 @@ TEST_F(FolderTreeUi, ManySiblingFoldersOpenQuickly) {
     EXPECT_EQ(static_cast<int>(Ask(Tree().Window(), TVM_GETCOUNT)), 3000 + 8);
 }
 
+TEST_F(FolderTreeUi, ATreeThatIsBroughtUpShowsTheFolderOfTheList) {
+    for (int number = 0; number < 30; ++number)
+        device.Folder(L"\\Temp\\Folder " + std::to_wstring(number));
+    device.WriteNumber(settingsKey, L"ShowFolder", 0);
+    program.Start(L"\\Temp\\Folder 5");
+    program.Command(IDM_VIEW_FOLDER_TREE);
+    const auto relative = [&](UINT relation, LRESULT item) {
+        return Ask(Tree().Window(), TVM_GETNEXTITEM, relation, item);
+    };
+    const auto selected = reinterpret_cast<LRESULT>(Tree().At(L"\\Temp\\Folder 5").item);
+    LRESULT item = relative(TVGN_FIRSTVISIBLE, 0);
+    for (LRESULT count = Ask(Tree().Window(), TVM_GETVISIBLECOUNT); item != selected && count > 1; --count)
+        item = relative(TVGN_NEXTVISIBLE, item);
+    EXPECT_EQ(item, selected);
+}
+
 } // namespace
