@@ -160,11 +160,12 @@ BOOL DeleteFileW(const wchar_t* path) {
 }
 
 BOOL MoveFileW(const wchar_t* from, const wchar_t* to) {
-    if (const FileHandle entry(OpenOwnEntry(from)); entry)
-        return RenameOwnEntry(entry.Get(), to);
+    const bool sameButCase = SameText(from, to) && std::wstring_view(from) != to;
+    if (!sameButCase) // which a rename by the open file takes for done
+        if (const FileHandle entry(OpenOwnEntry(from)); entry)
+            return RenameOwnEntry(entry.Get(), to);
     if (IsHostLink(from))
         return MoveHostLink(from, to);
-    const bool sameButCase = SameText(from, to) && std::wstring_view(from) != to;
     return sameButCase ? ChangeCase(from, to) : ::MoveFileExW(from, to, 0);
 }
 
