@@ -147,4 +147,17 @@ TEST_F(FileSystem, RefusesHandlesThatAreNone) {
     EXPECT_FALSE(ce::FindClose(nullptr));
 }
 
+// --- Other letters for the same name ---
+
+TEST_F(FileSystem, RenamesWhatDiffersOnlyInCase) {
+    MakeFile(L"\\Temp\\Files\\note.txt");
+    fs::create_directory(L"\\Temp\\Files\\sub");
+    EXPECT_TRUE(ce::MoveFileW(L"\\Temp\\Files\\note.txt", L"\\Temp\\Files\\NOTE.txt"));
+    EXPECT_TRUE(ce::MoveFileW(L"\\Temp\\Files\\sub", L"\\Temp\\Files\\Sub"));
+    const Found found = Find(L"\\Temp\\Files\\*");
+    EXPECT_EQ(found.size(), 2u);
+    EXPECT_TRUE(found.contains(L"NOTE.txt"));
+    EXPECT_TRUE(found.contains(L"Sub"));
+}
+
 } // namespace
