@@ -290,6 +290,38 @@ TEST_F(StartUpUi, WhatStandsBehindTheFirstZeroIsNotRead) {
     EXPECT_EQ(program.Folder(), L"\\Temp");
 }
 
+TEST_F(StartUpUi, AHandOverWhileANameIsEditedLeavesTheNameAsItWas) {
+    device.File(L"\\A\\one");
+    device.File(L"\\B\\two");
+    program.Start(L"\\A");
+    program.List().Select(L"one");
+    program.PostCommand(IDM_FILE_RENAME);
+    WaitFor("for the editor", [&] { return program.List().NameEditor() != nullptr; });
+    Control(program.List().NameEditor()).SetText(L"half typed");
+    program.HandOverFolder(L"\\B");
+    EXPECT_EQ(program.List().NameEditor(), nullptr);
+    EXPECT_EQ(program.List().Names(), (Texts{L"..", L"two"}));
+    EXPECT_EQ(device.NamesIn(L"\\A"), (Texts{L"one"}));
+    EXPECT_EQ(device.NamesIn(L"\\B"), (Texts{L"two"}));
+}
+
+TEST_F(StartUpUi, AHandOverWhileADialogIsOpenShowsTheFolderBehindIt) {
+    device.File(L"\\A\\one");
+    device.File(L"\\B\\two");
+    program.Start(L"\\A");
+    program.List().Select(L"one");
+    program.PostCommand(IDM_FILE_DELETE);
+    Dialog question = program.WaitForDialog(L"Confirm File Delete");
+    program.HandOverFolder(L"\\B");
+    EXPECT_EQ(program.List().Names(), (Texts{L"..", L"two"}));
+    question.Command(IDM_ANSWER_YES);
+    question.WaitUntilClosed();
+    WaitFor("for the file to go", [&] { return device.NamesIn(L"\\A").empty(); });
+    EXPECT_TRUE(Eventually([&] { return !program.HasDialog(); }));
+    EXPECT_EQ(device.NamesIn(L"\\B"), (Texts{L"two"})) << "the question was about another file";
+    EXPECT_EQ(program.List().Names(), (Texts{L"..", L"two"}));
+}
+
 TEST_F(StartUpUi, AHandOverDuringAMenuIsShownOnceTheMenuIsClosed) {
     program.Start();
     PressRightSoftKey();
