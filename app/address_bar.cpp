@@ -12,7 +12,7 @@ constexpr int dropHeight = 120; // pixels that the opened list adds
 WNDPROC editProcedure = nullptr;
 
 HWND AddressEdit() {
-    return FindWindowExW(appState.addressCombo, nullptr, L"Edit", nullptr);
+    return GetWindow(appState.addressCombo, GW_CHILD);
 }
 
 /// Puts a typed path on top of the list; one that stands there already moves up.

@@ -41,6 +41,7 @@ struct AppState {
     bool deviceChanged = false;
     bool dragging = false;
     bool labelEditing = false;
+    bool menuOpen = false;
     bool marqueeStarted = false;
     bool selectionNoticePosted = false; // one notice is on its way for any number of changes
     Pane focusedPane = Pane::List;

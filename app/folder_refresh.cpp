@@ -9,13 +9,17 @@ bool Exists(const Path& path) {
     return ce::GetFileAttributesW(path.Text()) != INVALID_FILE_ATTRIBUTES;
 }
 
+void StartDelay() {
+    KillTimer(appState.mainWindow, refreshTimer);
+    SetTimer(appState.mainWindow, refreshTimer, refreshDelay, nullptr);
+}
+
 } // namespace
 
 void ScheduleRefresh(RefreshCause cause) {
     if (cause == RefreshCause::DeviceChange)
         appState.deviceChanged = true;
-    KillTimer(appState.mainWindow, refreshTimer);
-    SetTimer(appState.mainWindow, refreshTimer, refreshDelay, nullptr);
+    StartDelay();
 }
 
 void OnFolderChanged() {
@@ -26,6 +30,10 @@ void OnFolderChanged() {
 }
 
 void RefreshAfterChange() {
+    // It would close the editor over a name half typed, or take away the entries that are dragged or that a
+    // menu was opened for.
+    if (appState.labelEditing || appState.dragging || appState.menuOpen)
+        return StartDelay();
     KillTimer(appState.mainWindow, refreshTimer);
     appState.folderTree.RefreshRoot();
     Path target = appState.fileList.CurrentFolder();

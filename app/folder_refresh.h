@@ -11,7 +11,8 @@ void ScheduleRefresh(RefreshCause cause);
 /// The watcher's notice: every further notice already queued counts with it.
 void OnFolderChanged();
 
-/// The two seconds are over: the tree and the list show what is there now.
+/// The two seconds are over: the tree and the list show what is there now. While a name is edited, something
+/// is dragged or a menu is open they begin again.
 void RefreshAfterChange();
 
 /// Cuts `folder` at its last backslash until it exists or none is left.

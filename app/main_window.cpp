@@ -1,5 +1,7 @@
 #include "app/main_window.h"
 
+#include <utility>
+
 #include "app/address_bar.h"
 #include "app/app_state.h"
 #include "app/commands.h"
@@ -90,13 +92,19 @@ LRESULT OnMouseMove(LPARAM pointer) {
 LRESULT OnButtonUp() {
     if (appState.fileList.dragDrop.IsActive())
         return appState.fileList.dragDrop.Drop(), 0;
+    const bool wasSplitting = std::exchange(appState.splitDragging, false);
     ReleaseCapture();
-    if (!appState.splitDragging)
+    if (!wasSplitting)
         return 0;
-    appState.splitDragging = false;
     SendMessageW(appState.fileList.Window(), LVM_ARRANGE, LVA_DEFAULT, 0);
     InvalidateRect(appState.mainWindow, nullptr, TRUE);
     return 0;
+}
+
+/// Another window took the stylus: what was dragged stays where it is.
+void OnCaptureLost() {
+    appState.splitDragging = false;
+    appState.fileList.dragDrop.Cancel();
 }
 
 /// A hook that testers of the first builds used; it never left.
@@ -106,6 +114,7 @@ LRESULT OnRightButtonDown() {
 }
 
 void OnMenuClosed() {
+    appState.menuOpen = false;
     appState.fileList.tapAndHold.OnMenuClosed(appState.fileList.Window());
     appState.folderTree.OnMenuClosed();
 }
@@ -147,6 +156,9 @@ LRESULT CALLBACK MainWindowProcedure(HWND window, UINT message, WPARAM wParam, L
         return OnTimer(window, wParam, lParam);
     case WM_INITMENUPOPUP:
         return UpdateMenuState(), 0;
+    case WM_ENTERMENULOOP:
+        appState.menuOpen = true;
+        return DefWindowProcW(window, message, wParam, lParam);
     case WM_EXITMENULOOP:
         return OnMenuClosed(), 0;
     case WM_LBUTTONDOWN:
@@ -156,7 +168,7 @@ LRESULT CALLBACK MainWindowProcedure(HWND window, UINT message, WPARAM wParam, L
     case WM_LBUTTONUP:
         return OnButtonUp();
     case WM_CAPTURECHANGED:
-        return appState.fileList.dragDrop.Cancel(), 0;
+        return OnCaptureLost(), 0;
     case WM_RBUTTONDOWN:
         return OnRightButtonDown();
     case WM_DEVICECHANGE:

@@ -36,8 +36,11 @@ void CheckToolButton(int command, bool checked) {
     SetToolButton(command, checked ? TBSTATE_CHECKED | TBSTATE_ENABLED : TBSTATE_ENABLED);
 }
 
-/// A text field belongs to the address bar, or to a name that a pane is editing.
+/// A text field belongs to the address bar, or to a name that a pane is editing. Such an edit counts from its
+/// notice on, a moment before its field has the keyboard.
 Focus FindFocus() {
+    if (appState.labelEditing)
+        return Focus::Text;
     HWND focused = GetFocus();
     HWND list = appState.fileList.Window();
     HWND tree = appState.folderTree.Window();

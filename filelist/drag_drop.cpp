@@ -168,8 +168,10 @@ DropAction DragDrop::ChooseAction() {
         return DropActionOf(0, keys);
     const POINT point = MessagePoint();
     HMENU menu = appState.fileList.ContextPopupMenu(POPUP_DROP);
+    appState.menuOpen = true; // this menu is the list's own: the main window hears nothing of it
     const int choice =
         TrackPopupMenuEx(menu, TPM_RETURNCMD, point.x, point.y, appState.fileList.Window(), nullptr);
+    appState.menuOpen = false;
     return DropActionOfMenu(choice, CurrentDropKeys());
 }
 

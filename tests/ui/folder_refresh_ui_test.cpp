@@ -1,0 +1,139 @@
+// Screens: 240x320
+
+// What others change is not shown under the user's hands: the refresh waits for the end of an edit, of a drag
+// and of a menu.
+
+#include "tests/ui/tree_ui.h"
+
+namespace {
+
+constexpr UINT folderChanged = WM_USER + 1;
+constexpr int delay = 2000;     // milliseconds from the notice to the refresh
+constexpr int allowance = 2500; // for a busy machine
+
+LONG HeightOf(HWND window) {
+    const RECT place = PlaceOf(window);
+    return place.bottom - place.top;
+}
+
+class FolderRefreshUi : public TreeUi {
+  protected:
+    void SetUp() override {
+        device.SetOption(ListOption::ViewStyle, LVS_SMALLICON);
+        device.File(L"\\T\\a.txt", "a");
+        device.File(L"\\T\\b.txt", "b");
+        device.Folder(L"\\T\\Sub");
+    }
+
+    /// Another program makes a file, and the watcher notices.
+    void ChangeByOthers() {
+        device.File(L"\\T\\fresh.txt", "f");
+        PostMessageW(program.Window(), folderChanged, 0, 0);
+    }
+    bool Refreshed() const { return program.List().Has(L"fresh"); }
+
+    void ExpectToWait() {
+        EXPECT_TRUE(HoldsFor(delay + 600, [&] { return !Refreshed(); }));
+    }
+    void ExpectToCome() {
+        WaitFor(
+            "for the refresh", [&] { return Refreshed(); }, delay + allowance);
+        program.WaitUntilIdle();
+    }
+};
+
+TEST_F(FolderRefreshUi, WaitsWhileANameOfTheListIsEdited) {
+    program.Start(L"\\T");
+    program.List().Select(L"b");
+    PressKey(VK_F2);
+    WaitFor("for the editor", [&] { return program.List().NameEditor() != nullptr; });
+    Control(program.List().NameEditor()).SetText(L"half");
+    ChangeByOthers();
+    ExpectToWait();
+    ASSERT_NE(program.List().NameEditor(), nullptr);
+    EXPECT_EQ(Control(program.List().NameEditor()).Text(), L"half");
+    PressKey(VK_RETURN);
+    WaitFor("for the name", [&] { return device.Exists(L"\\T\\half.txt"); });
+    ExpectToCome();
+    EXPECT_TRUE(program.List().Has(L"half"));
+}
+
+TEST_F(FolderRefreshUi, WaitsWhileANameOfTheTreeIsEdited) {
+    StartWithTree(L"\\T");
+    FocusTree();
+    PressKey(VK_F2);
+    WaitFor("for the editor", [&] { return Tree().NameEditor() != nullptr; });
+    ChangeByOthers();
+    ExpectToWait();
+    EXPECT_NE(Tree().NameEditor(), nullptr);
+    PressKey(VK_ESCAPE);
+    ExpectToCome();
+}
+
+TEST_F(FolderRefreshUi, WaitsWhileEntriesAreDraggedAndHomeLeavesThemThereToo) {
+    program.Start(L"\\T\\Sub");
+    program.HandOverFolder(L"\\T");
+    program.WaitForFolder(L"\\T");
+    const POINT from = program.List().PointOf(L"b");
+    StylusDown(from);
+    for (LONG step = 1; step <= 4; ++step) {
+        Sleep(60);
+        StylusMove({from.x + 8 * step, from.y + 2 * step});
+    }
+    const auto captured = [&] {
+        GUITHREADINFO info{};
+        info.cbSize = sizeof(info);
+        return GetGUIThreadInfo(GetWindowThreadProcessId(program.Window(), nullptr), &info) &&
+               info.hwndCapture == program.Window();
+    };
+    WaitFor("for the drag", captured);
+    PressKey(VK_HOME);
+    ChangeByOthers();
+    ExpectToWait();
+    EXPECT_TRUE(captured());
+    EXPECT_EQ(program.Folder(), L"\\T");
+    PressKey(VK_ESCAPE);
+    StylusUp();
+    ExpectToCome();
+}
+
+TEST_F(FolderRefreshUi, WaitsWhileAMenuIsOpen) {
+    program.Start(L"\\T");
+    program.List().Select(L"b");
+    PressRightSoftKey();
+    program.WaitForMenu();
+    ChangeByOthers();
+    ExpectToWait();
+    EXPECT_EQ(program.List().SelectedNames(), (Texts{L"b"}));
+    PressBack();
+    WaitFor("for the menu to close", [&] { return !program.MenuIsOpen(); });
+    ExpectToCome();
+}
+
+TEST_F(FolderRefreshUi, AnEditedNameHasTheMenuOfATextField) {
+    program.Start(L"\\T");
+    program.List().Select(L"b");
+    PressKey(VK_F2);
+    WaitFor("for the editor", [&] { return program.List().NameEditor() != nullptr; });
+    program.WaitUntilIdle();
+    EXPECT_TRUE(program.SoftKeyMenu().IsEnabled(IDM_TOOLBAR_COPY));
+    EXPECT_FALSE(program.SoftKeyMenu().IsEnabled(IDM_FILE_DELETE));
+    EXPECT_FALSE(program.SoftKeyMenu().IsEnabled(IDM_TOOLBAR_PASTE_SHORTCUT));
+    PressKey(VK_ESCAPE);
+    WaitFor("for the list", [&] { return program.ListHasFocus(); });
+    program.WaitUntilIdle();
+    EXPECT_TRUE(program.SoftKeyMenu().IsEnabled(IDM_FILE_DELETE));
+    EXPECT_FALSE(program.SoftKeyMenu().IsEnabled(IDM_TOOLBAR_PASTE)) << "the list's own clipboard is empty";
+}
+
+TEST_F(FolderRefreshUi, ABorderIsLetGoWhenAnotherWindowTakesTheStylus) {
+    StartWithTree();
+    const LONG height = HeightOf(Tree().Window());
+    Ask(program.Window(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(30, height + 2));
+    Ask(program.Window(), WM_CAPTURECHANGED);
+    Ask(program.Window(), WM_MOUSEMOVE, 0, MAKELPARAM(30, height + 30));
+    EXPECT_EQ(HeightOf(Tree().Window()), height);
+    Ask(program.Window(), WM_LBUTTONUP, 0, MAKELPARAM(30, height + 30));
+}
+
+} // namespace
