@@ -1,0 +1,102 @@
+// Screens: 240x320
+
+// What a tap, Enter or a typed path opens, and what a tap with a key held does instead.
+
+#include "tests/support/ui_test.h"
+
+namespace {
+
+class OpenAndTapUi : public UiTest {
+  protected:
+    void SetUp() override {
+        device.SetOption(ListOption::ViewStyle, LVS_SMALLICON);
+        device.File(L"\\T\\a.txt", "a");
+        device.Folder(L"\\T\\Sub");
+        device.Folder(L"\\T\\Two");
+        device.File(L"\\T\\way.lnk", "8#\\Windows");
+        device.File(L"\\T\\quoted.LNK", "18#\"\\My Documents\" /x");
+        device.File(L"\\T\\lost.lnk", "8#\\Missing");
+        program.Start(L"\\T");
+        program.WaitForFolder(L"\\T");
+    }
+
+    void Open(const std::wstring& name) {
+        program.List().Select(name);
+        PressKey(VK_RETURN);
+    }
+    void ExpectMenu() {
+        program.WaitForMenu();
+        program.CloseMenus();
+    }
+    void ExpectNothing() {
+        EXPECT_TRUE(HoldsFor(400, [&] { return !program.MenuIsOpen() && program.Folder() == L"\\T"; }));
+    }
+};
+
+TEST_F(OpenAndTapUi, AShortcutToAFolderShowsTheFolder) {
+    Open(L"way");
+    program.WaitForFolder(L"\\Windows");
+    program.Command(IDM_TOOLBAR_BACK);
+    program.WaitForFolder(L"\\T");
+    Open(L"quoted");
+    program.WaitForFolder(L"\\My Documents");
+}
+
+TEST_F(OpenAndTapUi, AShortcutThatLeadsNowhereLeavesTheListWhereItIs) {
+    Open(L"lost");
+    ExpectNothing();
+    EXPECT_FALSE(program.HasMessageBox());
+}
+
+TEST_F(OpenAndTapUi, ATypedFileLeavesTheListWhereItIs) {
+    program.AddressBar().SetText(L"\\T\\lost.lnk");
+    program.PostCommand(IDM_TOOLBAR_GO_TO);
+    WaitFor("for the address to be gone to", [&] { return program.ListHasFocus(); });
+    EXPECT_TRUE(HoldsFor(400, [&] { return !program.HasMessageBox(); }));
+    EXPECT_EQ(program.List().Names(), (Texts{L"..", L"Sub", L"Two", L"a", L"lost", L"quoted", L"way"}));
+}
+
+TEST_F(OpenAndTapUi, ATapWithAKeyHeldOnlySelects) {
+    Tap(program.List().PointOf(L"Sub"), Ctrl);
+    ExpectNothing();
+    Tap(program.List().PointOf(L"Two"), Shift);
+    ExpectNothing();
+    Tap(program.List().PointOf(L"Sub"), Alt | Ctrl);
+    ExpectNothing();
+}
+
+TEST_F(OpenAndTapUi, ATapOnASelectedEntryDoesNotOpenIt) {
+    program.List().Select(L"Sub");
+    Tap(program.List().PointOf(L"Sub"));
+    ExpectNothing();
+}
+
+TEST_F(OpenAndTapUi, ATapWithAltAndTheRightButtonOpenTheMenu) {
+    Tap(program.List().PointOf(L"Sub"), Alt);
+    ExpectMenu();
+    EXPECT_EQ(program.List().SelectedNames(), (Texts{L"Sub"}));
+    RightClick(program.List().PointOf(L"Two"));
+    ExpectMenu();
+}
+
+TEST_F(OpenAndTapUi, CtrlPressedUnderAltOpensTheMenu) {
+    program.List().Select(L"Sub");
+    PressKey(VK_CONTROL, Alt);
+    ExpectMenu();
+}
+
+TEST_F(OpenAndTapUi, EnterWithAltShowsTheProperties) {
+    program.List().Select(L"a");
+    PressKey(VK_RETURN, Alt);
+    program.WaitForDialog(L"Properties");
+    PressKey(VK_ESCAPE);
+    EXPECT_EQ(program.Folder(), L"\\T");
+}
+
+TEST_F(OpenAndTapUi, ADoubleTapOpens) {
+    program.List().Select(L"Sub");
+    DoubleTap(program.List().PointOf(L"Sub"));
+    program.WaitForFolder(L"\\T\\Sub");
+}
+
+} // namespace
