@@ -79,6 +79,8 @@ class FileList {
     // --- navigation.cpp ---
     void GoBack();
     void GoForward();
+    /// Home goes back and End forward, in both panes. False for other keys.
+    bool OnHistoryKey(WPARAM key);
     void UpOneLevel();
     void OpenEntry(int index);
     /// Goes where a typed or stored path leads: a folder is shown, a file opened, anything else reported.

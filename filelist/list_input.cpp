@@ -66,22 +66,12 @@ void OnTimer(FileList& list, WPARAM timer) {
     }
 }
 
-/// Home goes back and End forward; not under a drag, whose entries would go.
-void OnHistoryKey(FileList& list, WPARAM key) {
-    if (appState.dragging)
-        return;
-    if (key == VK_HOME)
-        list.GoBack();
-    else
-        list.GoForward();
-}
-
 LRESULT CALLBACK ListProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     FileList& list = appState.fileList;
     switch (message) {
     case WM_KEYDOWN:
-        if (wParam == VK_HOME || wParam == VK_END)
-            return OnHistoryKey(list, wParam), 0;
+        if (list.OnHistoryKey(wParam))
+            return 0;
         break;
     case UM_EDITLABEL:
         return list.EditLabel(static_cast<int>(wParam)), 0;

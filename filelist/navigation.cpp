@@ -35,6 +35,18 @@ void FileList::GoForward() {
         GoToFolder(folder, treeRescan);
 }
 
+bool FileList::OnHistoryKey(WPARAM key) {
+    if (key != VK_HOME && key != VK_END)
+        return false;
+    if (appState.dragging) // what is dragged would go
+        return true;
+    if (key == VK_HOME)
+        GoBack();
+    else
+        GoForward();
+    return true;
+}
+
 void FileList::UpOneLevel() {
     if (!currentFolder_.IsEmpty())
         GoToFolder(FolderAbove(currentFolder_.View()), treeRescan);

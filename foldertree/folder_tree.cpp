@@ -75,13 +75,7 @@ LRESULT CALLBACK FolderTree::WindowProcedure(HWND window, UINT message, WPARAM w
 
 /// Home and End walk the list's history from here too.
 bool FolderTree::OnListKey(WPARAM key) {
-    if (key == VK_HOME)
-        appState.fileList.GoBack();
-    else if (key == VK_END)
-        appState.fileList.GoForward();
-    else
-        return false;
-    return true;
+    return appState.fileList.OnHistoryKey(key);
 }
 
 void FolderTree::OnTimer(WPARAM timer) {

@@ -32,6 +32,22 @@ class FolderRefreshUi : public TreeUi {
     }
     bool Refreshed() const { return program.List().Has(L"fresh"); }
 
+    /// The main window holds the stylus while something is dragged.
+    bool IsDragging() const {
+        GUITHREADINFO info{};
+        info.cbSize = sizeof(info);
+        return GetGUIThreadInfo(GetWindowThreadProcessId(program.Window(), nullptr), &info) &&
+               info.hwndCapture == program.Window();
+    }
+    void PickUp(POINT from) {
+        StylusDown(from);
+        for (LONG step = 1; step <= 4; ++step) {
+            Sleep(60);
+            StylusMove({from.x + 8 * step, from.y + 2 * step});
+        }
+        WaitFor("for the drag", [&] { return IsDragging(); });
+    }
+
     void ExpectToWait() {
         EXPECT_TRUE(HoldsFor(delay + 600, [&] { return !Refreshed(); }));
     }
@@ -74,27 +90,29 @@ TEST_F(FolderRefreshUi, WaitsWhileEntriesAreDraggedAndHomeLeavesThemThereToo) {
     program.Start(L"\\T\\Sub");
     program.HandOverFolder(L"\\T");
     program.WaitForFolder(L"\\T");
-    const POINT from = program.List().PointOf(L"b");
-    StylusDown(from);
-    for (LONG step = 1; step <= 4; ++step) {
-        Sleep(60);
-        StylusMove({from.x + 8 * step, from.y + 2 * step});
-    }
-    const auto captured = [&] {
-        GUITHREADINFO info{};
-        info.cbSize = sizeof(info);
-        return GetGUIThreadInfo(GetWindowThreadProcessId(program.Window(), nullptr), &info) &&
-               info.hwndCapture == program.Window();
-    };
-    WaitFor("for the drag", captured);
+    PickUp(program.List().PointOf(L"b"));
     PressKey(VK_HOME);
     ChangeByOthers();
     ExpectToWait();
-    EXPECT_TRUE(captured());
+    EXPECT_TRUE(IsDragging());
     EXPECT_EQ(program.Folder(), L"\\T");
     PressKey(VK_ESCAPE);
     StylusUp();
     ExpectToCome();
+}
+
+TEST_F(FolderRefreshUi, HomeLeavesADragOfTheTreeAloneToo) {
+    StartWithTree(L"\\T\\Sub");
+    program.HandOverFolder(L"\\T");
+    program.WaitForFolder(L"\\T");
+    PickUp(Tree().PointOf(L"\\T\\Sub"));
+    PressKey(VK_HOME);
+    EXPECT_TRUE(HoldsFor(400, [&] { return program.Folder() == L"\\T"; }));
+    PressKey(VK_ESCAPE);
+    StylusUp();
+    program.WaitUntilIdle();
+    PressKey(VK_HOME);
+    program.WaitForFolder(L"\\T\\Sub");
 }
 
 TEST_F(FolderRefreshUi, WaitsWhileAMenuIsOpen) {
