@@ -39,8 +39,8 @@ void ChooserTree::Create(HWND dialog) {
                                   reinterpret_cast<HMENU>(IDC_CHOOSER_TREE), appState.instance, nullptr);
     SetWindowPos(window_, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
     BuildImages();
-    root_ = Insert(nullptr, DeviceDisplayName(), chooserDevice, chooserDevice, true);
-    Open(root_);
+    root_ = InsertNode(nullptr, DeviceDisplayName(), chooserDevice, chooserDevice, true);
+    Expand(root_, TVE_EXPAND);
 }
 
 void ChooserTree::BuildImages() {
@@ -54,21 +54,6 @@ void ChooserTree::BuildImages() {
     SendMessageW(window_, TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(images_.Get()));
 }
 
-HTREEITEM ChooserTree::Related(UINT relation, HTREEITEM node) const {
-    return reinterpret_cast<HTREEITEM>(
-        SendMessageW(window_, TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(node)));
-}
-
-void ChooserTree::ReadName(HTREEITEM node, PathText& name) const {
-    name[0] = L'\0';
-    TVITEMW item{};
-    item.mask = TVIF_TEXT;
-    item.hItem = node;
-    item.pszText = name.data();
-    item.cchTextMax = static_cast<int>(name.size());
-    SendMessageW(window_, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
-}
-
 void ChooserTree::SetName(HTREEITEM node, const wchar_t* name) {
     TVITEMW item{};
     item.mask = TVIF_TEXT;
@@ -77,66 +62,13 @@ void ChooserTree::SetName(HTREEITEM node, const wchar_t* name) {
     SendMessageW(window_, TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
 }
 
-bool ChooserTree::PathOf(HTREEITEM node, Path& path) const {
-    UpwardPath upward;
-    PathText name;
-    for (; node && node != root_; node = Parent(node)) {
-        ReadName(node, name);
-        if (!upward.Prepend(name.data()))
-            return false;
-    }
-    return path.Assign(upward.View());
-}
-
-HTREEITEM ChooserTree::Insert(HTREEITEM parent, const wchar_t* name, int image, int openImage,
-                              bool children) {
-    TVINSERTSTRUCTW insertion{};
-    insertion.hParent = parent;
-    insertion.hInsertAfter = TVI_LAST;
-    insertion.item.mask = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_CHILDREN;
-    insertion.item.pszText = const_cast<wchar_t*>(name);
-    insertion.item.iImage = image;
-    insertion.item.iSelectedImage = openImage;
-    insertion.item.cChildren = children;
-    return reinterpret_cast<HTREEITEM>(
-        SendMessageW(window_, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insertion)));
-}
-
-HTREEITEM ChooserTree::FindChild(HTREEITEM node, std::wstring_view name) const {
-    PathText childName;
-    HTREEITEM child = Related(TVGN_CHILD, node);
-    for (; child; child = Related(TVGN_NEXT, child)) {
-        ReadName(child, childName);
-        if (name == childName.data())
-            break;
-    }
-    return child;
-}
-
-bool ChooserTree::IsOpen(HTREEITEM node) const {
-    return SendMessageW(window_, TVM_GETITEMSTATE, reinterpret_cast<WPARAM>(node), TVIS_EXPANDED) &
-           TVIS_EXPANDED;
-}
-
-void ChooserTree::Open(HTREEITEM node) {
-    SendMessageW(window_, TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(node));
-}
-
-void ChooserTree::Select(HTREEITEM node) {
-    SendMessageW(window_, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(node));
-}
-
-void ChooserTree::SortChildren(HTREEITEM node) {
-    SendMessageW(window_, TVM_SORTCHILDREN, FALSE, reinterpret_cast<LPARAM>(node));
-}
-
 void ChooserTree::SelectPath(std::wstring_view path) {
     HTREEITEM node = root_;
     for (PathComponents components(path); components.HasNext();) {
         HTREEITEM child = FindChild(node, components.Next());
         if (!child)
             break;
-        Open(child);
+        Expand(child, TVE_EXPAND);
         node = child;
     }
     Select(node);
@@ -156,7 +88,7 @@ void ChooserTree::OnExpanded(const NMTREEVIEWW& notification) {
 /// before it.
 void ChooserTree::Fill(HTREEITEM node) {
     Path folder;
-    if (!PathOf(node, folder))
+    if (!PathBelowRoot(node, folder))
         return;
     Empty(node);
     bool any = false;
@@ -171,7 +103,7 @@ void ChooserTree::Fill(HTREEITEM node) {
             image = openImage = chooserDocuments;
         Path path;
         const bool children = path.AssignChild(folder.View(), subfolder.Name()) && HasSubfolder(path);
-        Insert(node, subfolder.name.get(), image, openImage, children);
+        InsertNode(node, subfolder.name.get(), image, openImage, children);
         any = true;
     }
     TVITEMW item{};
@@ -196,11 +128,11 @@ void ChooserTree::Empty(HTREEITEM node) {
 
 void ChooserTree::AddMade(HTREEITEM parent, const wchar_t* name) {
     if (IsOpen(parent)) {
-        Insert(parent, name, chooserFolder, chooserFolder, false);
+        InsertNode(parent, name, chooserFolder, chooserFolder, false);
         SortChildren(parent);
     } else {
         Empty(parent);
-        Open(parent);
+        Expand(parent, TVE_EXPAND);
     }
     if (HTREEITEM made = FindChild(parent, name))
         Select(made);

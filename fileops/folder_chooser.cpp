@@ -94,7 +94,7 @@ void FolderChooser::OnNotify(const NMHDR* notification) {
 }
 
 void FolderChooser::OnContextMenu(POINT point) {
-    if (!tree_.Selected())
+    if (!tree_.Caret())
         return;
     const MenuHandle menu(LoadMenuW(appState.instance, MAKEINTRESOURCEW(IDR_MENU_LIST)));
     TrackPopupMenuEx(GetSubMenu(menu.Get(), POPUP_CHOOSER), 0, point.x, point.y, Window(), nullptr);
@@ -106,16 +106,16 @@ void FolderChooser::Report(const wchar_t* text, UINT icon) {
 
 void FolderChooser::Confirm() {
     Path folder;
-    if (!tree_.PathOf(tree_.Selected(), folder))
+    if (!tree_.PathBelowRoot(tree_.Caret(), folder))
         return;
     choice_.folder = folder;
     End(IDOK);
 }
 
 void FolderChooser::MakeFolder() {
-    HTREEITEM parent = tree_.Selected();
+    HTREEITEM parent = tree_.Caret();
     Path folder;
-    if (!parent || !tree_.PathOf(parent, folder))
+    if (!parent || !tree_.PathBelowRoot(parent, folder))
         return;
     std::array<wchar_t, 32> name{};
     CopyTextTo(name, L"New Folder");
@@ -132,11 +132,11 @@ void FolderChooser::MakeFolder() {
 }
 
 void FolderChooser::RenameFolder() {
-    HTREEITEM node = tree_.Selected();
+    HTREEITEM node = tree_.Caret();
     if (!node)
         return;
     PathText name{};
-    tree_.ReadName(node, name);
+    tree_.ReadText(node, name);
     if (tree_.IsRoot(node)) {
         std::array<wchar_t, pathCapacity + 32> text{};
         FormatText(text, L"%s\n\ncannot be renamed.", name.data());
@@ -157,12 +157,12 @@ void FolderChooser::RenameSelected(HTREEITEM node, PathText& name) {
     Path oldPath;
     Path newPath;
     PathText oldName{};
-    tree_.ReadName(node, oldName);
+    tree_.ReadText(node, oldName);
     if (std::wstring_view(name.data()) == oldName.data())
         return;
     // A backslash would put the folder somewhere else.
     const bool isName = std::wstring_view(name.data()).find_first_of(L"\\/") == std::wstring_view::npos;
-    if (!isName || !tree_.PathOf(node, oldPath) || !tree_.PathOf(tree_.Parent(node), parent) ||
+    if (!isName || !tree_.PathBelowRoot(node, oldPath) || !tree_.PathBelowRoot(tree_.Parent(node), parent) ||
         !newPath.AssignChild(parent.View(), name.data()) || !ce::MoveFileW(oldPath.Text(), newPath.Text()))
         return Report(L"This file cannot be renamed.", MB_ICONHAND);
     tree_.SetName(node, name.data());

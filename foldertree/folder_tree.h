@@ -2,15 +2,15 @@
 // The folder tree: the pane of the device's folders, kept in step with the list. One object; its work is
 // spread over the files of this folder by what it does.
 
-#include <array>
 #include <string_view>
 
 #include "app/path.h"
 #include "filelist/drag_drop.h"
 #include "fileops/transfer.h"
+#include "foldertree/tree_view.h"
 #include "platform/handles.h"
 
-class FolderTree {
+class FolderTree : public TreeView {
   public:
     // --- folder_tree.cpp: the window and its messages ---
 
@@ -70,11 +70,7 @@ class FolderTree {
     /// WM_EXITMENULOOP of the main window.
     void OnMenuClosed();
 
-    HWND Window() const { return window_; }
-
   private:
-    using NodeText = std::array<wchar_t, pathCapacity>;
-
     static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     void BuildImages();
     void OnTimer(WPARAM timer);
@@ -82,20 +78,12 @@ class FolderTree {
     bool OnPointerNotify(UINT code, LRESULT* result);
     bool OnListKey(WPARAM key);
 
-    HTREEITEM Related(UINT relation, HTREEITEM node) const;
-    HTREEITEM Caret() const { return Related(TVGN_CARET, nullptr); }
-    std::wstring_view ReadText(HTREEITEM node, NodeText& text) const;
     bool PathOfNode(HTREEITEM node, Path& path) const;
-    HTREEITEM InsertNode(HTREEITEM parent, const wchar_t* text, int image, int selectedImage, bool children);
     void InsertSubfolder(HTREEITEM parent, const Path& folder, const wchar_t* name, DWORD attributes);
     void RefreshChildren(HTREEITEM node);
     void RefreshClosedNode(HTREEITEM node, const Path& folder);
     void SetButton(HTREEITEM node, bool children);
-    HTREEITEM FindChild(HTREEITEM node, std::wstring_view text) const;
     HTREEITEM DescendTo(std::wstring_view path);
-    void Expand(HTREEITEM node, UINT action);
-    bool IsOpen(HTREEITEM node) const;
-    void Select(HTREEITEM node);
 
     void RescanNode(HTREEITEM node);
     void OnSelectionChanged(UINT action);
@@ -121,10 +109,8 @@ class FolderTree {
     void CancelHold();
     void OnKeyDown(WORD key);
 
-    HWND window_ = nullptr;
     WNDPROC controlProcedure_ = nullptr;
     ImageListHandle images_;
-    HTREEITEM root_ = nullptr;
     HTREEITEM search_ = nullptr;
 
     bool ready_ = false;          // a change of the selection is the user's, not the program's

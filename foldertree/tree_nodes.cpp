@@ -1,5 +1,4 @@
-// The nodes of the tree and the folders they stand for. A node holds nothing but its folder's name: its path
-// is read off the chain of its ancestors.
+// The nodes of the tree and the folders they stand for.
 
 #include "app/app_state.h"
 #include "app/main_window.h"
@@ -8,47 +7,8 @@
 #include "foldertree/subfolders.h"
 #include "foldertree/tree_rules.h"
 
-HTREEITEM FolderTree::Related(UINT relation, HTREEITEM node) const {
-    return reinterpret_cast<HTREEITEM>(
-        SendMessageW(window_, TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(node)));
-}
-
-std::wstring_view FolderTree::ReadText(HTREEITEM node, NodeText& text) const {
-    text[0] = L'\0';
-    TVITEMW item{};
-    item.mask = TVIF_TEXT;
-    item.hItem = node;
-    item.pszText = text.data();
-    item.cchTextMax = static_cast<int>(text.size());
-    SendMessageW(window_, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
-    return text.data();
-}
-
-/// The folder of a node; the root's is the empty path. False when it is too long to be one.
 bool FolderTree::PathOfNode(HTREEITEM node, Path& path) const {
-    if (node == search_)
-        return path.Assign(searchFolder);
-    UpwardPath upward;
-    NodeText text;
-    for (; node && node != root_; node = Related(TVGN_PARENT, node)) {
-        if (!upward.Prepend(ReadText(node, text)))
-            return false;
-    }
-    return path.Assign(upward.View());
-}
-
-HTREEITEM FolderTree::InsertNode(HTREEITEM parent, const wchar_t* text, int image, int selectedImage,
-                                 bool children) {
-    TVINSERTSTRUCTW insertion{};
-    insertion.hParent = parent;
-    insertion.hInsertAfter = TVI_LAST;
-    insertion.item.mask = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_CHILDREN;
-    insertion.item.pszText = const_cast<wchar_t*>(text);
-    insertion.item.iImage = image;
-    insertion.item.iSelectedImage = selectedImage;
-    insertion.item.cChildren = children;
-    return reinterpret_cast<HTREEITEM>(
-        SendMessageW(window_, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insertion)));
+    return node == search_ ? path.Assign(searchFolder) : PathBelowRoot(node, path);
 }
 
 void FolderTree::InsertSubfolder(HTREEITEM parent, const Path& folder, const wchar_t* name,
@@ -112,7 +72,7 @@ void FolderTree::RefreshChildren(HTREEITEM node) {
         if (!shown[i])
             InsertSubfolder(node, folder, subfolders[i].name.get(), subfolders[i].attributes);
     }
-    SendMessageW(window_, TVM_SORTCHILDREN, FALSE, reinterpret_cast<LPARAM>(node));
+    SortChildren(node);
     SetButton(node, !subfolders.empty());
 }
 

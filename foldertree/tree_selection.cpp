@@ -12,27 +12,6 @@ constexpr UINT syncDelay = 500; // milliseconds
 
 } // namespace
 
-void FolderTree::Expand(HTREEITEM node, UINT action) {
-    SendMessageW(window_, TVM_EXPAND, action, reinterpret_cast<LPARAM>(node));
-}
-
-bool FolderTree::IsOpen(HTREEITEM node) const {
-    return SendMessageW(window_, TVM_GETITEMSTATE, reinterpret_cast<WPARAM>(node), TVIS_EXPANDED) &
-           TVIS_EXPANDED;
-}
-
-void FolderTree::Select(HTREEITEM node) {
-    SendMessageW(window_, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(node));
-}
-
-HTREEITEM FolderTree::FindChild(HTREEITEM node, std::wstring_view text) const {
-    NodeText childText;
-    HTREEITEM child = Related(TVGN_CHILD, node);
-    while (child && ReadText(child, childText) != text)
-        child = Related(TVGN_NEXT, child);
-    return child;
-}
-
 /// Opens the nodes along the path as far as the tree holds them and returns the last.
 HTREEITEM FolderTree::DescendTo(std::wstring_view path) {
     HTREEITEM node = root_;

@@ -1,0 +1,68 @@
+#include "foldertree/tree_view.h"
+
+#include "foldertree/tree_rules.h"
+
+HTREEITEM TreeView::Related(UINT relation, HTREEITEM node) const {
+    return reinterpret_cast<HTREEITEM>(
+        SendMessageW(window_, TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(node)));
+}
+
+std::wstring_view TreeView::ReadText(HTREEITEM node, NodeText& text) const {
+    text[0] = L'\0';
+    TVITEMW item{};
+    item.mask = TVIF_TEXT;
+    item.hItem = node;
+    item.pszText = text.data();
+    item.cchTextMax = static_cast<int>(text.size());
+    SendMessageW(window_, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+    return text.data();
+}
+
+bool TreeView::PathBelowRoot(HTREEITEM node, Path& path) const {
+    UpwardPath upward;
+    NodeText text;
+    for (; node && node != root_; node = Related(TVGN_PARENT, node)) {
+        if (!upward.Prepend(ReadText(node, text)))
+            return false;
+    }
+    return path.Assign(upward.View());
+}
+
+void TreeView::Select(HTREEITEM node) {
+    SendMessageW(window_, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(node));
+}
+
+HTREEITEM TreeView::InsertNode(HTREEITEM parent, const wchar_t* text, int image, int selectedImage,
+                               bool children) {
+    TVINSERTSTRUCTW insertion{};
+    insertion.hParent = parent;
+    insertion.hInsertAfter = TVI_LAST;
+    insertion.item.mask = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_CHILDREN;
+    insertion.item.pszText = const_cast<wchar_t*>(text);
+    insertion.item.iImage = image;
+    insertion.item.iSelectedImage = selectedImage;
+    insertion.item.cChildren = children;
+    return reinterpret_cast<HTREEITEM>(
+        SendMessageW(window_, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insertion)));
+}
+
+HTREEITEM TreeView::FindChild(HTREEITEM node, std::wstring_view text) const {
+    NodeText childText;
+    HTREEITEM child = Related(TVGN_CHILD, node);
+    while (child && ReadText(child, childText) != text)
+        child = Related(TVGN_NEXT, child);
+    return child;
+}
+
+bool TreeView::IsOpen(HTREEITEM node) const {
+    return SendMessageW(window_, TVM_GETITEMSTATE, reinterpret_cast<WPARAM>(node), TVIS_EXPANDED) &
+           TVIS_EXPANDED;
+}
+
+void TreeView::Expand(HTREEITEM node, UINT action) {
+    SendMessageW(window_, TVM_EXPAND, action, reinterpret_cast<LPARAM>(node));
+}
+
+void TreeView::SortChildren(HTREEITEM node) {
+    SendMessageW(window_, TVM_SORTCHILDREN, FALSE, reinterpret_cast<LPARAM>(node));
+}

@@ -1,0 +1,37 @@
+#pragma once
+// A tree of folders in a tree view: what the tree pane and the folder chooser ask of the control. A node
+// holds nothing but its folder's name; its path is read off the chain of its ancestors.
+
+#include <array>
+#include <string_view>
+
+#include "app/path.h"
+#include "platform/ce_api.h"
+
+class TreeView {
+  public:
+    using NodeText = std::array<wchar_t, pathCapacity>;
+
+    HWND Window() const { return window_; }
+    /// The selected node, or null.
+    HTREEITEM Caret() const { return Related(TVGN_CARET, nullptr); }
+    /// The node in a relation (TVGN_) to another, or null.
+    HTREEITEM Related(UINT relation, HTREEITEM node) const;
+    /// The node's text, which lies in `text`.
+    std::wstring_view ReadText(HTREEITEM node, NodeText& text) const;
+    /// The folder of a node; the root's is the empty path. False when it is too long to be one.
+    bool PathBelowRoot(HTREEITEM node, Path& path) const;
+    void Select(HTREEITEM node);
+
+  protected:
+    HTREEITEM InsertNode(HTREEITEM parent, const wchar_t* text, int image, int selectedImage, bool children);
+    /// The child with exactly this text, or null.
+    HTREEITEM FindChild(HTREEITEM node, std::wstring_view text) const;
+    bool IsOpen(HTREEITEM node) const;
+    /// Opens or closes the node by a TVE_ action.
+    void Expand(HTREEITEM node, UINT action);
+    void SortChildren(HTREEITEM node);
+
+    HWND window_ = nullptr;
+    HTREEITEM root_ = nullptr; // the device
+};
