@@ -104,11 +104,10 @@ LRESULT OnListNotify(NMHDR* notification, LPARAM lParam) {
     case LVN_GETDISPINFOW:
         return appState.fileList.OnGetDisplayInfo(reinterpret_cast<NMLVDISPINFOW*>(lParam)), 0;
     case LVN_BEGINLABELEDITW:
-        return appState.fileList.OnBeginLabelEdit(), FALSE;
-    case LVN_ENDLABELEDITW: {
-        const LVITEMW& edited = reinterpret_cast<NMLVDISPINFOW*>(lParam)->item;
-        return appState.fileList.OnEndLabelEdit(edited.iItem, edited.pszText);
-    }
+        return appState.fileList.OnBeginLabelEdit(reinterpret_cast<NMLVDISPINFOW*>(lParam)->item.iItem),
+               FALSE;
+    case LVN_ENDLABELEDITW:
+        return appState.fileList.OnEndLabelEdit(reinterpret_cast<NMLVDISPINFOW*>(lParam)->item.pszText);
     default:
         return DefWindowProcW(appState.mainWindow, WM_NOTIFY, 0, lParam);
     }

@@ -98,11 +98,13 @@ class FileList {
     /// "Rename": edits the name of the first selected entry.
     void BeginRename();
     /// An editor opens over an entry's name.
-    void OnBeginLabelEdit();
+    void OnBeginLabelEdit(int index);
     /// The editor closes. True when the entry takes the new name; `text` is null when it was cancelled.
-    bool OnEndLabelEdit(int index, const wchar_t* text);
+    bool OnEndLabelEdit(const wchar_t* text);
     /// Opens the editor over the name of an entry.
     void EditLabel(int index);
+    /// Opens it again over the name that was refused, if its entry is still listed.
+    void EditAgain();
 
     // --- new_folder.cpp ---
 
@@ -191,6 +193,7 @@ class FileList {
     void ListFolder(const Path& path, int treeFlag);
     void ListSearchResults();
     int ItemCount() const;
+    int IndexOf(const Path& path) const;
     Records BeginListing();
     Records TakeRecords();
     void ClearList();
@@ -203,11 +206,10 @@ class FileList {
 
     // --- rename.cpp ---
     bool RenameEntry(FileItem& item, std::wstring_view label);
-    void RefuseLabel(int index, const wchar_t* message);
+    void RefuseLabel(const FileItem& item, const wchar_t* message);
 
     // --- new_folder.cpp ---
-    bool CreateNewFolder(Path& name);
-    int IndexOfFolder(std::wstring_view name) const;
+    bool CreateNewFolder(Path& path);
 
     // --- selection.cpp ---
     void RemoveDone(std::span<const SelectionEntry> entries);
@@ -233,6 +235,7 @@ class FileList {
     HWND window_ = nullptr;
     MenuHandle menu_; // the context menus and "Go to"
     Path currentFolder_;
+    Path refused_;                 // the entry whose new name was refused and is asked for again
     Path previousFolder_;          // listed before; going up selects the child one came from
     FileItem* upLevel_ = nullptr;  // the ".." of the last folder listing, or null
     std::uint32_t totalBytes_ = 0; // of the files listed

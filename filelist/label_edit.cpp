@@ -4,7 +4,8 @@
 
 #include "app/app_state.h"
 
-void LabelEdit::Begin(HWND view) {
+void LabelEdit::Begin(HWND view, FileItem* item) {
+    item_ = item;
     editor_ = reinterpret_cast<HWND>(SendMessageW(view, LVM_GETEDITCONTROL, 0, 0));
     cancelled_ = false;
     if (editor_)
@@ -14,6 +15,7 @@ void LabelEdit::Begin(HWND view) {
 
 const wchar_t* LabelEdit::Finish(const wchar_t* reported) {
     HWND editor = std::exchange(editor_, nullptr);
+    item_ = nullptr;
     if (!editor || cancelled_)
         return nullptr;
     if (reported)
@@ -25,6 +27,11 @@ const wchar_t* LabelEdit::Finish(const wchar_t* reported) {
 void LabelEdit::Cancel() {
     if (editor_)
         SendMessageW(editor_, WM_KEYDOWN, VK_ESCAPE, 0);
+}
+
+void LabelEdit::Leave() {
+    if (editor_)
+        SetFocus(GetParent(editor_));
 }
 
 LRESULT CALLBACK LabelEdit::EditorProcedure(HWND editor, UINT message, WPARAM wParam, LPARAM lParam) {

@@ -4,12 +4,16 @@
 #include <array>
 
 #include "app/path.h"
+#include "filelist/file_item.h"
 #include "platform/ce_api.h"
 
 class LabelEdit {
   public:
-    /// The view has opened its editor.
-    void Begin(HWND view);
+    /// The view has opened its editor over the entry's name.
+    void Begin(HWND view, FileItem* item);
+
+    /// The entry whose name is edited, wherever it stands by now; null while none is.
+    FileItem* Item() const { return item_; }
 
     /// The editor closes; `reported` is the name the view reports. Null when the edit was cancelled, or had
     /// ended before: what answers its end may take the focus away, and the view ends the edit again.
@@ -19,10 +23,14 @@ class LabelEdit {
     /// Closes an open editor; the name stays as it was.
     void Cancel();
 
+    /// Closes an open editor as a tap elsewhere does: what was typed becomes the name.
+    void Leave();
+
   private:
     static LRESULT CALLBACK EditorProcedure(HWND editor, UINT message, WPARAM wParam, LPARAM lParam);
 
     HWND editor_ = nullptr; // null while no name is edited
+    FileItem* item_ = nullptr;
     WNDPROC editorProcedure_ = nullptr;
     bool cancelled_ = false;
     std::array<wchar_t, 2 * pathCapacity>

@@ -74,7 +74,7 @@ LRESULT CALLBACK ListProcedure(HWND window, UINT message, WPARAM wParam, LPARAM 
             return 0;
         break;
     case UM_EDITLABEL:
-        return list.EditLabel(static_cast<int>(wParam)), 0;
+        return list.EditAgain(), 0;
     case WM_LBUTTONDOWN:
         list.tapAndHold.OnStylusDown(list, PointOf(lParam));
         break;

@@ -17,7 +17,7 @@ constexpr int keyOpensContextMenu = -2;
 /// The command that a key in the list stands for, or one of the results above.
 int TranslateListKey(int key, KeyState keys);
 
-/// Sent by the list to its own view: edit the name of the entry whose index is in wParam.
+/// Sent by the list to its own view: edit the name again that was refused.
 constexpr UINT UM_EDITLABEL = WM_APP + 1;
 
 /// Puts the list's window procedure in front of the view's own.

@@ -149,6 +149,16 @@ FileItem* FileList::ItemAt(int index) const {
     return reinterpret_cast<FileItem*>(entry.lParam);
 }
 
+/// Index of the entry with this path, or -1.
+int FileList::IndexOf(const Path& path) const {
+    Path itsPath;
+    for (int index = 0; const FileItem* item = ItemAt(index); ++index) {
+        if (itsPath.AssignChild(item->folder, item->name.get()) && itsPath.View() == path.View())
+            return index;
+    }
+    return -1;
+}
+
 int FileList::ItemCount() const {
     return static_cast<int>(SendMessageW(window_, LVM_GETITEMCOUNT, 0, 0));
 }

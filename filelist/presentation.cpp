@@ -130,6 +130,7 @@ HMENU FileList::ContextPopupMenu(int number) const {
 }
 
 void FileList::ApplyViewStyle(int command) {
+    labelEdit.Leave(); // its entry takes another place
     ApplyViewCommand(options, command);
     SetWindowLongW(window_, GWL_STYLE, static_cast<LONG>(ViewWindowStyle(options)));
     icons_ = options.viewStyle == viewIcon ? &largeIcons_ : &smallIcons_;

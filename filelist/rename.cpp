@@ -39,23 +39,23 @@ void FileList::EditLabel(int index) {
     SendMessageW(window_, LVM_EDITLABELW, static_cast<WPARAM>(index), 0);
 }
 
-void FileList::OnBeginLabelEdit() {
+void FileList::OnBeginLabelEdit(int index) {
     tapAndHold.Cancel(window_);
-    labelEdit.Begin(window_);
+    labelEdit.Begin(window_, ItemAt(index));
     appState.labelEditing = true;
     UpdateMenuState();
 }
 
-bool FileList::OnEndLabelEdit(int index, const wchar_t* text) {
+bool FileList::OnEndLabelEdit(const wchar_t* text) {
+    FileItem* item = labelEdit.Item();
     const wchar_t* label = labelEdit.Finish(text);
     appState.labelEditing = false;
     UpdateMenuState();
-    FileItem* item = ItemAt(index);
     switch (item ? JudgeLabel(label, item->kind) : LabelVerdict::Keep) {
     case LabelVerdict::Forbidden:
-        return RefuseLabel(index, forbiddenNameMessage), false;
+        return RefuseLabel(*item, forbiddenNameMessage), false;
     case LabelVerdict::Empty:
-        return RefuseLabel(index, emptyNameMessage), false;
+        return RefuseLabel(*item, emptyNameMessage), false;
     case LabelVerdict::Rename:
         return RenameEntry(*item, label);
     default:
@@ -64,9 +64,18 @@ bool FileList::OnEndLabelEdit(int index, const wchar_t* text) {
 }
 
 /// Says why a name cannot be, and has the editor opened again once the view is done with ending the edit.
-void FileList::RefuseLabel(int index, const wchar_t* message) {
+void FileList::RefuseLabel(const FileItem& item, const wchar_t* message) {
+    // Known by its path: behind the box the folder may be listed anew, and other entries stand in its place.
+    if (!refused_.AssignChild(item.folder, item.name.get()))
+        refused_.Clear();
     MessageBoxW(appState.mainWindow, message, L"", MB_ICONHAND);
-    PostMessageW(window_, UM_EDITLABEL, static_cast<WPARAM>(index), 0);
+    PostMessageW(window_, UM_EDITLABEL, 0, 0);
+}
+
+void FileList::EditAgain() {
+    if (const int index = IndexOf(refused_); index >= 0)
+        EditLabel(index);
+    refused_.Clear();
 }
 
 bool FileList::RenameEntry(FileItem& item, std::wstring_view label) {

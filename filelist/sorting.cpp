@@ -131,6 +131,7 @@ void ApplyColumnClick(ListOptions& options, int column) {
 }
 
 void FileList::SortList() {
+    labelEdit.Leave(); // its entry takes another row
     std::vector<FileItem*> shown;
     shown.reserve(records_.items.size());
     for (int row = 0; FileItem* item = ItemAt(row); ++row) {

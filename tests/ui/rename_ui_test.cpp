@@ -500,6 +500,89 @@ TEST_F(RenameUi, AFolderAmongTheResultsIsRenamedInTheTreeToo) {
     EXPECT_EQ(program.Tree().SelectedPath(), home);
 }
 
+// --- What happens meanwhile ---
+
+TEST_F(RenameUi, EntriesSortedMeanwhileKeepTheirNames) {
+    StartWithFiles();
+    program.Command(IDM_VIEW_DETAILED);
+    BeginRename(L"c.bin");
+    Control(Editor()).SetText(L"d.bin");
+    program.PostCommand(IDM_ARRANGE_REVERSE);
+    EXPECT_TRUE(Becomes(home, {L"a.txt", L"b.doc", L"d.bin"}));
+    EXPECT_TRUE(EditorIsGone());
+    EXPECT_EQ(device.Content(home + L"\\d.bin"), "\\c.bin");
+    program.WaitForNames({L"..", L"d.bin", L"b.doc", L"a.txt"});
+    BeginRename(L"a.txt");
+    Control(Editor()).SetText(L"a:b");
+    Tap(List().ColumnTitlePoint(0)); // the other way round again
+    ExpectMessage(forbiddenNameText);
+    EXPECT_EQ(TextInEditor(), L"a.txt");
+    program.WaitForNames({L"..", L"a.txt", L"b.doc", L"d.bin"});
+    Enter(L"x.txt");
+    EXPECT_TRUE(Becomes(home, {L"b.doc", L"d.bin", L"x.txt"}));
+    EXPECT_EQ(device.Content(home + L"\\x.txt"), "\\a.txt");
+}
+
+TEST_F(RenameUi, AnotherViewEndsTheEditWithTheNameTyped) {
+    StartWithFiles();
+    for (const UINT view : {IDM_VIEW_DETAILED, IDM_VIEW_LIST, IDM_VIEW_SMALL, IDM_VIEW_LARGE}) {
+        BeginRename(L"b.doc");
+        Control(Editor()).SetText(L"d.doc");
+        program.PostCommand(view);
+        EXPECT_TRUE(Becomes(home, {L"a.txt", L"c.bin", L"d.doc"}));
+        EXPECT_TRUE(EditorIsGone());
+        Rename(L"d.doc", L"b.doc");
+        EXPECT_TRUE(Becomes(home, {L"a.txt", L"b.doc", L"c.bin"}));
+    }
+}
+
+TEST_F(RenameUi, CommandsForEntriesLeaveTheEditedOneAlone) {
+    StartWithFiles();
+    BeginRename(L"b.doc");
+    for (const UINT command : {IDM_FILE_DELETE, IDM_SENDTO_MOVE_TO, IDM_FILE_SHORTCUT, IDM_FILE_OPEN})
+        program.Command(command);
+    ExpectNoMessage();
+    EXPECT_TRUE(Editor());
+    PressKey('D', Ctrl);
+    PressKey('X', Ctrl); // cuts the text
+    ExpectNoMessage();
+    EXPECT_EQ(Control(Editor()).Text(), L"");
+    PressKey('V', Ctrl);
+    PressKey(VK_RETURN);
+    EXPECT_TRUE(EditorIsGone());
+    ExpectNoMessage();
+    EXPECT_EQ(device.NamesIn(home), (Texts{L"a.txt", L"b.doc", L"c.bin"}));
+}
+
+TEST_F(RenameUi, TheRefusedNameIsAskedForAgainAlsoWhenOthersStandInItsPlace) {
+    StartWithFiles();
+    Rename(L"b.doc", L"a:b");
+    MessageBoxShown message = program.WaitForMessageBox();
+    RunOnHost("touch Temp/Home/a.0 Temp/Home/a.1");
+    program.HandOverFolder(home); // lists the folder anew behind the box
+    message.Answer(IDOK);
+    EXPECT_EQ(TextInEditor(), L"b.doc");
+    Enter(L"d.doc");
+    EXPECT_TRUE(Becomes(home, {L"a.0", L"a.1", L"a.txt", L"c.bin", L"d.doc"}));
+    EXPECT_EQ(device.Content(home + L"\\d.doc"), "\\b.doc");
+}
+
+TEST_F(RenameUi, NothingElseIsAskedForWhenTheRefusedOneIsGone) {
+    StartWithFiles();
+    device.File(L"\\Temp\\Other\\1");
+    device.File(L"\\Temp\\Other\\2");
+    Rename(L"b.doc", L"a:b");
+    MessageBoxShown message = program.WaitForMessageBox();
+    program.HandOverFolder(L"\\Temp\\Other");
+    message.Answer(IDOK);
+    program.WaitUntilIdle();
+    EXPECT_FALSE(Editor());
+    EXPECT_EQ(program.Folder(), L"\\Temp\\Other");
+    PostMessageW(List().Window(), WM_APP + 1, 1, 0); // from whomever
+    program.WaitUntilIdle();
+    EXPECT_FALSE(Editor());
+}
+
 // --- Keys in haste: none may reach what it was not meant for ---
 
 TEST_F(RenameUi, KeysTypedAtOnceReachTheEditorInEveryView) {
