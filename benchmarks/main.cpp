@@ -21,12 +21,8 @@ struct Measurement {
 };
 
 constexpr Measurement measurements[] = {
-    {L"listing", MeasureListing},
-    {L"sorting", MeasureSorting},
-    {L"icons", MeasureIcons},
-    {L"tree", MeasureTree},
-    {L"search", MeasureSearch},
-    {L"jobs", MeasureJobs},
+    {L"listing", MeasureListing}, {L"sorting", MeasureSorting}, {L"icons", MeasureIcons},
+    {L"tree", MeasureTree},       {L"search", MeasureSearch},   {L"jobs", MeasureJobs},
 };
 
 /// The program as it starts, but for its message loop.
