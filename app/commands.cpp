@@ -5,6 +5,9 @@
 #include "app/pane_layout.h"
 #include "app/sticky_keys.h"
 #include "fileops/selection_properties.h"
+#include "launch/choose_program.h"
+#include "launch/open_with_parameters.h"
+#include "launch/send_to.h"
 #include "resources/resource.h"
 #include "search/file_search.h"
 
@@ -41,6 +44,15 @@ void OnUpFolder(int) {
 void OnOpen(int) {
     if (IsListFocused())
         appState.fileList.OpenEntry(appState.fileList.FirstSelected());
+}
+
+void OnOpenOtherwise(int id) {
+    if (!IsListFocused())
+        return;
+    if (id == IDM_OPEN_PARAMETERS)
+        OpenWithParameters();
+    else
+        ChooseProgramForSelection();
 }
 
 void OnOrganizeFavorites(int) {
@@ -99,6 +111,8 @@ void OperateOnSelection(int id) {
         return list.MoveTo();
     case IDM_SENDTO_SHORTCUT_TO:
         return list.AskShortcutsTo();
+    case IDM_SENDTO_IR:
+        return BeamFile();
     case IDM_MENU_PROPERTIES:
         return ShowSelectionProperties();
     default:
@@ -125,6 +139,10 @@ void OnFileSearch(int) {
     const Pane pane = IsTreeFocused() ? Pane::Tree : Pane::List;
     RunFileSearch();
     FocusPane(pane);
+}
+
+void OnMail(int id) {
+    SendByMail(id == IDM_SENDTO_MMS ? MailTransport::Mms : MailTransport::Email);
 }
 
 // --- Clipboards: the list's own, and that of an edit field ---
@@ -256,6 +274,8 @@ constexpr Command commandTable[] = {
     {IDM_FOCUS_PREV, OnFocusPrevious},
 
     {IDM_FILE_OPEN, OnOpen},
+    {IDM_OPEN_PARAMETERS, OnOpenOtherwise},
+    {IDM_OPEN_CHOOSE_PROGRAM, OnOpenOtherwise},
     {IDM_FILE_RENAME, OnRename},
     {IDM_FILE_NEW_FOLDER, OnNewFolder},
     {IDM_FILE_SHORTCUT, OnSelectedFiles},
@@ -272,6 +292,12 @@ constexpr Command commandTable[] = {
     {IDM_SENDTO_COPY_TO, OnSelectedFiles},
     {IDM_SENDTO_MOVE_TO, OnSelectedFiles},
     {IDM_SENDTO_SHORTCUT_TO, OnSelectedFiles},
+    {IDM_SENDTO_EMAIL, OnMail},
+    {IDM_SENDTO_MMS, OnMail},
+    {IDM_SENDTO_IR, OnSelectedFiles},
+    {IDM_TOOLS_BEAM, [](int) { BeamNothing(); }},
+    {IDM_TOOLS_PC_LINK, [](int) { StartPcLink(); }},
+    {IDM_TOOLS_ACTIVESYNC, [](int) { StartActiveSync(); }},
     {IDM_FILE_DELETE, OnSelectedFiles},
     {IDM_MENU_PROPERTIES, OnProperties},
     {IDM_FILE_SEARCH, OnFileSearch},
@@ -325,6 +351,10 @@ void EndTapAndHold() {
 
 /// The entries built at run time, by their ranges. True when `id` is one of them.
 bool RunBuiltEntry(int id) {
+    if (id >= IDM_SENDTO_FIRST && id < IDM_SENDTO_FIRST + BUILT_ENTRY_LIMIT) {
+        LaunchPreferred(id - IDM_SENDTO_FIRST);
+        return true;
+    }
     if (id >= IDM_USERPATH_FIRST && id < IDM_USERPATH_FIRST + BUILT_ENTRY_LIMIT) {
         appState.fileList.GoToUserPath(id - IDM_USERPATH_FIRST);
         return true;

@@ -9,8 +9,9 @@
 
 namespace {
 
-void Write(HKEY key, const wchar_t* name, DWORD type, const void* data, std::size_t size) {
-    RegSetValueExW(key, name, 0, type, static_cast<const BYTE*>(data), static_cast<DWORD>(size));
+bool Write(HKEY key, const wchar_t* name, DWORD type, const void* data, std::size_t size) {
+    return RegSetValueExW(key, name, 0, type, static_cast<const BYTE*>(data), static_cast<DWORD>(size)) ==
+           ERROR_SUCCESS;
 }
 
 std::optional<std::size_t> Query(HKEY key, const wchar_t* name, void* buffer) {
@@ -59,6 +60,6 @@ void WriteNumber(HKEY key, const wchar_t* name, std::int32_t number) {
     Write(key, name, REG_DWORD, &number, sizeof(number));
 }
 
-void WriteText(HKEY key, const wchar_t* name, const wchar_t* text) {
-    Write(key, name, REG_SZ, text, (std::wcslen(text) + 1) * sizeof(wchar_t));
+bool WriteText(HKEY key, const wchar_t* name, const wchar_t* text) {
+    return Write(key, name, REG_SZ, text, (std::wcslen(text) + 1) * sizeof(wchar_t));
 }

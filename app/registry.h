@@ -38,5 +38,5 @@ void WriteNumberBytes(HKEY key, const wchar_t* name, std::uint32_t number);
 /// Writes a 32-bit number as REG_DWORD.
 void WriteNumber(HKEY key, const wchar_t* name, std::int32_t number);
 
-/// Writes a terminated text as REG_SZ, its terminator included.
-void WriteText(HKEY key, const wchar_t* name, const wchar_t* text);
+/// Writes a terminated text as REG_SZ, its terminator included. False when it could not be written.
+bool WriteText(HKEY key, const wchar_t* name, const wchar_t* text);

@@ -17,6 +17,7 @@
 #include "filelist/label_edit.h"
 #include "filelist/search_results.h"
 #include "filelist/tap_and_hold.h"
+#include "launch/preferred_programs.h"
 #include "platform/handles.h"
 
 /// How the tree follows a navigation: it only selects the folder, or also reads its subfolders afresh.
@@ -174,6 +175,7 @@ class FileList {
     std::uint32_t noExtensionInShortcuts = 1; // "NoExtShortcut"
     PathText compressFolder{};
     std::vector<OwnedText> userPaths; // the remembered paths of the "Go to" menu
+    PreferredPrograms preferredPrograms;
     SearchResults searchResults;
     FileClipboard clipboard;
     TapAndHold tapAndHold;
@@ -230,6 +232,7 @@ class FileList {
     void InsertColumns();
     void ChooseStartFolder();
     void AttachGoToMenu();
+    void BuildSendToEntries();
     void DetachGoToMenu();
 
     HWND window_ = nullptr;

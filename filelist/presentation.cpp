@@ -67,6 +67,7 @@ void FileList::CreateList(HWND parent) {
     menu_.Reset(LoadMenuW(appState.instance, MAKEINTRESOURCEW(IDR_MENU_LIST)));
     AttachGoToMenu();
     BuildUserPathMenu();
+    BuildSendToEntries();
     ApplyViewStyle(0);
 }
 
@@ -111,6 +112,15 @@ void FileList::AttachGoToMenu() {
     if (tools >= 0)
         InsertMenuW(softKeyMenu, static_cast<UINT>(tools), MF_BYPOSITION | MF_POPUP,
                     reinterpret_cast<UINT_PTR>(GoToMenu()), L"Go to");
+}
+
+/// The preferred programs are offered by the files' context menu and by the soft key's.
+void FileList::BuildSendToEntries() {
+    HMENU ofFiles = ContextPopupMenu(POPUP_ARCHIVE_FILE);
+    HMENU ofSoftKey = SoftKeyMenu();
+    const HMENU menus[] = {GetSubMenu(ofFiles, PositionOfPopup(ofFiles, IDM_SENDTO_IR)),
+                           GetSubMenu(ofSoftKey, PositionOfPopup(ofSoftKey, IDM_SENDTO_EMAIL))};
+    preferredPrograms.Build(appState.settings.sendToPath.data(), menus);
 }
 
 void FileList::DetachGoToMenu() {

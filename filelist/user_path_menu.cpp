@@ -50,6 +50,7 @@ void FileList::ClearUserPathMenu() {
 void FileList::RebuildMenus() {
     ClearUserPathMenu();
     BuildUserPathMenu();
+    BuildSendToEntries();
 }
 
 void FileList::GoToUserPath(int index) {

@@ -1,0 +1,34 @@
+#pragma once
+// The file types of the registry: the programs that open them, and how one is made to.
+
+#include <string_view>
+#include <vector>
+
+#include "app/settings.h"
+#include "app/text.h"
+#include "launch/open_commands.h"
+#include "platform/ce_api.h"
+
+/// A class of files with the program that opens it.
+struct ProgramRecord {
+    OwnedText className;
+    OwnedText description; // shown to the user
+    OwnedText program;     // the full path
+    OwnedText parameters;
+    int iconIndex = -1; // in the image list of whoever shows it
+};
+
+struct ProgramList {
+    std::vector<ProgramRecord> records; // in the order of the registry
+    PathText extensionClass{};          // the class of the extension asked for; empty when it has none
+};
+
+/// Every class below `root` whose program exists. `extension`, with its dot, is the one extension that counts
+/// as a class too.
+ProgramList EnumeratePrograms(HKEY root, std::wstring_view extension, std::wstring_view systemFolder);
+
+/// Stores the texts as a class. False at the first that cannot be stored.
+bool WriteAssociation(HKEY root, const AssociationTexts& texts);
+
+/// Makes files of this extension, with its dot, files of the class.
+bool SetExtensionClass(HKEY root, const wchar_t* extension, const wchar_t* className);

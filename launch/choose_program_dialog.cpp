@@ -1,0 +1,180 @@
+#include "launch/choose_program_dialog.h"
+
+#include <algorithm>
+
+#include "app/app_state.h"
+#include "app/wait_cursor.h"
+#include "launch/open_file_dialog.h"
+#include "launch/shell_start.h"
+#include "resources/resource.h"
+
+namespace {
+
+constexpr DialogLook look{{IDD_CHOOSE_PROGRAM_240, IDD_CHOOSE_PROGRAM_320, IDD_CHOOSE_PROGRAM_SMALL},
+                          IDR_MENUBAR_CHOOSE_PROGRAM,
+                          false,
+                          true};
+
+constexpr int iconSize = 16;
+
+const wchar_t* SystemFolder() {
+    return appState.settings.windowsPath.data();
+}
+
+/// Asks for a program file. False when the user cancelled.
+bool BrowseForProgram(HWND owner, PathText& program) {
+    OPENFILENAMEW request{};
+    request.lStructSize = sizeof(request);
+    request.hwndOwner = owner;
+    request.lpstrFilter = L"Executable (*.exe)\0*.exe\0";
+    request.lpstrFile = program.data();
+    request.nMaxFile = static_cast<DWORD>(program.size());
+    request.lpstrInitialDir = SystemFolder();
+    request.lpstrTitle = L"Select Program";
+    request.Flags = OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_HIDEREADONLY;
+    return ShowOpenFileDialog(request);
+}
+
+} // namespace
+
+ChooseProgramDialog::ChooseProgramDialog(const ProgramChoice& choice) : DialogFrame(look), choice_(choice) {}
+
+HWND ChooseProgramDialog::OnInit() {
+    wchar_t title[pathCapacity + 32];
+    FormatText(title, L"Choose Program (%s)", choice_.name.Text());
+    SetWindowTextW(Window(), title);
+    LVCOLUMNW column{};
+    SendMessageW(List(), LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
+    if (choice_.forceAlways) {
+        SendMessageW(Control(IDC_ALWAYS_THIS_PROGRAM), BM_SETCHECK, BST_CHECKED, 0);
+        EnableWindow(Control(IDC_ALWAYS_THIS_PROGRAM), FALSE);
+    }
+    ShowPrograms({});
+    return List();
+}
+
+void ChooseProgramDialog::OnCommand(int id, int) {
+    switch (id) {
+    case IDOK:
+        OnConfirm();
+        return End(1);
+    case IDCANCEL:
+        return End(0);
+    case IDM_CHOOSE_PROGRAM_BROWSE:
+        return OnBrowse();
+    default:
+        return;
+    }
+}
+
+void ChooseProgramDialog::OnBrowse() {
+    PathText program{};
+    if (!BrowseForProgram(Window(), program))
+        return;
+    const Association association{.program = program.data()};
+    if (WriteAssociation(HKEY_CLASSES_ROOT, ComposeAssociation(association, SystemFolder())))
+        ShowPrograms(program.data());
+}
+
+void ChooseProgramDialog::OnConfirm() {
+    const ProgramRecord* record = Selected();
+    if (!record)
+        return;
+    if (SendMessageW(Control(IDC_ALWAYS_THIS_PROGRAM), BM_GETCHECK, 0, 0) == BST_CHECKED)
+        SetExtensionClass(HKEY_CLASSES_ROOT, Extension(), record->className.get());
+    if (choice_.launch)
+        StartOnFile(*record);
+}
+
+void ChooseProgramDialog::StartOnFile(const ProgramRecord& record) const {
+    Path document;
+    if (!document.AssignChild(choice_.folder.View(), choice_.name.View()))
+        return;
+    const OwnedText parameters = FillInDocument(record.parameters.get(), document.View());
+    StartThroughShell({.file = record.program.get(), .parameters = parameters.get()});
+}
+
+void ChooseProgramDialog::ShowPrograms(std::wstring_view selectProgram) {
+    const WaitCursor wait;
+    ShowWindow(List(), SW_HIDE);
+    SendMessageW(List(), LVM_DELETEALLITEMS, 0, 0);
+    programs_ = EnumeratePrograms(HKEY_CLASSES_ROOT, Extension(), SystemFolder());
+    ImageListHandle icons(ImageList_Create(iconSize, iconSize, ILC_COLOR32 | ILC_MASK, 1, 2));
+    SendMessageW(List(), LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(icons.Get()));
+    icons_ = std::move(icons);
+    for (int row = 0; ProgramRecord & record : programs_.records) {
+        record.iconIndex = IconOf(record);
+        AddProgram(record, row++);
+    }
+    SelectRow(RowToSelect(selectProgram));
+    FitColumn();
+    ShowWindow(List(), SW_SHOW);
+    SetFocus(List());
+}
+
+int ChooseProgramDialog::IconOf(const ProgramRecord& record) {
+    SHFILEINFOW info{};
+    if (!ce::SHGetFileInfo(record.program.get(), 0, &info, sizeof(info), SHGFI_ICON | SHGFI_SMALLICON))
+        return -1;
+    const IconHandle icon(info.hIcon);
+    return ImageList_ReplaceIcon(icons_.Get(), -1, icon.Get());
+}
+
+void ChooseProgramDialog::AddProgram(const ProgramRecord& record, int row) {
+    LVITEMW item{};
+    item.mask = LVIF_TEXT | LVIF_IMAGE | LVIF_PARAM;
+    item.iItem = row;
+    item.pszText = record.description.get();
+    item.iImage = record.iconIndex;
+    item.lParam = reinterpret_cast<LPARAM>(&record);
+    SendMessageW(List(), LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
+}
+
+int ChooseProgramDialog::RowToSelect(std::wstring_view selectProgram) const {
+    const auto& records = programs_.records;
+    const auto found = std::find_if(records.begin(), records.end(), [&](const ProgramRecord& record) {
+        return selectProgram.empty() ? EqualNoCase(record.className.get(), programs_.extensionClass.data())
+                                     : EqualNoCase(record.program.get(), selectProgram);
+    });
+    return found == records.end() ? -1 : static_cast<int>(found - records.begin());
+}
+
+void ChooseProgramDialog::SelectRow(int row) {
+    if (row < 0)
+        return;
+    LVITEMW item{};
+    item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+    item.state = LVIS_SELECTED | LVIS_FOCUSED;
+    SendMessageW(List(), LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+    SendMessageW(List(), LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+}
+
+/// As wide as the rows can be seen: a scroll bar takes some of it.
+void ChooseProgramDialog::FitColumn() {
+    RECT client{};
+    GetClientRect(List(), &client);
+    SendMessageW(List(), LVM_SETCOLUMNWIDTH, 0, MAKELPARAM(client.right, 0));
+}
+
+const ProgramRecord* ChooseProgramDialog::Selected() const {
+    LVITEMW item{};
+    item.mask = LVIF_PARAM;
+    item.iItem = static_cast<int>(
+        SendMessageW(List(), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), MAKELPARAM(LVNI_SELECTED, 0)));
+    if (item.iItem < 0 || !SendMessageW(List(), LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item)))
+        return nullptr;
+    const std::wstring_view description =
+        reinterpret_cast<const ProgramRecord*>(item.lParam)->description.get();
+    const auto& records = programs_.records;
+    return &*std::find_if(records.begin(), records.end(), [description](const ProgramRecord& record) {
+        return record.description.get() == description;
+    });
+}
+
+HWND ChooseProgramDialog::List() const {
+    return Control(IDC_PROGRAM_LIST);
+}
+
+const wchar_t* ChooseProgramDialog::Extension() const {
+    return ExtensionOf(choice_.name.View()).data();
+}

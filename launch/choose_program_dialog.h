@@ -1,0 +1,41 @@
+#pragma once
+// The dialog of "Choose Program...".
+
+#include <string_view>
+
+#include "app/dialog_frame.h"
+#include "launch/associations.h"
+#include "launch/choose_program.h"
+#include "platform/handles.h"
+
+/// Ends with 1 for a program chosen, 0 otherwise.
+class ChooseProgramDialog final : public DialogFrame {
+  public:
+    explicit ChooseProgramDialog(const ProgramChoice& choice);
+
+  private:
+    HWND OnInit() override;
+    void OnCommand(int id, int notification) override;
+
+    void OnBrowse();
+    void OnConfirm();
+
+    /// Finds the programs anew and shows them; selects `selectProgram`, or without one what opens such files
+    /// by now.
+    void ShowPrograms(std::wstring_view selectProgram);
+    void AddProgram(const ProgramRecord& record, int row);
+    int IconOf(const ProgramRecord& record);
+    int RowToSelect(std::wstring_view selectProgram) const;
+    void SelectRow(int row);
+    void FitColumn();
+    /// The selected program: the first of its description. Null when none is selected.
+    const ProgramRecord* Selected() const;
+    void StartOnFile(const ProgramRecord& record) const;
+
+    HWND List() const;
+    const wchar_t* Extension() const;
+
+    const ProgramChoice& choice_;
+    ProgramList programs_;
+    ImageListHandle icons_;
+};

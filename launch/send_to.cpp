@@ -1,0 +1,85 @@
+#include "launch/send_to.h"
+
+#include "app/app_state.h"
+#include "app/wait_cursor.h"
+#include "launch/mail_command.h"
+#include "launch/shell_start.h"
+#include "platform/handles.h"
+
+namespace {
+
+/// The messaging program as it was started last, and with what.
+struct MailState {
+    Path attachment;
+    ObjectHandle process;
+};
+MailState mail;
+
+bool IsExistingFolder(const wchar_t* path) {
+    const WaitCursor wait;
+    const DWORD attributes = ce::GetFileAttributesW(path);
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+bool SelectedFilePath(Path& path) {
+    const FileItem* file = SelectedFile();
+    return file && path.AssignChild(file->folder, file->name.get());
+}
+
+void StartSystemProgram(const wchar_t* program, const wchar_t* parameters) {
+    StartThroughShell(
+        {.file = program, .parameters = parameters, .directory = appState.settings.windowsPath.data()});
+}
+
+void Beam(const wchar_t* parameters) {
+    const bool hasBeam = ce::GetFileAttributesW(L"\\Windows\\beam.exe") != INVALID_FILE_ATTRIBUTES;
+    StartSystemProgram(hasBeam ? L"beam.exe" : L"irsquirt.exe", parameters);
+}
+
+} // namespace
+
+void LaunchPreferred(int index) {
+    const wchar_t* target = appState.fileList.preferredPrograms.Target(index);
+    Path file;
+    if (!target || !SelectedFilePath(file))
+        return;
+    if (IsExistingFolder(target))
+        return appState.fileList.GoToFolder(target, treeRescan);
+    wchar_t parameters[pathCapacity + 2];
+    FormatText(parameters, appState.settings.quoteFilePath ? L"\"%s\"" : L"%s", file.Text());
+    StartThroughShell({.file = target, .parameters = parameters});
+}
+
+void SendByMail(MailTransport transport) {
+    const FileItem* item = appState.fileList.ItemAt(appState.fileList.FirstSelected());
+    if (item && !mail.attachment.AssignChild(item->folder, item->name.get()))
+        return;
+    if (mail.process)
+        TerminateProcess(mail.process.Get(), 0);
+    const OwnedText commandLine =
+        MailCommandLine(mail.attachment.View(), transport == MailTransport::Email ? L"email" : L"mms");
+    PROCESS_INFORMATION started{};
+    if (!ce::CreateProcessW(L"\\windows\\tmail.exe", commandLine.get(), nullptr, nullptr, FALSE,
+                            CREATE_NEW_CONSOLE, nullptr, nullptr, nullptr, &started))
+        return;
+    const ObjectHandle thread(started.hThread);
+    mail.process.Reset(started.hProcess);
+}
+
+void BeamFile() {
+    Path file;
+    if (SelectedFilePath(file))
+        Beam(file.Text());
+}
+
+void BeamNothing() {
+    Beam(nullptr);
+}
+
+void StartPcLink() {
+    StartSystemProgram(L"repllog.exe", nullptr);
+}
+
+void StartActiveSync() {
+    StartSystemProgram(L"async.asy", nullptr);
+}
