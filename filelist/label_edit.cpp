@@ -1,8 +1,32 @@
 #include "filelist/label_edit.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "app/app_state.h"
+
+namespace {
+
+/// The view makes the editor as wide as the name. What would lie beyond the view's edge could not be read.
+void KeepInView(HWND editor, WINDOWPOS& place) {
+    if (place.flags & SWP_NOSIZE)
+        return;
+    RECT view{};
+    GetClientRect(GetParent(editor), &view);
+    if (place.flags & SWP_NOMOVE) {
+        RECT now{};
+        GetWindowRect(editor, &now);
+        POINT corner{now.left, now.top};
+        ScreenToClient(GetParent(editor), &corner);
+        place.x = corner.x;
+        place.y = corner.y;
+        place.flags &= ~static_cast<UINT>(SWP_NOMOVE);
+    }
+    place.cx = std::min<int>(place.cx, view.right);
+    place.x = std::clamp<int>(place.x, 0, view.right - place.cx);
+}
+
+} // namespace
 
 void LabelEdit::Begin(HWND view, FileItem* item) {
     item_ = item;
@@ -38,5 +62,7 @@ LRESULT CALLBACK LabelEdit::EditorProcedure(HWND editor, UINT message, WPARAM wP
     LabelEdit& edit = appState.fileList.labelEdit;
     if (message == WM_KEYDOWN && wParam == VK_ESCAPE)
         edit.cancelled_ = true;
+    if (message == WM_WINDOWPOSCHANGING)
+        KeepInView(editor, *reinterpret_cast<WINDOWPOS*>(lParam));
     return CallWindowProcW(edit.editorProcedure_, editor, message, wParam, lParam);
 }

@@ -1,4 +1,5 @@
-// Screens: 240x320
+// Screens: 240x320 176x220
+// Limit: 300 seconds
 
 // Renaming an entry in the list, in place.
 
@@ -65,6 +66,32 @@ TEST_F(RenameUi, TheEditorHoldsTheNameAndTakesTheKeys) {
     EXPECT_TRUE(program.ListHasFocus());
     program.Command(IDM_MENU_REFRESH);
     EXPECT_EQ(List().Names(), (Texts{L"..", L"a.txt", L"c.bin", L"new name.doc"}));
+}
+
+TEST_F(RenameUi, TheEditorLiesInsideTheListHoweverLongTheName) {
+    ShowExtensions();
+    const std::wstring name = L"A rather long name of a report that is wider than any phone.txt";
+    for (const wchar_t* before : {L"1", L"2"})
+        device.File(home + L"\\" + before);
+    device.File(home + L"\\" + name);
+    StartIn(home);
+    const auto lies = [&] {
+        const RECT list = PlaceOf(List().Window());
+        const RECT editor = PlaceOf(Editor());
+        return editor.left >= list.left && editor.right <= list.right;
+    };
+    for (const UINT view : {IDM_VIEW_LARGE, IDM_VIEW_SMALL, IDM_VIEW_LIST, IDM_VIEW_DETAILED}) {
+        SCOPED_TRACE(view);
+        program.Command(view);
+        BeginRename(name);
+        EXPECT_TRUE(lies());
+        PressKey(VK_END);
+        TypeText(L" and longer");
+        EXPECT_TRUE(Eventually([&] { return TextInEditor() == name + L" and longer"; }));
+        EXPECT_TRUE(lies());
+        PressKey(VK_ESCAPE);
+        EXPECT_TRUE(EditorIsGone());
+    }
 }
 
 TEST_F(RenameUi, NothingHappensWithoutASelection) {
