@@ -1,11 +1,14 @@
 #include "app/commands.h"
 
 #include "app/address_bar.h"
+#include "app/folder_refresh.h"
 #include "app/menu_state.h"
 #include "app/pane_layout.h"
 #include "app/sticky_keys.h"
 #include "fileops/selection_properties.h"
 #include "launch/choose_program.h"
+#include "launch/memory_status.h"
+#include "launch/network.h"
 #include "launch/open_with_parameters.h"
 #include "launch/send_to.h"
 #include "resources/resource.h"
@@ -53,6 +56,10 @@ void OnOpenOtherwise(int id) {
         OpenWithParameters();
     else
         ChooseProgramForSelection();
+}
+
+void OnUserPath(int) {
+    appState.fileList.ChangeUserPaths();
 }
 
 void OnOrganizeFavorites(int) {
@@ -113,6 +120,8 @@ void OperateOnSelection(int id) {
         return list.AskShortcutsTo();
     case IDM_SENDTO_IR:
         return BeamFile();
+    case IDM_FAVORITES_ADD:
+        return list.AddFavorite();
     case IDM_MENU_PROPERTIES:
         return ShowSelectionProperties();
     default:
@@ -215,6 +224,22 @@ void OnRefresh(int) {
     appState.fileList.GoToAddress();
     appState.fileList.RebuildMenus();
     InvalidateRect(appState.mainWindow, nullptr, TRUE);
+}
+
+// --- Network ---
+
+void OnConnectNetwork(int id) {
+    if (ConnectNetwork())
+        OnRefresh(id);
+}
+
+void OnDisconnectNetwork(int id) {
+    if (!DisconnectNetwork())
+        return;
+    Path folder = appState.fileList.CurrentFolder();
+    CutToExisting(folder);
+    appState.fileList.GoToFolder(folder.View(), treeSelectOnly);
+    OnRefresh(id);
 }
 
 // --- Selection ---
@@ -333,6 +358,11 @@ constexpr Command commandTable[] = {
     {IDM_GOTO_DEVICE, OnGoTo},
     {IDM_GOTO_MY_DOCUMENTS, OnGoTo},
     {IDM_GOTO_START_MENU, OnGoTo},
+    {IDM_NETWORK_CONNECT, OnConnectNetwork},
+    {IDM_NETWORK_DISCONNECT, OnDisconnectNetwork},
+    {IDM_TOOLS_MEMORY_STATUS, [](int) { ShowMemoryStatus(); }},
+    {IDM_GOTO_USER_PATH, OnUserPath},
+    {IDM_FAVORITES_ADD, OnSelectedFiles},
     {IDM_FAVORITES_ORGANIZE, OnOrganizeFavorites},
 };
 
@@ -357,6 +387,10 @@ bool RunBuiltEntry(int id) {
     }
     if (id >= IDM_USERPATH_FIRST && id < IDM_USERPATH_FIRST + BUILT_ENTRY_LIMIT) {
         appState.fileList.GoToUserPath(id - IDM_USERPATH_FIRST);
+        return true;
+    }
+    if (id >= IDM_FAVORITE_FIRST && id < IDM_FAVORITE_FIRST + appState.fileList.favorites.Count()) {
+        appState.fileList.GoToFavorite(id - IDM_FAVORITE_FIRST);
         return true;
     }
     return false;

@@ -69,7 +69,7 @@ void FormatDecimal(std::span<wchar_t> text, LCID locale) {
         ReplaceIfFitting(text, formatted.data());
 }
 
-void FormatSize(std::uint32_t bytes, std::span<wchar_t> out, const wchar_t* kbFormat, const wchar_t* mbFormat,
+void FormatSize(std::uint64_t bytes, std::span<wchar_t> out, const wchar_t* kbFormat, const wchar_t* mbFormat,
                 LCID locale) {
     // The unit changes at 1,000 KB although a megabyte has 1,024 of them: no size shows four digits of KB.
     constexpr std::uint32_t firstMegabytes = 1'024'000;

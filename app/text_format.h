@@ -19,7 +19,7 @@ void FormatDecimal(std::span<wchar_t> text, LCID locale = LOCALE_USER_DEFAULT);
 
 /// Writes `bytes` in kilobytes, or from 1,024,000 on in megabytes, through the format of that unit, whose one
 /// "%s" takes the number.
-void FormatSize(std::uint32_t bytes, std::span<wchar_t> out, const wchar_t* kbFormat, const wchar_t* mbFormat,
+void FormatSize(std::uint64_t bytes, std::span<wchar_t> out, const wchar_t* kbFormat, const wchar_t* mbFormat,
                 LCID locale = LOCALE_USER_DEFAULT);
 
 /// Mode 0: short date, a blank, the time. Any other mode: only the time for today, only the date otherwise.

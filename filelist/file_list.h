@@ -17,6 +17,7 @@
 #include "filelist/label_edit.h"
 #include "filelist/search_results.h"
 #include "filelist/tap_and_hold.h"
+#include "foldertree/favorites_menu.h"
 #include "launch/preferred_programs.h"
 #include "platform/handles.h"
 
@@ -154,8 +155,18 @@ class FileList {
     /// Takes them out again; to be called with the same paths.
     void ClearUserPathMenu();
     void GoToUserPath(int index);
+    /// "User Path": has the user change the remembered paths.
+    void ChangeUserPaths();
     /// Builds the entries of the menus that come from folders and stored paths anew.
     void RebuildMenus();
+
+    // --- favorites.cpp ---
+
+    /// Makes shortcuts to the selected entries, or to the folder shown, in the Favorites folder.
+    void AddFavorite();
+    /// Puts what is in the Favorites folder into "Favorites", in place of what was there.
+    void BuildFavorites();
+    void GoToFavorite(int index);
 
     const Path& CurrentFolder() const { return currentFolder_; }
     /// Sets the path alone; the list shows it with the next listing.
@@ -176,6 +187,7 @@ class FileList {
     PathText compressFolder{};
     std::vector<OwnedText> userPaths; // the remembered paths of the "Go to" menu
     PreferredPrograms preferredPrograms;
+    FavoritesMenu favorites; // the built entries of "Favorites"
     SearchResults searchResults;
     FileClipboard clipboard;
     TapAndHold tapAndHold;

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "app/app_state.h"
-
 namespace {
 
 /// The view makes the editor as wide as the name. What would lie beyond the view's edge could not be read.
@@ -32,9 +30,11 @@ void LabelEdit::Begin(HWND view, FileItem* item) {
     item_ = item;
     editor_ = reinterpret_cast<HWND>(SendMessageW(view, LVM_GETEDITCONTROL, 0, 0));
     cancelled_ = false;
-    if (editor_)
-        editorProcedure_ = reinterpret_cast<WNDPROC>(
-            SetWindowLongPtrW(editor_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(EditorProcedure)));
+    if (!editor_)
+        return;
+    SetWindowLongPtrW(editor_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    editorProcedure_ = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrW(editor_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(EditorProcedure)));
 }
 
 const wchar_t* LabelEdit::Finish(const wchar_t* reported) {
@@ -59,7 +59,7 @@ void LabelEdit::Leave() {
 }
 
 LRESULT CALLBACK LabelEdit::EditorProcedure(HWND editor, UINT message, WPARAM wParam, LPARAM lParam) {
-    LabelEdit& edit = appState.fileList.labelEdit;
+    LabelEdit& edit = *reinterpret_cast<LabelEdit*>(GetWindowLongPtrW(editor, GWLP_USERDATA));
     if (message == WM_KEYDOWN && wParam == VK_ESCAPE)
         edit.cancelled_ = true;
     if (message == WM_WINDOWPOSCHANGING)

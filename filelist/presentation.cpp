@@ -68,6 +68,7 @@ void FileList::CreateList(HWND parent) {
     AttachGoToMenu();
     BuildUserPathMenu();
     BuildSendToEntries();
+    BuildFavorites();
     ApplyViewStyle(0);
 }
 

@@ -4,6 +4,7 @@
 
 #include "app/path.h"
 #include "filelist/file_list.h"
+#include "foldertree/user_paths_dialog.h"
 #include "resources/resource.h"
 
 namespace {
@@ -51,6 +52,13 @@ void FileList::RebuildMenus() {
     ClearUserPathMenu();
     BuildUserPathMenu();
     BuildSendToEntries();
+    BuildFavorites();
+}
+
+void FileList::ChangeUserPaths() {
+    ClearUserPathMenu();
+    EditUserPaths(userPaths);
+    BuildUserPathMenu();
 }
 
 void FileList::GoToUserPath(int index) {

@@ -224,6 +224,26 @@
 #define IDC_ALWAYS_THIS_PROGRAM 1141
 #define IDC_PARAMETERS_QUESTION 1142
 #define IDC_PARAMETERS 1143
+// User paths: the dialog, its soft keys and its list
+#define IDD_USER_PATHS_240 280
+#define IDD_USER_PATHS_320 281
+#define IDD_USER_PATHS_SMALL 282
+#define IDR_MENUBAR_USER_PATHS 280
+#define IDR_MENU_USER_PATHS 280
+#define IDM_USER_PATHS_OK 768
+#define IDM_USER_PATH_ADD 1001
+#define IDM_USER_PATH_DELETE 1095
+#define IDM_USER_PATH_EDIT 1096
+#define IDC_USER_PATHS 1120
+
+// Memory status: the command, the dialog, its soft key and text
+#define IDM_TOOLS_MEMORY_STATUS 40080
+#define IDD_MEMORY_240 284
+#define IDD_MEMORY_320 285
+#define IDD_MEMORY_SMALL 286
+#define IDR_MENUBAR_MEMORY 284
+#define IDM_MEMORY_OK 768
+#define IDC_MEMORY_TEXT 1122
 
 // Built entries: the first of each range
 #define IDM_SENDTO_FIRST 50000

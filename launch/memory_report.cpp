@@ -1,0 +1,22 @@
+#include "launch/memory_report.h"
+
+#include "app/path.h"
+#include "app/text.h"
+#include "app/text_format.h"
+
+MemoryReport::MemoryReport() : length_(FormatText(text_, L"Memory Status")) {}
+
+void MemoryReport::Add(std::wstring_view label, std::uint64_t freeBytes, std::uint64_t totalBytes) {
+    std::array<wchar_t, 64> freeText{};
+    std::array<wchar_t, 64> totalText{};
+    FormatSize(freeBytes, freeText, L"%s KB", L"%s MB");
+    FormatSize(totalBytes, totalText, L"%s KB", L"%s MB");
+    std::array<wchar_t, pathCapacity + 160> line{};
+    const OwnedText terminated = CopyText(label);
+    const std::size_t length =
+        FormatText(line, L"\r\n%s: %s / %s", terminated.get(), freeText.data(), totalText.data());
+    if (length >= text_.size() - length_)
+        return;
+    CopyTextTo(std::span(text_).subspan(length_), line.data());
+    length_ += length;
+}
