@@ -7,6 +7,7 @@
 #include <windows.h>
 
 #include "resources/resource.h"
+#include "tests/support/clipboard.h"
 #include "tests/support/device.h"
 #include "tests/support/host.h"
 #include "tests/support/input.h"

@@ -7,17 +7,6 @@
 
 namespace {
 
-std::wstring SystemClipboardText() {
-    std::wstring text;
-    WaitFor("for the clipboard", [] { return OpenClipboard(nullptr) != FALSE; });
-    if (HANDLE block = GetClipboardData(CF_UNICODETEXT)) {
-        text = static_cast<const wchar_t*>(GlobalLock(block));
-        GlobalUnlock(block);
-    }
-    CloseClipboard();
-    return text;
-}
-
 class ClipboardUi : public JobUi {
   protected:
     void SetUp() override {
@@ -110,13 +99,13 @@ TEST_F(ClipboardUi, CopyNameAndCopyPathPutTextOnTheSystemsClipboard) {
     StartIn(L"\\From");
     Select({L"a.txt", L"b.txt"});
     program.Command(IDM_EDIT_COPY_NAME);
-    EXPECT_EQ(SystemClipboardText(), L"a.txt");
+    EXPECT_EQ(ClipboardText(), L"a.txt");
     program.Command(IDM_EDIT_COPY_PATH);
-    EXPECT_EQ(SystemClipboardText(), L"\\From\\a.txt");
+    EXPECT_EQ(ClipboardText(), L"\\From\\a.txt");
     ShowRoot();
     Select({L"From"});
     program.Command(IDM_EDIT_COPY_PATH);
-    EXPECT_EQ(SystemClipboardText(), L"\\From");
+    EXPECT_EQ(ClipboardText(), L"\\From");
 }
 
 TEST_F(ClipboardUi, SearchResultsAreTakenFromTheirOwnFoldersAndFollow) {
@@ -129,7 +118,7 @@ TEST_F(ClipboardUi, SearchResultsAreTakenFromTheirOwnFoldersAndFollow) {
     FinishJob();
     Select({L"c.txt"});
     program.Command(IDM_EDIT_COPY_PATH);
-    EXPECT_EQ(SystemClipboardText(), L"\\From\\Sub\\c.txt");
+    EXPECT_EQ(ClipboardText(), L"\\From\\Sub\\c.txt");
     program.Command(IDM_TOOLBAR_CUT);
     Show(L"\\To");
     PasteAll();
@@ -140,7 +129,7 @@ TEST_F(ClipboardUi, SearchResultsAreTakenFromTheirOwnFoldersAndFollow) {
     program.WaitForFolder(L"File Search");
     Select({L"c.txt"});
     program.Command(IDM_EDIT_COPY_PATH);
-    EXPECT_EQ(SystemClipboardText(), L"\\To\\c.txt");
+    EXPECT_EQ(ClipboardText(), L"\\To\\c.txt");
 }
 
 TEST_F(ClipboardUi, TheKeysOfTheListWorkToo) {

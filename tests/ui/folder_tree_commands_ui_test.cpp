@@ -22,6 +22,16 @@ class FolderTreeCommandsUi : public TreeUi {
         program.WaitUntilIdle();
         EXPECT_EQ(Tree().SelectedPath(), folder == L"My PocketPC" ? L"" : folder);
     }
+    /// Gives a command that asks for a folder, and chooses this one.
+    void ChooseFor(UINT command, const std::wstring& title, const std::wstring& folder) {
+        program.PostCommand(command);
+        Dialog chooser = program.WaitForDialog(title);
+        TreeView tree(chooser.Item(IDC_CHOOSER_TREE).Window());
+        tree.Expand(L"\\Temp");
+        tree.Select(folder);
+        chooser.Command(IDM_CHOOSER_OK);
+        WaitFor("for the end", [&] { return !program.HasDialog() && IsWindowEnabled(program.Window()); });
+    }
     void AnswerDelete(UINT answer) {
         Dialog question = program.WaitForDialog(L"Confirm File Delete");
         EXPECT_EQ(question.Item(IDC_QUESTION_TEXT).Text(),
@@ -72,6 +82,33 @@ TEST_F(FolderTreeCommandsUi, AShortcutIsMadeInTheFolder) {
     program.Command(IDM_FILE_SHORTCUT);
     ExpectShown(L"\\Temp\\Home");
     EXPECT_EQ(device.NamesIn(L"\\Temp\\Home"), (Texts{L"Shortcut to Home.lnk", L"inside.txt"}));
+}
+
+TEST_F(FolderTreeCommandsUi, ItsNameAndItsPathAreCopiedAsText) {
+    program.Command(IDM_EDIT_COPY_NAME);
+    EXPECT_EQ(ClipboardText(), L"Home");
+    ExpectShown(L"\\Temp\\Home");
+    program.Command(IDM_EDIT_COPY_PATH);
+    EXPECT_EQ(ClipboardText(), L"\\Temp\\Home");
+    ExpectShown(L"\\Temp\\Home");
+}
+
+TEST_F(FolderTreeCommandsUi, CopyToCopiesItToTheChosenFolder) {
+    ChooseFor(IDM_SENDTO_COPY_TO, L"Copy file to", L"\\Temp\\Other");
+    EXPECT_TRUE(Eventually([&] { return device.Exists(L"\\Temp\\Other\\Home\\inside.txt"); }));
+    EXPECT_EQ(device.Content(L"\\Temp\\Home\\inside.txt"), "kept");
+}
+
+TEST_F(FolderTreeCommandsUi, MoveToMovesItAndItsNode) {
+    ChooseFor(IDM_SENDTO_MOVE_TO, L"Move file to", L"\\Temp\\Other");
+    EXPECT_TRUE(Eventually([&] { return device.Exists(L"\\Temp\\Other\\Home\\inside.txt"); }));
+    EXPECT_TRUE(Eventually([&] { return !Tree().Has(L"\\Temp\\Home"); }));
+    EXPECT_FALSE(device.Exists(L"\\Temp\\Home"));
+}
+
+TEST_F(FolderTreeCommandsUi, AShortcutIsSentToTheChosenFolder) {
+    ChooseFor(IDM_SENDTO_SHORTCUT_TO, L"Create shortcut to", L"\\Temp\\Other");
+    EXPECT_TRUE(Eventually([&] { return device.NamesIn(L"\\Temp\\Other").size() == 1; }));
 }
 
 TEST_F(FolderTreeCommandsUi, EnterShowsThePropertiesOnlyWithAlt) {
