@@ -165,10 +165,11 @@ const ProgramRecord* ChooseProgramDialog::Selected() const {
         return nullptr;
     const std::wstring_view description =
         reinterpret_cast<const ProgramRecord*>(item.lParam)->description.get();
-    const auto& records = programs_.records;
-    return &*std::find_if(records.begin(), records.end(), [description](const ProgramRecord& record) {
-        return record.description.get() == description;
-    });
+    for (const ProgramRecord& record : programs_.records) {
+        if (std::wstring_view(record.description.get()) == description)
+            return &record;
+    }
+    return nullptr;
 }
 
 HWND ChooseProgramDialog::List() const {
