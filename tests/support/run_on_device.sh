@@ -102,7 +102,7 @@ cat >>"$phone/prefix/user.reg" <<EOF
 EOF
 
 # The device folder, and beside it the seed that tests reset it to.
-mkdir -p "$phone/device" "$phone/seed" "$phone/home" "$phone/work"
+mkdir -p "$phone/device" "$phone/seed" "$phone/home" "$phone/run"
 if [[ -e $image/seed.sh ]]; then
     bash "$image/seed.sh" "$phone/seed" >/dev/null
 fi
@@ -113,21 +113,21 @@ fi
 cp -a "$phone/seed/." "$phone/device/"
 
 # The X screen.
-exec 8<>"$phone/work/display"
-Xvfb -displayfd 8 -screen 0 "${screen}x24" -nolisten tcp >"$phone/work/xvfb.log" 2>&1 9>&- &
+exec 8<>"$phone/run/display"
+Xvfb -displayfd 8 -screen 0 "${screen}x24" -nolisten tcp >"$phone/run/xvfb.log" 2>&1 9>&- &
 xvfb=$!
 for ((tries = 0; tries < 100; tries++)); do
-    [[ -s $phone/work/display ]] && break
+    [[ -s $phone/run/display ]] && break
     sleep 0.1
 done
 exec 8>&-
-[[ -s $phone/work/display ]] || { echo "The X screen did not start:" >&2; cat "$phone/work/xvfb.log" >&2; exit 1; }
+[[ -s $phone/run/display ]] || { echo "The X screen did not start:" >&2; cat "$phone/run/xvfb.log" >&2; exit 1; }
 
-DISPLAY=:$(tr -d '[:space:]' <"$phone/work/display")
+DISPLAY=:$(tr -d '[:space:]' <"$phone/run/display")
 export DISPLAY
 export WINEPREFIX=$phone/prefix HOME=$phone/home
 export TARVIK_DEVICE=$phone/device TARVIK_DEVICE_SEED=$phone/seed TARVIK_SCREEN=$screen
-export TARVIK_WORK=$phone/work TARVIK_FAILURES=$build/test-failures
+export TARVIK_WORK=$phone/run TARVIK_FAILURES=$build/test-failures
 
 timeout --kill-after=10 "$limit" "${as_plain_user[@]}" wine "$tests" "$@" &
 runner=$!
