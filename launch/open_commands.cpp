@@ -23,7 +23,8 @@ OwnedText Join(std::initializer_list<std::wstring_view> parts) {
 
 /// Where the program's name ends; nothing when it is no program.
 std::optional<std::size_t> EndOfProgram(std::wstring_view command) {
-    for (std::size_t dot = command.find(L'.'); dot != command.npos; dot = command.find(L'.', dot + 1)) {
+    for (std::size_t dot = command.find(L'.'); dot != std::wstring_view::npos;
+         dot = command.find(L'.', dot + 1)) {
         if (EqualNoCase(command.substr(dot, programEnding.size()), programEnding))
             return dot + programEnding.size();
     }
@@ -47,14 +48,14 @@ std::optional<OpenCommand> ParseOpenCommand(std::wstring_view command) {
 }
 
 bool LocateProgram(std::wstring_view program, std::wstring_view systemFolder, Path& path) {
-    if (program.find(L'\\') == program.npos)
+    if (program.find(L'\\') == std::wstring_view::npos)
         return path.AssignChild(systemFolder, program);
     return path.Assign(program);
 }
 
 OwnedText FillInDocument(std::wstring_view parameters, std::wstring_view document) {
     const std::size_t mark = parameters.find(documentMark);
-    if (mark == parameters.npos)
+    if (mark == std::wstring_view::npos)
         return CopyText(parameters);
     return Join({parameters.substr(0, mark), document, parameters.substr(mark + documentMark.size())});
 }
@@ -64,7 +65,7 @@ AssociationTexts ComposeAssociation(const Association& association, std::wstring
     // The shell finds the system folder's own programs by their names.
     const bool ofSystem = EqualNoCase(ParentOf(association.program), systemFolder);
     const std::wstring_view program = ofSystem ? leaf : association.program;
-    const std::wstring_view quote = program.find(L' ') == program.npos ? L"" : L"\"";
+    const std::wstring_view quote = program.find(L' ') == std::wstring_view::npos ? L"" : L"\"";
     const auto orElse = [](std::wstring_view given, std::wstring_view otherwise) {
         return given.empty() ? otherwise : given;
     };
@@ -72,7 +73,10 @@ AssociationTexts ComposeAssociation(const Association& association, std::wstring
 
     wchar_t index[16];
     FormatText(index, L"%d", association.iconIndex);
-    return {CopyText(className), CopyText(orElse(association.description, className)),
-            Join({quote, program, quote, L" ", orElse(association.parameters, wholeDocument)}),
-            Join({orElse(association.iconFile, program), L",", index})};
+    AssociationTexts texts;
+    texts.className = CopyText(className);
+    texts.description = CopyText(orElse(association.description, className));
+    texts.command = Join({quote, program, quote, L" ", orElse(association.parameters, wholeDocument)});
+    texts.iconSource = Join({orElse(association.iconFile, program), L",", index});
+    return texts;
 }
