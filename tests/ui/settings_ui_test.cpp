@@ -68,6 +68,7 @@ class SettingsUi : public UiTest {
     void GoByAddressBar(const std::wstring& folder) {
         program.AddressBar().SetText(folder);
         PostKey(FindWindowExW(program.AddressBar().Window(), nullptr, L"Edit", nullptr), VK_RETURN);
+        program.WaitUntilIdle(); // the bar's text alone would tell of the folder before it is shown
         program.WaitForFolder(folder);
     }
 };
