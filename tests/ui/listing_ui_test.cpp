@@ -52,6 +52,7 @@ class ListingUi : public UiTest {
     void GoByAddressBar(const std::wstring& address) {
         program.AddressBar().SetText(address);
         PostKey(FindWindowExW(program.AddressBar().Window(), nullptr, L"Edit", nullptr), VK_RETURN);
+        program.WaitUntilIdle(); // the bar's text alone would tell of the folder before it is shown
         program.WaitForFolder(address);
     }
     /// Finds what is named so inside a folder, through the dialog, and shows it.
