@@ -62,7 +62,7 @@ TEST_F(MenuStateUi, AmongSearchResultsNothingCanBeMade) {
     PressKey(VK_F6);
     program.AddressBar().SetText(L"File Search");
     PressKey(VK_RETURN);
-    program.WaitForFolder(L"File Search");
+    program.WaitForNames({}); // the bar's text alone would tell of the folder before it is shown
     ExpectGreyed({IDM_FILE_NEW_FOLDER, IDM_FILE_SHORTCUT, IDM_TOOLBAR_PASTE_SHORTCUT, IDM_SENDTO_ZIP});
 }
 
