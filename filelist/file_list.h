@@ -126,6 +126,8 @@ class FileList {
     int NextSelected(int index) const;
     /// The selected entries in list order; never the up-level entry.
     std::vector<SelectionEntry> CollectSelection() const;
+    /// The paths of the selected entries in list order, the up-level entry's too.
+    std::vector<Path> SelectedPaths() const;
     /// "Delete"
     void DeleteSelection();
 
@@ -145,8 +147,6 @@ class FileList {
     void CopyTo();
     void MoveTo();
     void AskShortcutsTo();
-    /// Makes shortcuts to the selected entries in `destination`.
-    void ShortcutsTo(const Path& destination);
 
     // --- user_path_menu.cpp ---
 

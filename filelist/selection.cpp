@@ -54,6 +54,17 @@ void FileList::RemoveDone(std::span<const SelectionEntry> entries) {
     });
 }
 
+std::vector<Path> FileList::SelectedPaths() const {
+    std::vector<Path> paths;
+    Path path;
+    for (int index = NextSelected(-1); index >= 0; index = NextSelected(index)) {
+        const FileItem* item = ItemAt(index);
+        if (item && path.AssignChild(item->folder, item->name.get()))
+            paths.push_back(path);
+    }
+    return paths;
+}
+
 void FileList::DeleteSelection() {
     if (SelectedCount() < 1)
         return;

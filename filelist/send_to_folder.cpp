@@ -29,18 +29,15 @@ void FileList::TransferTo(Transfer transfer, const wchar_t* title) {
 }
 
 void FileList::AskShortcutsTo() {
+    const std::vector<Path> targets = SelectedPaths(); // as above: what is selected now
     FolderChoice choice{currentFolder_};
-    if (ChooseFolder(L"Create shortcut to", choice))
-        ShortcutsTo(choice.folder);
-}
-
-void FileList::ShortcutsTo(const Path& destination) {
+    if (!ChooseFolder(L"Create shortcut to", choice))
+        return;
+    const Path& destination = choice.folder;
     {
         const WaitCursor wait;
-        for (int index = NextSelected(-1); index >= 0; index = NextSelected(index)) {
-            if (const FileItem* item = ItemAt(index))
-                MakeShortcut(destination.View(), item->folder, item->name.get());
-        }
+        for (const Path& target : targets)
+            MakeShortcut(destination.View(), ParentOf(target.View()), LeafOf(target.View()));
     }
     if (EqualNoCase(destination.View(), currentFolder_.View()))
         GoToFolder(destination.View(), treeSelectOnly);

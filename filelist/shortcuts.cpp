@@ -26,11 +26,7 @@ void FileList::MakeShortcut(std::wstring_view destination, std::wstring_view fol
 void FileList::ShortcutsHere() {
     const WaitCursor wait;
     const Path destination = currentFolder_;
-    LRESULT index = -1;
-    while ((index = SendMessageW(window_, LVM_GETNEXTITEM, static_cast<WPARAM>(index),
-                                 MAKELPARAM(LVNI_SELECTED, 0))) >= 0) {
-        if (const FileItem* item = ItemAt(static_cast<int>(index)))
-            MakeShortcut(destination.View(), item->folder, item->name.get());
-    }
+    for (const Path& target : SelectedPaths())
+        MakeShortcut(destination.View(), ParentOf(target.View()), LeafOf(target.View()));
     GoToFolder(destination.View(), treeSelectOnly);
 }

@@ -118,6 +118,20 @@ TEST_F(FolderChooserUi, ShortcutsGoToTheChosenFolder) {
     WaitFor("for the shortcut", [&] { return device.NamesIn(L"\\To").size() == 3; });
 }
 
+TEST_F(FolderChooserUi, ShortcutsLeadToWhatWasSelectedWhateverTheListShowsMeanwhile) {
+    device.SetOption(ListOption::ShowUpLevel, 0);
+    device.SetOption(ListOption::NoShortcutMention, 1);
+    StartIn(L"\\From");
+    Select({L"a.txt"});
+    Dialog chooser = Choose(IDM_SENDTO_SHORTCUT_TO, L"Create shortcut to");
+    program.HandOverFolder(L"\\To"); // another program asks for it
+    TreeOf(chooser).Select(L"\\Temp");
+    chooser.Command(IDM_CHOOSER_OK);
+    chooser.WaitUntilClosed();
+    WaitFor("for the shortcut", [&] { return device.NamesIn(L"\\Temp").size() == 1; });
+    EXPECT_EQ(device.Content(L"\\Temp\\" + device.NamesIn(L"\\Temp")[0]), "13#\"\\From\\a.txt\"");
+}
+
 TEST_F(FolderChooserUi, NewFoldersAreNumberedAndRefreshTheListEvenWhenCancelled) {
     Dialog chooser = ChooseCopy();
     TreeView tree = TreeOf(chooser);
