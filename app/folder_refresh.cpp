@@ -1,13 +1,10 @@
 #include "app/folder_refresh.h"
 
 #include "app/app_state.h"
+#include "app/file_facts.h"
 #include "app/main_window.h"
 
 namespace {
-
-bool Exists(const Path& path) {
-    return ce::GetFileAttributesW(path.Text()) != INVALID_FILE_ATTRIBUTES;
-}
 
 void StartDelay() {
     KillTimer(appState.mainWindow, refreshTimer);
@@ -37,7 +34,7 @@ void RefreshAfterChange() {
     KillTimer(appState.mainWindow, refreshTimer);
     appState.folderTree.RefreshRoot();
     Path target = appState.fileList.CurrentFolder();
-    const bool exists = Exists(target);
+    const bool exists = Exists(target.Text());
     if (appState.deviceChanged && exists) {
         // A card came or went elsewhere: the list may stay as it is.
         if (!target.IsEmpty() && target.View() != appState.settings.networkLeaf) {
@@ -53,6 +50,6 @@ void RefreshAfterChange() {
 }
 
 void CutToExisting(Path& folder) {
-    while (!Exists(folder) && folder.View().find(L'\\') != std::wstring_view::npos)
+    while (!Exists(folder.Text()) && folder.View().find(L'\\') != std::wstring_view::npos)
         folder.Truncate(ParentOf(folder.View()).size());
 }

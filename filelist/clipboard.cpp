@@ -8,16 +8,6 @@
 #include "filelist/file_list.h"
 #include "filelist/tree_report.h"
 
-namespace {
-
-bool StillExists(const SelectionEntry& entry) {
-    Path path;
-    return path.AssignChild(entry.folder.data(), entry.name.data()) &&
-           ce::GetFileAttributesW(path.Text()) != INVALID_FILE_ATTRIBUTES;
-}
-
-} // namespace
-
 void FileList::CutSelection() {
     if (SelectedCount() < 1)
         return;

@@ -1,6 +1,7 @@
 // The view itself: its making and end, its styles and columns, and the selection in it.
 
 #include "app/app_state.h"
+#include "app/file_facts.h"
 #include "app/menu_state.h"
 #include "app/settings_store.h"
 #include "filelist/file_list.h"
@@ -19,11 +20,6 @@ constexpr Column columns[] = {
     {L"Name", LVCFMT_LEFT}, {L"Size", LVCFMT_RIGHT}, {L"Type", LVCFMT_LEFT}, {L"Modified", LVCFMT_LEFT}};
 
 constexpr WORD iconSpacing = 72;
-
-bool IsExistingFolder(const wchar_t* path) {
-    const DWORD attributes = ce::GetFileAttributesW(path);
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
-}
 
 void SetStateOfAll(HWND view, UINT state, UINT mask) {
     LVITEMW all{};

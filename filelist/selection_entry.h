@@ -13,3 +13,6 @@ struct SelectionEntry {
     PathText name{};
     std::int32_t done = 0; // set by the operation for each entry it has carried out
 };
+
+/// Whether what was collected is there still.
+bool StillExists(const SelectionEntry& entry);

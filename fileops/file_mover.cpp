@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "app/file_facts.h"
 #include "app/text.h"
 #include "platform/handles.h"
 
@@ -13,10 +14,6 @@ constexpr DWORD blockSize = 256 * 1024;
 
 /// What a copy takes over beside the mark that every new file has.
 constexpr DWORD keptAttributes = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
-
-bool Exists(const Path& path) {
-    return ce::GetFileAttributesW(path.Text()) != INVALID_FILE_ATTRIBUTES;
-}
 
 bool IsLarge(const WIN32_FIND_DATAW& found) {
     return found.nFileSizeHigh != 0 || found.nFileSizeLow > blockSize;
@@ -30,7 +27,7 @@ bool NameAside(const Path& path, Path& aside) {
         FormatText(name, L"~job%03d.tmp", number);
         if (!aside.AssignChild(ParentOf(path.View()), name.data()))
             return false;
-        if (!Exists(aside))
+        if (!Exists(aside.Text()))
             return true;
     }
     return false;
@@ -124,7 +121,7 @@ MoverResult FileMover::CopyAside(const Path& source, const WIN32_FIND_DATAW& fou
 MoverResult FileMover::Copy(const Path& source, const WIN32_FIND_DATAW& found, const Path& target) {
     if (!IsLarge(found))
         return CopyContents(source.Text(), found, target.Text());
-    if (Exists(target))
+    if (Exists(target.Text()))
         return MoverResult::Exists;
     Path aside;
     const MoverResult result = CopyAside(source, found, target, aside);
@@ -148,7 +145,7 @@ MoverResult FileMover::Move(const Path& source, const WIN32_FIND_DATAW& found, c
     if (ce::MoveFileW(source.Text(), target.Text()))
         return MoverResult::Done;
     if (GetLastError() != ERROR_NOT_SAME_DEVICE)
-        return Exists(target) ? MoverResult::Exists : MoverResult::Failed;
+        return Exists(target.Text()) ? MoverResult::Exists : MoverResult::Failed;
     const MoverResult result = Copy(source, found, target);
     if (result != MoverResult::Done || DeleteSource(source, found.dwFileAttributes))
         return result;

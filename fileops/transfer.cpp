@@ -3,6 +3,7 @@
 #include <array>
 
 #include "app/app_state.h"
+#include "app/file_facts.h"
 #include "app/text.h"
 #include "fileops/file_job.h"
 #include "fileops/file_mover.h"
@@ -22,11 +23,6 @@ bool IsFolder(DWORD attributes) {
 /// A folder that only points to another one.
 bool IsFolderLink(DWORD attributes) {
     return IsFolder(attributes) && (attributes & FILE_ATTRIBUTE_REPARSE_POINT);
-}
-
-bool IsExistingFolder(const Path& path) {
-    const DWORD attributes = ce::GetFileAttributesW(path.Text());
-    return attributes != INVALID_FILE_ATTRIBUTES && IsFolder(attributes);
 }
 
 /// How much of a folder was gone through.
@@ -191,7 +187,7 @@ bool TransferJob::TransferLink() {
 
 /// The folder goes once all it held is at the new place; it stays when something was left in it.
 bool TransferJob::RemoveEmptied() {
-    if (!IsExistingFolder(target_))
+    if (!IsExistingFolder(target_.Text()))
         return false;
     ce::RemoveDirectoryW(source_.Text());
     return true;

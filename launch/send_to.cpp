@@ -1,6 +1,7 @@
 #include "launch/send_to.h"
 
 #include "app/app_state.h"
+#include "app/file_facts.h"
 #include "app/wait_cursor.h"
 #include "launch/mail_command.h"
 #include "launch/shell_start.h"
@@ -15,10 +16,9 @@ struct MailState {
 };
 MailState mail;
 
-bool IsExistingFolder(const wchar_t* path) {
+bool LeadsToFolder(const wchar_t* target) {
     const WaitCursor wait;
-    const DWORD attributes = ce::GetFileAttributesW(path);
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
+    return IsExistingFolder(target);
 }
 
 bool SelectedFilePath(Path& path) {
@@ -32,7 +32,7 @@ void StartSystemProgram(const wchar_t* program, const wchar_t* parameters) {
 }
 
 void Beam(const wchar_t* parameters) {
-    const bool hasBeam = ce::GetFileAttributesW(L"\\Windows\\beam.exe") != INVALID_FILE_ATTRIBUTES;
+    const bool hasBeam = Exists(L"\\Windows\\beam.exe");
     StartSystemProgram(hasBeam ? L"beam.exe" : L"irsquirt.exe", parameters);
 }
 
@@ -43,7 +43,7 @@ void LaunchPreferred(int index) {
     Path file;
     if (!target || !SelectedFilePath(file))
         return;
-    if (IsExistingFolder(target))
+    if (LeadsToFolder(target))
         return appState.fileList.GoToFolder(target, treeRescan);
     wchar_t parameters[pathCapacity + 2];
     FormatText(parameters, appState.settings.quoteFilePath ? L"\"%s\"" : L"%s", file.Text());
