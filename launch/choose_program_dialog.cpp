@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "app/app_state.h"
+#include "app/file_dialogs.h"
 #include "app/wait_cursor.h"
-#include "launch/open_file_dialog.h"
 #include "launch/shell_start.h"
 #include "resources/resource.h"
 
