@@ -7,6 +7,7 @@
 #include "app/change_watcher.h"
 #include "app/settings.h"
 #include "filelist/file_list.h"
+#include "fileops/archive_types.h"
 #include "foldertree/folder_tree.h"
 #include "platform/ce_api.h"
 
@@ -37,6 +38,9 @@ struct AppState {
     // Sticky keys, for phones without modifier keys
     bool ctrlLatched = false;
     bool shiftLatched = false;
+
+    ArchiverAvailability archivers; // found at the start
+    Path lastExtractTarget;         // the folder last chosen for extraction
 
     bool deviceChanged = false;
     bool dragging = false;

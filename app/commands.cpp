@@ -5,6 +5,7 @@
 #include "app/menu_state.h"
 #include "app/pane_layout.h"
 #include "app/sticky_keys.h"
+#include "fileops/archives.h"
 #include "fileops/selection_properties.h"
 #include "launch/choose_program.h"
 #include "launch/memory_status.h"
@@ -56,6 +57,15 @@ void OnOpenOtherwise(int id) {
         OpenWithParameters();
     else
         ChooseProgramForSelection();
+}
+
+void OnExtract(int id) {
+    if (!IsListFocused())
+        return;
+    if (id == IDM_FILE_EXTRACT_HERE)
+        ExtractHere();
+    else
+        ExtractSelection();
 }
 
 void OnUserPath(int) {
@@ -118,6 +128,8 @@ void OperateOnSelection(int id) {
         return list.MoveTo();
     case IDM_SENDTO_SHORTCUT_TO:
         return list.AskShortcutsTo();
+    case IDM_SENDTO_ZIP:
+        return CompressSelection();
     case IDM_SENDTO_IR:
         return BeamFile();
     case IDM_FAVORITES_ADD:
@@ -301,6 +313,8 @@ constexpr Command commandTable[] = {
     {IDM_FILE_OPEN, OnOpen},
     {IDM_OPEN_PARAMETERS, OnOpenOtherwise},
     {IDM_OPEN_CHOOSE_PROGRAM, OnOpenOtherwise},
+    {IDM_FILE_EXTRACT_TO, OnExtract},
+    {IDM_FILE_EXTRACT_HERE, OnExtract},
     {IDM_FILE_RENAME, OnRename},
     {IDM_FILE_NEW_FOLDER, OnNewFolder},
     {IDM_FILE_SHORTCUT, OnSelectedFiles},
@@ -317,6 +331,7 @@ constexpr Command commandTable[] = {
     {IDM_SENDTO_COPY_TO, OnSelectedFiles},
     {IDM_SENDTO_MOVE_TO, OnSelectedFiles},
     {IDM_SENDTO_SHORTCUT_TO, OnSelectedFiles},
+    {IDM_SENDTO_ZIP, OnSelectedFiles},
     {IDM_SENDTO_EMAIL, OnMail},
     {IDM_SENDTO_MMS, OnMail},
     {IDM_SENDTO_IR, OnSelectedFiles},

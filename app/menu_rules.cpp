@@ -18,7 +18,7 @@ enum Situation : std::uint8_t {
 };
 
 /// What else a command needs where it can act.
-enum class Needs : std::uint8_t { Nothing, File, Archiver, Archive, Pasteable, FilesToPaste };
+enum class Needs : std::uint8_t { Nothing, File, Archiver, AnyArchiver, Pasteable, FilesToPaste };
 
 struct Rule {
     int command;
@@ -46,8 +46,8 @@ constexpr Rule rules[] = {
     {IDM_OPEN_CHOOSE_PROGRAM, entries, entries, Needs::File},
     {IDM_SENDTO_FIRST, entries, entries, Needs::File},
     {IDM_SENDTO_ZIP, selection, tree, Needs::Archiver},
-    {IDM_FILE_EXTRACT_TO, selection, selection, Needs::Archive},
-    {IDM_FILE_EXTRACT_HERE, selection, selection, Needs::Archive},
+    {IDM_FILE_EXTRACT_TO, selection, selection, Needs::AnyArchiver},
+    {IDM_FILE_EXTRACT_HERE, selection, selection, Needs::AnyArchiver},
     {IDM_FILE_NEW_FOLDER, always, 0},
     {IDM_TOOLBAR_PASTE, always, always, Needs::Pasteable},
     {IDM_TOOLBAR_PASTE_SHORTCUT, always & ~editField, 0, Needs::FilesToPaste},
@@ -87,8 +87,8 @@ bool IsMet(Needs needs, const MenuFacts& facts) {
         return facts.firstIsFile;
     case Needs::Archiver:
         return facts.archiverAvailable;
-    case Needs::Archive:
-        return facts.archiveSelected;
+    case Needs::AnyArchiver:
+        return facts.anyArchiverAvailable;
     case Needs::Pasteable:
         return facts.focus == Focus::Text ? facts.textToPaste : facts.filesToPaste;
     case Needs::FilesToPaste:

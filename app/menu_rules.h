@@ -10,14 +10,14 @@ enum class Focus { List, Tree, Text, Elsewhere };
 /// What the decisions on enabling look at.
 struct MenuFacts {
     Focus focus = Focus::Elsewhere;
-    int selectedCount = 0;          // entries of the list, the up-level entry not counted
-    bool anySelected = false;       // the up-level entry counts
-    bool firstIsFile = false;       // the first selected entry is a file
-    bool searchFolder = false;      // the list shows search results
-    bool archiverAvailable = false; // one for the archive type of the options
-    bool archiveSelected = false;   // the archivers can extract the selection
-    bool filesToPaste = false;      // on the program's own clipboard
-    bool textToPaste = false;       // on the system's clipboard
+    int selectedCount = 0;             // entries of the list, the up-level entry not counted
+    bool anySelected = false;          // the up-level entry counts
+    bool firstIsFile = false;          // the first selected entry is a file
+    bool searchFolder = false;         // the list shows search results
+    bool archiverAvailable = false;    // one for the archive type of the options
+    bool anyArchiverAvailable = false; // one for some type
+    bool filesToPaste = false;         // on the program's own clipboard
+    bool textToPaste = false;          // on the system's clipboard
 };
 
 /// What stands behind the check marks.

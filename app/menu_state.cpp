@@ -56,12 +56,14 @@ Focus FindFocus() {
     return Focus::Elsewhere;
 }
 
-/// Nothing is known of archivers here: both facts about them keep saying no.
 MenuFacts GatherMenuFacts() {
     const FileList& list = appState.fileList;
     MenuFacts facts;
     facts.focus = FindFocus();
     facts.searchFolder = list.CurrentFolder().IsSearchFolder();
+    facts.archiverAvailable =
+        appState.archivers.IsArchiverAvailable(static_cast<ArchiveType>(list.options.archiveType));
+    facts.anyArchiverAvailable = appState.archivers.AnyArchiverAvailable();
     facts.filesToPaste = filesToPaste;
     facts.textToPaste = IsClipboardFormatAvailable(CF_UNICODETEXT) != FALSE;
     if (facts.focus == Focus::List) {

@@ -5,6 +5,7 @@
 #include "app/app_state.h"
 #include "app/main_window.h"
 #include "app/text_format.h"
+#include "fileops/archiver.h"
 #include "resources/resource.h"
 
 namespace {
@@ -77,6 +78,7 @@ int ProgramMain(HINSTANCE instance, wchar_t* commandLine) {
         return 0;
     }
     LoadDecimalSeparator();
+    appState.archivers = FindArchivers();
     appState.changeWatcher.StartWatcher();
     appState.instance = instance;
     CreateMainWindow();

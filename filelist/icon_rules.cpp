@@ -12,8 +12,11 @@ int FolderImage(std::wstring_view name, DWORD attributes, const SpecialFolderNam
     return attributes & FILE_ATTRIBUTE_STORAGE_CARD ? imageCard : imageFolder;
 }
 
-bool IsArchiveExtension(std::wstring_view extension) {
-    return EqualNoCase(extension, L".ZIP") || EqualNoCase(extension, L".LZH");
+/// Archives look alike when that is asked for, and so do those that open in this program.
+bool HasArchiveImage(std::wstring_view name, const IconOptions& options,
+                     const ArchiverAvailability& openedHere) {
+    const ArchiveType type = ArchiveTypeOf(name);
+    return options.ownArchiveIcons ? type != ArchiveType::None : openedHere.IsArchiverAvailable(type);
 }
 
 IconChoice Fixed(int image) {
@@ -29,7 +32,8 @@ bool IsShortcutName(std::wstring_view name) {
 }
 
 IconChoice ChooseIcon(std::wstring_view name, std::wstring_view folder, DWORD attributes,
-                      const IconOptions& options, const SpecialFolderNames& special) {
+                      const IconOptions& options, const SpecialFolderNames& special,
+                      const ArchiverAvailability& openedHere) {
     if (attributes == 0)
         return Fixed(imageFolder);
     if (attributes & FILE_ATTRIBUTE_DIRECTORY)
@@ -39,9 +43,9 @@ IconChoice ChooseIcon(std::wstring_view name, std::wstring_view folder, DWORD at
     if (options.genericIcons)
         return Fixed(imageFile);
 
-    const std::wstring_view extension = ExtensionOf(name);
-    if (options.ownArchiveIcons && IsArchiveExtension(extension))
+    if (HasArchiveImage(name, options, openedHere))
         return Fixed(imageArchive);
+    const std::wstring_view extension = ExtensionOf(name);
     const bool ownIcon = EqualNoCase(extension, L".EXE") || IsShortcutName(name);
     IconChoice choice;
     const bool fits = ownIcon             ? choice.key.AssignChild(folder, name)

@@ -5,6 +5,7 @@
 
 #include "app/path.h"
 #include "app/settings.h"
+#include "fileops/archive_types.h"
 #include "platform/ce_api.h"
 
 /// Fixed images of both icon sets, in image-list order.
@@ -36,8 +37,10 @@ struct IconChoice {
     Path key;
 };
 
+/// `openedHere` are the types of archives that open in this program.
 IconChoice ChooseIcon(std::wstring_view name, std::wstring_view folder, DWORD attributes,
-                      const IconOptions& options, const SpecialFolderNames& special);
+                      const IconOptions& options, const SpecialFolderNames& special,
+                      const ArchiverAvailability& openedHere);
 
 /// Whether the name is a shortcut's.
 bool IsShortcutName(std::wstring_view name);

@@ -41,6 +41,10 @@ SpecialFolderNames SpecialFolders() {
     return {settings.myDocumentsLeaf, settings.startMenuLeaf, L"Network"};
 }
 
+ArchiverAvailability ArchivesOpenedHere() {
+    return appState.fileList.options.openArchivesHere ? appState.archivers : ArchiverAvailability{};
+}
+
 bool LeadsToServer(const Path& shortcut) {
     wchar_t target[pathCapacity] = {};
     return ce::SHGetShortcutTarget(shortcut.Text(), target, static_cast<int>(pathCapacity)) &&
@@ -76,8 +80,8 @@ void IconSet::Build(bool large) {
 }
 
 int IconSet::IndexFor(std::wstring_view name, std::wstring_view folder, DWORD attributes) {
-    const IconChoice choice =
-        ChooseIcon(name, folder, attributes, appState.fileList.iconOptions, SpecialFolders());
+    const IconChoice choice = ChooseIcon(name, folder, attributes, appState.fileList.iconOptions,
+                                         SpecialFolders(), ArchivesOpenedHere());
     if (choice.image >= 0)
         return choice.image;
     // A shortcut's key is its path.

@@ -1,8 +1,10 @@
 #include "filelist/open_item.h"
 
 #include "app/app_state.h"
+#include "app/file_facts.h"
 #include "app/wait_cursor.h"
 #include "filelist/shortcut_target.h"
+#include "fileops/archives.h"
 
 namespace {
 
@@ -22,10 +24,14 @@ bool ReadShortcut(const Path& path, Launch& launch) {
     return launch.program.Assign(target.program) && launch.parameters.Assign(target.parameters);
 }
 
-bool IsExistingFolder(const Path& path) {
+bool LeadsToFolder(const Launch& launch) {
     const WaitCursor wait;
-    const DWORD attributes = ce::GetFileAttributesW(path.Text());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
+    return IsExistingFolder(launch.program.Text());
+}
+
+bool IsArchiveOpenedHere(const FileList& list, const Path& path) {
+    return list.options.openArchivesHere &&
+           appState.archivers.IsArchiverAvailable(ArchiveTypeOf(path.View()));
 }
 
 } // namespace
@@ -34,8 +40,10 @@ void OpenItem(FileList& list, const Path& path) {
     Launch launch;
     if (!ReadShortcut(path, launch))
         launch.program = path;
-    else if (IsExistingFolder(launch.program))
+    else if (LeadsToFolder(launch))
         return list.GoToFolder(launch.program.View(), treeRescan);
+    if (IsArchiveOpenedHere(list, path))
+        return ExtractSelection();
 
     SHELLEXECUTEINFOW request{};
     request.cbSize = sizeof(request);

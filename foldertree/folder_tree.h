@@ -62,7 +62,8 @@ class FolderTree : public TreeView {
     // --- tree_commands.cpp ---
 
     /// Runs a command of the list for the selected folder, which the list has meanwhile as its only entry,
-    /// and shows in the list what is in that folder then, or in the nearest one above it that is left.
+    /// and shows in the list what is in that folder then, or in the nearest one above it that is left. When
+    /// the command has taken the list elsewhere, it stays there.
     void OperateOnFolder(void (*operation)(int command), int command);
 
     // --- tree_menu.cpp ---

@@ -13,6 +13,8 @@ void FolderTree::OperateOnFolder(void (*operation)(int command), int command) {
     FileList& list = appState.fileList;
     list.ShowSingleEntry(folder.View());
     operation(command);
+    if (list.CurrentFolder().View() != folder.View())
+        return; // to what it made, where the options want that
     const std::size_t length = folder.View().size();
     CutToExisting(folder);
     const bool stays = folder.View().size() == length;

@@ -57,7 +57,7 @@ class ExpectedStates {
         Set({IDM_FILE_OPEN}, true);
         Set(entryCommands, true);
         Set({IDM_SENDTO_ZIP}, facts.archiverAvailable);
-        Set({IDM_FILE_EXTRACT_TO, IDM_FILE_EXTRACT_HERE}, facts.archiveSelected);
+        Set({IDM_FILE_EXTRACT_TO, IDM_FILE_EXTRACT_HERE}, facts.anyArchiverAvailable);
     }
 
     void ForList(const MenuFacts& facts) {
@@ -99,7 +99,7 @@ std::vector<MenuFacts> AllFacts() {
                                .firstIsFile = bit(1),
                                .searchFolder = bit(2),
                                .archiverAvailable = bit(3),
-                               .archiveSelected = bit(4),
+                               .anyArchiverAvailable = bit(4),
                                .filesToPaste = bit(5),
                                .textToPaste = bit(6)});
             }

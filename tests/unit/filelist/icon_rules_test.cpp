@@ -17,8 +17,8 @@ constexpr DWORD romFile = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_INROM;
 constexpr IconOptions allOff{0, 0, 0};
 
 IconChoice Choose(std::wstring_view name, DWORD attributes, const IconOptions& options = allOff,
-                  std::wstring_view in = L"\\Aa") {
-    return ChooseIcon(name, in, attributes, options, special);
+                  std::wstring_view in = L"\\Aa", const ArchiverAvailability& openedHere = {}) {
+    return ChooseIcon(name, in, attributes, options, special, openedHere);
 }
 
 /// The key under which the shell's image is kept; fails when a fixed image was chosen.
@@ -67,6 +67,18 @@ TEST(IconRules, MarkArchivesWhenAskedTo) {
         EXPECT_EQ(Choose(name, file, {0, 0, 1}).image, 7);
     EXPECT_EQ(Choose(L"a.zip.txt", file, {0, 0, 1}).image, -1);
     EXPECT_EQ(KeyOf(L"a.zip"), L".zip");
+}
+
+TEST(IconRules, MarkArchivesThatOpenHere) {
+    const auto image = [](const wchar_t* name, ArchiverAvailability openedHere) {
+        return Choose(name, file, allOff, L"\\Aa", openedHere).image;
+    };
+    EXPECT_EQ(image(L"a.ZIP", {.zipAvailable = true}), 7);
+    EXPECT_EQ(image(L"a.lzh", {.zipAvailable = true}), -1);
+    EXPECT_EQ(image(L"a.Lzh", {.lhaAvailable = true}), 7);
+    EXPECT_EQ(image(L"a.zip", {.lhaAvailable = true}), -1);
+    EXPECT_EQ(image(L"a.txt", {true, true}), -1);
+    EXPECT_EQ(image(L"a.zip", {}), -1);
 }
 
 TEST(IconRules, ShareAnImageByExtension) {

@@ -1,0 +1,124 @@
+// "Extract to..." and "Extract to here"
+
+#include <vector>
+
+#include "app/app_state.h"
+#include "app/file_facts.h"
+#include "fileops/archive_commands.h"
+#include "fileops/archiver.h"
+#include "fileops/archives.h"
+#include "fileops/folder_chooser.h"
+
+namespace {
+
+/// Makes the folder and those above it, as far as they are missing.
+bool MakeFolders(const Path& folder) {
+    Path part;
+    for (std::size_t end = 1; end <= folder.Length(); ++end) {
+        if (end < folder.Length() && folder.View()[end] != L'\\')
+            continue;
+        if (!part.Assign(folder.View().substr(0, end)) ||
+            (!IsExistingFolder(part.Text()) && !CreateDirectoryW(part.Text(), nullptr)))
+            return false;
+    }
+    return true;
+}
+
+bool MakeTarget(const Path& target) {
+    appState.changeWatcher.PauseWatcher();
+    const bool made = IsExistingFolder(target.Text()) || MakeFolders(target);
+    appState.changeWatcher.ResumeWatcher();
+    return made;
+}
+
+void ReportNoTarget() {
+    MessageBoxW(appState.mainWindow, L"'Extraction to folder' is not found.", L"", MB_ICONHAND);
+}
+
+struct Extraction {
+    std::wstring_view base;
+    ArchiveType type = ArchiveType::None;
+    bool open = false;      // the list goes to what came out
+    bool ownFolder = false; // named like the archive
+};
+
+bool ExtractArchive(const SelectionEntry& entry, const Extraction& extraction) {
+    Path archive;
+    Path target;
+    if (!archive.AssignChild(entry.folder.data(), entry.name.data()) ||
+        !AssignExtractTarget(target, extraction.base, entry.name.data(), extraction.ownFolder) ||
+        !MakeTarget(target)) {
+        ReportNoTarget();
+        return false;
+    }
+    if (!RunArchiver(extraction.type, ExtractCommand(archive.View(), target.View()).get()))
+        return false;
+    // The target may be new, and there may be new folders in it.
+    appState.folderTree.SelectPath(ParentOf(target.View()), true, false);
+    appState.folderTree.SelectPath(target.View(), true, false);
+    if (extraction.open)
+        appState.fileList.GoToFolder(target.View(), treeRescan);
+    return true;
+}
+
+/// Asks where to extract to. Whatever the answer, it is the last folder chosen that counts, none being the
+/// root. `shown` becomes the folder that the list shows when something was extracted.
+void AskForTarget(Path& shown) {
+    if (!IsExistingFolder(shown.Text()))
+        shown.Clear(); // search results
+    FolderChoice choice{shown};
+    if (ChooseFolder(L"Extract To", choice)) {
+        shown = choice.folder;
+        appState.lastExtractTarget = choice.folder;
+    }
+    CopyTextTo(appState.fileList.compressFolder, appState.lastExtractTarget.View());
+    if (!choice.changed)
+        return;
+    appState.folderTree.SelectPath(choice.folder.View(), true, false);
+    appState.fileList.GoToFolder(appState.fileList.CurrentFolder().View(), treeSelectOnly);
+}
+
+/// Extracts each entry that is an archive. False when none could be.
+bool ExtractEach(std::span<const SelectionEntry> entries, std::wstring_view commonBase) {
+    const ListOptions& options = appState.fileList.options;
+    bool any = false;
+    for (const SelectionEntry& entry : entries) {
+        const ArchiveType type = ArchiveTypeOf(entry.name.data());
+        if (entry.kind != ItemKind::File || !appState.archivers.IsArchiverAvailable(type) ||
+            !StillExists(entry))
+            continue;
+        const std::wstring_view base = options.extractInPlace ? entry.folder.data() : commonBase;
+        any = ExtractArchive(entry, {base, type, options.alwaysOpenExtractFolder != 0,
+                                     options.automaticFolderCreation != 0}) ||
+              any;
+    }
+    return any;
+}
+
+} // namespace
+
+void ExtractSelection() {
+    FileList& list = appState.fileList;
+    // What is selected now is meant: the list may show something else by the time a folder is chosen.
+    const std::vector<SelectionEntry> entries = list.CollectSelection();
+    Path shown = list.CurrentFolder();
+    if (!list.options.extractInPlace)
+        AskForTarget(shown);
+    const Path base = appState.lastExtractTarget;
+    if (!ExtractEach(entries, base.View()))
+        return;
+    if (list.options.alwaysOpenExtractFolder)
+        shown = list.CurrentFolder(); // where the last archive has taken it
+    list.GoToFolder(shown.View(), treeRescan);
+}
+
+void ExtractHere() {
+    FileList& list = appState.fileList;
+    const std::vector<SelectionEntry> entries = list.CollectSelection();
+    if (entries.empty())
+        return;
+    const SelectionEntry& first = entries.front();
+    const Path folder = list.CurrentFolder();
+    if (ExtractArchive(first, {first.folder.data(), ArchiveType::Zip}))
+        list.GoToFolder(folder.View(), treeRescan);
+}
