@@ -39,6 +39,8 @@ has() {
 # Which of Debian's packages brings a tool.
 declare -rA package_of=(
     [arm-none-eabi-g++]=gcc-arm-none-eabi
+    [chromedriver]=chromium-driver
+    [chromium]=chromium
     [clang-format]=clang-format
     [clang-tidy]=clang-tidy
     [cmake]=cmake
@@ -46,7 +48,6 @@ declare -rA package_of=(
     [import]=imagemagick
     [ninja]=ninja-build
     [shellcheck]=shellcheck
-    [websockify]=websockify
     [wine]='wine wine64'
     [x11vnc]=x11vnc
     [x86_64-w64-mingw32-g++-posix]=g++-mingw-w64-x86-64-posix
@@ -55,8 +56,11 @@ declare -rA package_of=(
     [xdotool]=xdotool
     [xdpyinfo]=x11-utils
     [Xvfb]=xvfb
+    [/usr/bin/python3]=python3
+    [/usr/lib/python3/dist-packages/selenium]=python3-selenium
+    [/usr/lib/python3/dist-packages/websockify]=python3-websockify
     [/usr/share/fonts/truetype/liberation]=fonts-liberation
-    [/usr/share/novnc/vnc.html]=novnc
+    [/usr/share/novnc/core/rfb.js]=novnc
     [/usr/share/wine/fonts]=fonts-wine
     [/usr/src/googletest/CMakeLists.txt]=googletest
 )
@@ -69,6 +73,9 @@ readonly build_tools=(cmake ninja x86_64-w64-mingw32-g++-posix x86_64-w64-mingw3
 readonly wine_tools=(wine /usr/share/wine/fonts /usr/share/fonts/truetype/liberation)
 # shellcheck disable=SC2034
 readonly screen_tools=(Xvfb xauth import)
+# Those that show the screen in a web browser.
+# shellcheck disable=SC2034
+readonly page_tools=(x11vnc /usr/bin/python3 /usr/lib/python3/dist-packages/websockify /usr/share/novnc/core/rfb.js)
 
 # need TOOL...: installs what is missing of the tools, from Debian's packages.
 need() {

@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# A screen of our own: a virtual X display of a phone's size, its way into a web browser, keys and pictures.
+# A screen of our own: a virtual X display of a phone's size, keys and pictures.
 # Uses $work, a private temporary folder, $services, the processes to end, and $prefix, the device's.
 
 services=()
@@ -9,6 +9,15 @@ services=()
 serve() {
     setsid "$@" 9>&- &
     services+=($!)
+}
+
+# stop_service GROUP: ends one of them.
+stop_service() {
+    local group others=()
+    for group in "${services[@]}"; do [[ $group == "$1" ]] || others+=("$group"); done
+    services=(${others[@]+"${others[@]}"})
+    kill -- "-$1" 2>/dev/null
+    wait "$1" 2>/dev/null
 }
 
 stop_services() {
@@ -23,7 +32,8 @@ display_opens() {
     [[ -n ${DISPLAY:-} ]] && timeout 5 xdpyinfo >/dev/null 2>&1
 }
 
-# start_screen WxH: an X display that only this user's cookie opens; sets DISPLAY and XAUTHORITY.
+# start_screen WxH: an X display that only this user's cookie opens; sets DISPLAY, XAUTHORITY and
+# display_server.
 start_screen() {
     local cookie number tries
     cookie=$(mcookie)
@@ -33,9 +43,10 @@ start_screen() {
     # The screen's memory is a file: looking whether it changed needs no X call.
     serve Xvfb -displayfd 3 -screen 0 "${1}x24" -nolisten tcp -noreset -auth "$XAUTHORITY" -fbdir "$work" \
         3>"$work/display" >"$work/xvfb.log" 2>&1
+    display_server=${services[-1]}
     for ((tries = 0; tries < 200; tries++)); do
         [[ -s $work/display ]] && break
-        kill -0 "${services[-1]}" 2>/dev/null || break
+        kill -0 "$display_server" 2>/dev/null || break
         sleep 0.05
     done
     number=$(<"$work/display")
@@ -45,46 +56,6 @@ start_screen() {
     }
     export DISPLAY=:$number
     xauth -q -f "$XAUTHORITY" add "$DISPLAY" . "$cookie"
-}
-
-# serve_screen: gives the screen to a web browser on this machine; prints the address.
-serve_screen() {
-    local password port vnc_port tries
-    # Eight characters are all that VNC looks at.
-    password=$(mcookie | cut -c1-8)
-    (umask 077 && printf '%s\n' "$password" >"$work/password")
-
-    serve x11vnc -norc -display "$DISPLAY" -auth "$XAUTHORITY" -passwdfile "rm:$work/password" \
-        -listen 127.0.0.1 -noipv6 -rfbportv6 -1 -autoport 5900 -forever -shared -quiet -wait 20 >"$work/vnc" 2>"$work/vnc.log"
-    for ((tries = 0; tries < 200; tries++)); do
-        vnc_port=$(sed -n 's/^PORT=//p' "$work/vnc")
-        [[ -n $vnc_port ]] && break
-        sleep 0.05
-    done
-    [[ -n $vnc_port ]] || {
-        tail -n 5 "$work/vnc.log" >&2
-        fail "x11vnc did not start" "See the lines above"
-    }
-
-    for ((port = 6080; port < 6180; port++)); do
-        listens "$port" && continue
-        serve websockify --web=/usr/share/novnc "127.0.0.1:$port" "127.0.0.1:$vnc_port" >"$work/web.log" 2>&1
-        for ((tries = 0; tries < 100; tries++)); do
-            kill -0 "${services[-1]}" 2>/dev/null || continue 2
-            listens "$port" && break 2
-            sleep 0.05
-        done
-    done
-    ((port < 6180)) || fail "no free port between 6080 and 6179 on 127.0.0.1" "Close what holds them"
-
-    # The part behind '#' stays in the browser.
-    printf '\nOpen this in a web browser on this machine (it is fresh each time):\n\n    %s\n\n' \
-        "http://127.0.0.1:$port/vnc.html?autoconnect=1&resize=scale#password=$password"
-}
-
-# listens PORT: whether something answers there on loopback.
-listens() {
-    (exec 3<>"/dev/tcp/127.0.0.1/$1") 2>/dev/null
 }
 
 # settle MS: waits until the screen has not changed for that long and nothing is at work on it, at most thirty

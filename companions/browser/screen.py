@@ -1,0 +1,136 @@
+"""The phone's screen on a page's web socket.
+
+Every page gets an x11vnc of its own, which talks through a pair of connected sockets: there is no port and no
+file by which anybody else could reach the screen.
+"""
+
+import os
+import select
+import socket
+import subprocess
+import threading
+import time
+
+from websockify.websocket import WebSocketWantReadError, WebSocketWantWriteError
+
+# Why a web socket closes, as the page reads it.
+ENDED = 4000
+SWITCHED_OFF = 4001
+
+PATIENCE = 20  # seconds that a page waits for a screen which is being made
+
+
+class Screen:
+    """The screen as it comes and goes; `display_file` names its X display while there is one."""
+
+    def __init__(self, display_file):
+        self._display_file = display_file
+        self._shown = threading.Semaphore(0)  # counts the pages that have been told the end
+        self._pages = 0
+        self._lock = threading.Lock()
+        # Closing the one end wakes all who wait at the other.
+        self._alarm, self._bell = socket.socketpair()
+
+    def show_on(self, page):
+        """Carries the screen to the web socket `page` and its input back, until either closes."""
+        with self._lock:
+            self._pages += 1
+        try:
+            _close(page, self._carry(page))
+        except OSError:
+            pass  # the page has gone
+        finally:
+            self._shown.release()
+
+    def end(self):
+        """Tells every page that the program has ended."""
+        self._bell.close()
+        for _ in range(self._pages):
+            self._shown.acquire(timeout=1)
+
+    def _carry(self, page):
+        """Returns the reason to close the web socket with; None when the page has closed it."""
+        display = self._await_display()
+        if not display:
+            return ENDED if self._is_over() else SWITCHED_OFF
+        phone, viewer = socket.socketpair()
+        with viewer:
+            process = _x11vnc(display, viewer)
+        with process, phone:  # the process ends when its other end closes
+            while True:
+                ready, _, _ = select.select([page, phone, self._alarm], [], [])
+                if self._alarm in ready:
+                    return ENDED
+                if page in ready and not _pass_input(page, phone):
+                    return None
+                if phone in ready and not _pass_picture(phone, page):
+                    return ENDED if self._is_over() else SWITCHED_OFF
+
+    def _await_display(self):
+        until = time.monotonic() + PATIENCE
+        while time.monotonic() < until and not self._is_over():
+            try:
+                number = self._display_file.read_text("ascii").strip()
+            except FileNotFoundError:
+                number = ""
+            if number.isdigit():
+                return f":{number}"
+            time.sleep(0.05)
+        return None
+
+    def _is_over(self):
+        return bool(select.select([self._alarm], [], [], 0)[0])
+
+
+def _x11vnc(display, end):
+    """An x11vnc that serves the one connection and ends with it."""
+    return subprocess.Popen(
+        f"x11vnc -inetd -norc -quiet -o {os.devnull} -nopw -nosel -wait 20 -display {display}".split(),
+        stdin=end,
+        stdout=end,
+        stderr=subprocess.DEVNULL,
+    )
+
+
+def _pass_input(page, phone):
+    """Hands on what has arrived from the page. False when it has closed."""
+    while True:
+        try:
+            message = page.recvmsg()
+        except WebSocketWantReadError:
+            return True
+        except WebSocketWantWriteError:
+            return False
+        if message is None:
+            return False
+        try:
+            phone.sendall(message)
+        except BrokenPipeError:
+            return True  # reading from it tells the end
+        if not page.pending():
+            return True
+
+
+def _pass_picture(phone, page):
+    """Hands on what has arrived from the screen. False when it has gone."""
+    try:
+        data = phone.recv(65536)
+    except ConnectionResetError:
+        data = b""
+    if data:
+        _finish(page, lambda: page.sendmsg(data))
+    return bool(data)
+
+
+def _close(page, reason):
+    if reason:
+        _finish(page, lambda: page.close(reason))
+
+
+def _finish(page, send):
+    """Calls `send` until all of it is on its way."""
+    while True:
+        try:
+            return send()
+        except WebSocketWantWriteError:
+            select.select([], [page], [], PATIENCE)
