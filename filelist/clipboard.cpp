@@ -72,7 +72,7 @@ void FileList::Paste(bool relist) {
 void FileList::FollowMovedResults(const Path& destination) {
     for (const SelectionEntry& entry : clipboard.entries) {
         if (SearchResult* result = searchResults.Find(entry.folder.data(), entry.name.data()))
-            result->folder = CopyText(destination.View());
+            searchResults.SetFolder(*result, destination.View());
     }
 }
 

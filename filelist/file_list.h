@@ -17,6 +17,7 @@
 #include "filelist/label_edit.h"
 #include "filelist/search_results.h"
 #include "filelist/tap_and_hold.h"
+#include "filelist/text_pool.h"
 #include "foldertree/favorites_menu.h"
 #include "launch/preferred_programs.h"
 #include "platform/handles.h"
@@ -200,7 +201,7 @@ class FileList {
     /// What the view's rows point to.
     struct Records {
         std::vector<std::unique_ptr<FileItem>> items;
-        std::vector<OwnedText> folders; // what the items' folder fields point into
+        TextPool folders; // what the items' folder fields point into
     };
 
     // --- listing.cpp ---
@@ -213,7 +214,6 @@ class FileList {
     void ClearList();
     void AddUpLevel();
     FileItem* AddEntry(const wchar_t* folder, const WIN32_FIND_DATAW& found);
-    const wchar_t* KeepFolderText(std::wstring_view folder);
     void FillView(const FileItem* selected);
     void SelectEntry(int index);
     void EndListing(const Path& folder);

@@ -35,7 +35,7 @@ bool IsFolder(const WIN32_FIND_DATAW& found) {
 
 WIN32_FIND_DATAW FoundAgain(const SearchResult& result) {
     WIN32_FIND_DATAW found{};
-    CopyTextTo(found.cFileName, result.name.get());
+    CopyTextTo(found.cFileName, result.name);
     found.dwFileAttributes = result.attributes;
     found.ftCreationTime = result.time;
     found.ftLastWriteTime = result.time;
@@ -45,7 +45,7 @@ WIN32_FIND_DATAW FoundAgain(const SearchResult& result) {
 
 bool StillExists(const SearchResult& result) {
     Path path;
-    return path.AssignChild(result.folder.get(), result.name.get()) &&
+    return path.AssignChild(result.folder, result.name) &&
            ce::GetFileAttributesW(path.Text()) != INVALID_FILE_ATTRIBUTES;
 }
 
@@ -79,7 +79,7 @@ void FileList::ListFolder(const Path& path, int treeFlag) {
         history_.Record(path.View());
         if (!path.IsEmpty() && options.showUpLevel)
             AddUpLevel();
-        const wchar_t* folder = KeepFolderText(path.View());
+        const wchar_t* folder = records_.folders.KeepOnce(path.View());
         const std::wstring_view name = NameToReselect(path.View(), previousFolder_.View());
         ForEachFound(path.View(), [&](const WIN32_FIND_DATAW& entry) {
             if (hideFolders && IsFolder(entry))
@@ -107,7 +107,7 @@ void FileList::ListSearchResults() {
         SearchResult* result = searchResults.First();
         while (result) {
             if (StillExists(*result)) {
-                AddEntry(KeepFolderText(result->folder.get()), FoundAgain(*result));
+                AddEntry(records_.folders.KeepOnce(result->folder), FoundAgain(*result));
                 result = result->next.get();
             } else {
                 result = searchResults.Remove(result);
@@ -131,7 +131,7 @@ void FileList::ShowSingleEntry(std::wstring_view path) {
     WIN32_FIND_DATAW found{};
     const FindHandle find(ce::FindFirstFileW(entryPath.Text(), &found));
     if (find)
-        AddEntry(KeepFolderText(ParentOf(entryPath.View())), found);
+        AddEntry(records_.folders.KeepOnce(ParentOf(entryPath.View())), found);
     FillView(nullptr);
     currentFolder_ = entryPath;
     LVITEMW all{};
@@ -211,13 +211,6 @@ FileItem* FileList::AddEntry(const wchar_t* folder, const WIN32_FIND_DATAW& foun
     records_.items.push_back(std::make_unique<FileItem>(MakeFileItem(folder, found)));
     totalBytes_ += records_.items.back()->size;
     return records_.items.back().get();
-}
-
-const wchar_t* FileList::KeepFolderText(std::wstring_view folder) {
-    // Search results come folder by folder: one text serves a run of them.
-    if (records_.folders.empty() || folder != records_.folders.back().get())
-        records_.folders.push_back(CopyText(folder));
-    return records_.folders.back().get();
 }
 
 void FileList::FillView(const FileItem* selected) {

@@ -92,7 +92,7 @@ bool FileList::RenameEntry(FileItem& item, std::wstring_view label) {
 
     if (currentFolder_.IsSearchFolder()) {
         if (SearchResult* result = searchResults.Find(item.folder, item.name.get()))
-            result->name = CopyText(name.View());
+            searchResults.SetName(*result, name.View());
     }
     TakeName(item, name.View());
     appState.folderTree.SelectPath(currentFolder_.View(), true, true);

@@ -3,8 +3,8 @@
 SearchResult* SearchResults::Add(std::wstring_view folder, std::wstring_view name, DWORD attributes,
                                  FILETIME time, std::uint32_t size) {
     auto result = std::make_unique<SearchResult>();
-    result->folder = CopyText(folder);
-    result->name = CopyText(name);
+    result->folder = folders_.KeepOnce(folder);
+    result->name = names_.Keep(name);
     result->attributes = attributes;
     result->time = time;
     result->size = size;
@@ -26,7 +26,7 @@ SearchResult* SearchResults::Remove(SearchResult* result) {
 
 SearchResult* SearchResults::Find(std::wstring_view folder, std::wstring_view name) const {
     for (SearchResult* result = First(); result; result = result->next.get()) {
-        if (folder == result->folder.get() && name == result->name.get())
+        if (folder == result->folder && name == result->name)
             return result;
     }
     return nullptr;
@@ -36,4 +36,6 @@ void SearchResults::Clear() {
     // One at a time: letting the chain free itself would go as deep as it is long.
     while (head_)
         head_ = std::move(head_->next);
+    folders_.Clear();
+    names_.Clear();
 }

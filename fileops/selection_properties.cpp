@@ -33,7 +33,7 @@ void UpdateSearchResult(const SelectionEntry& entry, const PropertiesOutcome& ou
     Path path;
     if (!result || !path.AssignChild(entry.folder.data(), outcome.name.data()))
         return;
-    result->name = CopyText(outcome.name.data());
+    appState.fileList.searchResults.SetName(*result, outcome.name.data());
     result->attributes = ce::GetFileAttributesW(path.Text());
 }
 

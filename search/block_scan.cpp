@@ -1,6 +1,7 @@
 #include "search/block_scan.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 
 #include "platform/ce_api.h"
@@ -26,33 +27,44 @@ std::unique_ptr<unsigned char[]> ToBytes(std::wstring_view text, std::size_t& le
     return bytes;
 }
 
-/// A byte of the text, and how far behind the text's first it stands. The two cases of a letter differ in one
-/// bit: with that bit set, either is the lower one.
+/// A byte of the text, and how far behind the text's first it stands. With the bits set in which its two
+/// cases differ, either case is `folded`.
 struct Probe {
-    unsigned char lower;
-    unsigned char caseBit;
+    unsigned char folded;
+    unsigned char caseBits;
     std::size_t distance;
 };
 
-/// Whether all probes fit any of the stride's places. Without branches, so that the compiler can take many
-/// places at a time: each place's differences make a number, which is 0 where all fit.
-bool StrideHolds(const unsigned char* stride, Probe first, Probe second, Probe third) {
-    const unsigned char* firsts = stride + first.distance;
-    const unsigned char* seconds = stride + second.distance;
-    const unsigned char* thirds = stride + third.distance;
+using Probes = std::array<Probe, 3>;
+
+/// Whether the first `count` probes fit any of the stride's places. Without branches, so that the compiler
+/// can take many places at a time: each place's differences make a number, which is 0 where all fit.
+template <bool anyCase, std::size_t count>
+bool StrideHolds(const unsigned char* stride, const Probes& probes) {
     unsigned char least = 0xFF;
     for (std::size_t i = 0; i < strideSize; ++i) {
-        const unsigned char difference = ((firsts[i] | first.caseBit) ^ first.lower) |
-                                         ((seconds[i] | second.caseBit) ^ second.lower) |
-                                         ((thirds[i] | third.caseBit) ^ third.lower);
+        unsigned char difference = 0;
+        for (std::size_t number = 0; number < count; ++number) {
+            const Probe& probe = probes[number];
+            const unsigned char byte = stride[i + probe.distance];
+            difference |= (anyCase ? byte | probe.caseBits : byte) ^ probe.folded;
+        }
         least = std::min(least, difference);
     }
     return least == 0;
 }
 
+/// Two bytes tell most strides from the text, three nearly all; one is all that a text of a letter has.
+template <bool anyCase>
+bool StrideMayHold(const unsigned char* stride, const Probes& probes) {
+    if (probes[1].distance == 0)
+        return StrideHolds<anyCase, 1>(stride, probes);
+    return StrideHolds<anyCase, 2>(stride, probes) && StrideHolds<anyCase, 3>(stride, probes);
+}
+
 } // namespace
 
-BlockScan::BlockScan(std::wstring_view text, bool caseSensitive) {
+BlockScan::BlockScan(std::wstring_view text, bool caseSensitive) : caseSensitive_(caseSensitive) {
     upper_ = ToBytes(text, length_);
     if (length_ == 0)
         return;
@@ -77,20 +89,20 @@ bool BlockScan::Holds(std::span<const unsigned char> bytes) const {
 }
 
 bool BlockScan::BlockHolds(std::span<const unsigned char> block) const {
-    // Three bytes tell nearly all places apart from the text; a shorter text is asked for its last one again.
+    // A text of fewer than three bytes is asked for its last one again.
     const auto probe = [&](std::size_t place) {
         place = std::min(place, length_ - 1);
-        const auto caseBit = static_cast<unsigned char>(upper_[place] ^ lower_[place]);
-        return Probe{lower_[place], caseBit, place};
+        const auto caseBits = static_cast<unsigned char>(upper_[place] ^ lower_[place]);
+        return Probe{static_cast<unsigned char>(lower_[place] | caseBits), caseBits, place};
     };
-    const Probe probes[] = {probe(0), probe(1), probe(2)};
+    const Probes probes = {probe(0), probe(1), probe(2)};
+    const auto mayHold = caseSensitive_ ? StrideMayHold<false> : StrideMayHold<true>;
     const std::size_t reach = strideSize + probes[2].distance;
     std::size_t place = 0;
     while (place + probes[2].distance < block.size() && block.size() >= reach) {
         // The last stride begins where it just fits, over places that have been looked at.
         const std::size_t begin = std::min(place, block.size() - reach);
-        if (StrideHolds(block.data() + begin, probes[0], probes[1], probes[2]) &&
-            MatchesWithin(block.subspan(begin), strideSize))
+        if (mayHold(block.data() + begin, probes) && MatchesWithin(block.subspan(begin), strideSize))
             return true;
         place = begin + strideSize;
     }

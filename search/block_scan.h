@@ -28,6 +28,7 @@ class BlockScan {
         return byte == upper_[place] || byte == lower_[place];
     }
 
+    bool caseSensitive_;
     // The text in both its cases; the same twice when the case matters.
     std::unique_ptr<unsigned char[]> upper_;
     std::unique_ptr<unsigned char[]> lower_;

@@ -15,7 +15,7 @@ Texts Names(const SearchResults& results) {
     for (const SearchResult* result = results.First(); result; result = result->next.get()) {
         EXPECT_EQ(result->previous, previous);
         previous = result;
-        names.emplace_back(result->name.get());
+        names.emplace_back(result->name);
     }
     return names;
 }
@@ -29,8 +29,8 @@ TEST(SearchResults, KeepWhatTheyAreGiven) {
     SearchResults results;
     EXPECT_EQ(results.First(), nullptr);
     const SearchResult* result = results.Add(L"\\Aa", L"b.txt", 0x21, {3, 4}, 5);
-    EXPECT_STREQ(result->folder.get(), L"\\Aa");
-    EXPECT_STREQ(result->name.get(), L"b.txt");
+    EXPECT_STREQ(result->folder, L"\\Aa");
+    EXPECT_STREQ(result->name, L"b.txt");
     EXPECT_EQ(result->attributes, 0x21u);
     EXPECT_EQ(result->time.dwLowDateTime, 3u);
     EXPECT_EQ(result->time.dwHighDateTime, 4u);
@@ -71,10 +71,19 @@ TEST(SearchResults, AreRemovedToTheLast) {
 TEST(SearchResults, AreFoundByExactlyTheirFolderAndName) {
     SearchResults results;
     Fill(results, {L"0", L"1"});
-    EXPECT_STREQ(results.Find(L"\\Aa", L"1")->name.get(), L"1");
+    EXPECT_STREQ(results.Find(L"\\Aa", L"1")->name, L"1");
     EXPECT_EQ(results.Find(L"\\aa", L"1"), nullptr);
     EXPECT_EQ(results.Find(L"\\Aa", L"2"), nullptr);
     EXPECT_EQ(results.Find(L"", L"1"), nullptr);
+}
+
+TEST(SearchResults, MoveToAnotherFolderOneByOne) {
+    SearchResults results;
+    Fill(results, {L"0", L"1"});
+    results.SetFolder(*results.Find(L"\\Aa", L"1"), L"\\Bb");
+    EXPECT_STREQ(results.Find(L"\\Aa", L"0")->folder, L"\\Aa");
+    EXPECT_STREQ(results.Find(L"\\Bb", L"1")->folder, L"\\Bb");
+    EXPECT_EQ(results.Find(L"\\Aa", L"1"), nullptr);
 }
 
 TEST(SearchResults, AreClearedInAnyNumber) {

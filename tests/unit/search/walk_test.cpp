@@ -45,7 +45,7 @@ class SearchWalk : public testing::Test {
         }
         Names names;
         for (const SearchResult* result = results.First(); result; result = result->next.get()) {
-            const std::wstring path = std::wstring(result->folder.get()) + L"\\" + result->name.get();
+            const std::wstring path = std::wstring(result->folder) + L"\\" + result->name;
             names.insert(path.substr(std::min(path.size(), home.wstring().size() + 1)));
         }
         return names;
@@ -91,8 +91,8 @@ TEST_F(SearchWalk, ResultsCarryWhatTheListShows) {
     AskForName(L"five");
     ASSERT_EQ(Found().size(), 1u);
     const SearchResult& file = *results.First();
-    EXPECT_EQ(file.folder.get(), home.wstring() + L"\\sub");
-    EXPECT_STREQ(file.name.get(), L"five.bin");
+    EXPECT_EQ(file.folder, home.wstring() + L"\\sub");
+    EXPECT_STREQ(file.name, L"five.bin");
     EXPECT_EQ(file.size, 5u);
     EXPECT_EQ(file.attributes & FILE_ATTRIBUTE_DIRECTORY, 0u);
     WIN32_FILE_ATTRIBUTE_DATA data{};
@@ -114,8 +114,8 @@ TEST_F(SearchWalk, TheRootsEntriesHaveAnEmptyFolder) {
     AskForName(L"Windows");
     Found();
     ASSERT_TRUE(results.First());
-    EXPECT_STREQ(results.First()->folder.get(), L"");
-    EXPECT_STREQ(results.First()->name.get(), L"Windows");
+    EXPECT_STREQ(results.First()->folder, L"");
+    EXPECT_STREQ(results.First()->name, L"Windows");
 }
 
 TEST_F(SearchWalk, FindsTextsInsideFiles) {
