@@ -78,6 +78,12 @@ void RemoveFrame(HWND dialog);
 /// Makes a window that is just being made, if it is a message box, look and answer as on the phone.
 void FitMessageBox(HWND window, const CREATESTRUCTW& made);
 
+// --- file_dialog_layout.cpp ---
+
+/// Makes one of the host's file dialogs look and answer as on the phone: it fills the work area, and its
+/// buttons are soft keys.
+void FitFileDialog(HWND dialog);
+
 // --- menus.cpp ---
 
 /// Keeps a popup no higher than the work area; what does not fit is scrolled.

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/desktop/device_shell.h"
 #include "platform/desktop/rooted_path.h"
 
 namespace {
@@ -21,6 +22,13 @@ std::vector<wchar_t> DialogPath(const wchar_t* path) {
     return copy;
 }
 
+/// The dialog tells this child of it when it has made its controls.
+UINT_PTR CALLBACK FileDialogHook(HWND child, UINT message, WPARAM, LPARAM lParam) {
+    if (message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lParam)->code == CDN_INITDONE)
+        FitFileDialog(GetParent(child));
+    return 0;
+}
+
 /// Runs one of the host's file dialogs for a program that knows one root and no current folder.
 BOOL RunFileDialog(OPENFILENAMEW& request, BOOL (*dialog)(OPENFILENAMEW*)) {
     std::vector<wchar_t> file = DialogPath(request.lpstrFile);
@@ -29,7 +37,9 @@ BOOL RunFileDialog(OPENFILENAMEW& request, BOOL (*dialog)(OPENFILENAMEW*)) {
 
     OPENFILENAMEW host = request;
     host.lStructSize = sizeof(host);
-    host.Flags |= OFN_NOCHANGEDIR;
+    host.Flags |= OFN_NOCHANGEDIR | OFN_EXPLORER | OFN_ENABLEHOOK;
+    host.FlagsEx = OFN_EX_NOPLACESBAR;
+    host.lpfnHook = FileDialogHook;
     host.lpstrFile = file.data();
     host.nMaxFile = static_cast<DWORD>(file.size());
     host.lpstrInitialDir = request.lpstrInitialDir != nullptr ? folder.data() : nullptr;

@@ -86,3 +86,12 @@ std::optional<MenuBarLayout> ReadMenuBarLayout(const SHMENUBARINFO& info) {
         return ReadMenu(info.hInstRes, info.nToolBarId);
     return ReadResource(info.hInstRes, info.nToolBarId);
 }
+
+MenuBarKey KeyForButton(HWND button) {
+    MenuBarKey key;
+    key.command = static_cast<UINT>(GetDlgCtrlID(button));
+    key.state = TBSTATE_ENABLED;
+    GetWindowTextW(button, key.text.data(), static_cast<int>(key.text.size()));
+    static_cast<void>(std::remove(key.text.begin(), key.text.end(), L'&')); // the terminator moves along
+    return key;
+}

@@ -24,3 +24,6 @@ struct MenuBarLayout {
 /// Reads the bar that `info` asks for: from the platform's own resource layout, from a plain menu
 /// (SHCMBF_HMENU) or an empty one (SHCMBF_EMPTYBAR). Nothing when the resource is missing or malformed.
 std::optional<MenuBarLayout> ReadMenuBarLayout(const SHMENUBARINFO& info);
+
+/// A key that does what a dialog's button does.
+MenuBarKey KeyForButton(HWND button);

@@ -50,21 +50,11 @@ std::vector<HWND> ButtonsOf(HWND box) {
     return buttons;
 }
 
-/// A key that does what `button` does.
-MenuBarKey KeyFor(HWND button) {
-    MenuBarKey key;
-    key.command = static_cast<UINT>(GetDlgCtrlID(button));
-    key.state = TBSTATE_ENABLED;
-    GetWindowTextW(button, key.text.data(), static_cast<int>(key.text.size()));
-    static_cast<void>(std::remove(key.text.begin(), key.text.end(), L'&')); // the terminator moves along
-    return key;
-}
-
 /// What does not find a key of its own stands in the menu of the right one.
-MenuBarKey MenuKeyFor(std::span<const HWND> buttons, MenuHandle* menu) {
+MenuBarKey MenuKeyForButton(std::span<const HWND> buttons, MenuHandle* menu) {
     menu->Reset(CreatePopupMenu());
     for (HWND button : buttons) {
-        MenuBarKey entry = KeyFor(button);
+        MenuBarKey entry = KeyForButton(button);
         AppendMenuW(menu->Get(), MF_STRING, entry.command, entry.text.data());
     }
     MenuBarKey key;
@@ -80,9 +70,9 @@ void AddSoftKeys(HWND box) {
     MenuBarLayout layout;
     layout.keyCount = static_cast<int>(std::min(buttons.size(), layout.keys.size()));
     for (int i = 0; i < layout.keyCount; ++i)
-        layout.keys[i] = KeyFor(buttons[i]);
+        layout.keys[i] = KeyForButton(buttons[i]);
     if (buttons.size() > layout.keys.size())
-        layout.keys[1] = MenuKeyFor(std::span(buttons).subspan(1), &layout.menu);
+        layout.keys[1] = MenuKeyForButton(std::span(buttons).subspan(1), &layout.menu);
     MakeMenuBar(box, std::move(layout), false);
 }
 
@@ -153,6 +143,9 @@ void LayOut(HWND box) {
     // A path without blanks is broken as well.
     SetWindowLongW(text, GWL_STYLE, GetWindowLongW(text, GWL_STYLE) | SS_EDITCONTROL);
     SIZE textSize = TextSize(text, area.right - area.left - 2 * EDGE - MARGIN - textLeft);
+    int buttonHeight = buttons.empty() ? 0 : SizeOf(buttons[0]).cy;
+    // The end of a very long text gives way to the buttons.
+    textSize.cy = std::min<int>(textSize.cy, area.bottom - area.top - EDGE - 3 * MARGIN - buttonHeight);
     int rowWidth = RowWidth(buttons);
     int width = std::max<int>(textLeft + textSize.cx + MARGIN, rowWidth + 2 * MARGIN);
     int rowTop = MARGIN + std::max(iconSize.cy, textSize.cy) + MARGIN;
@@ -161,7 +154,7 @@ void LayOut(HWND box) {
         Place(icon, MARGIN, MARGIN, iconSize);
     Place(text, textLeft, MARGIN + std::max<int>((iconSize.cy - textSize.cy) / 2, 0), textSize);
     PlaceRow(buttons, (width - rowWidth) / 2, rowTop);
-    FrameAndCenter(box, width, rowTop + (buttons.empty() ? 0 : SizeOf(buttons[0]).cy) + MARGIN);
+    FrameAndCenter(box, width, rowTop + buttonHeight + MARGIN);
 }
 
 LRESULT CALLBACK MessageBoxProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,

@@ -1,0 +1,111 @@
+// Screens: 240x320 320x240 176x220
+
+// The name of a new archive, asked for by the device's own dialog, and what an archiver has to say.
+
+#include <dlgs.h>
+
+#include "tests/ui/archives_ui.h"
+#include "tests/ui/layout.h"
+
+namespace {
+
+class SaveDialogUi : public ArchivesUi {
+  protected:
+    void SetUp() override {
+        ArchivesUi::SetUp();
+        RemoveLibrary(L"getFiles.dll");
+        device.File(L"\\Docs\\a.txt");
+        device.Folder(L"\\To\\Inner");
+    }
+
+    Dialog Ask() {
+        StartAndSelect(L"\\Docs", {L"a.txt"});
+        return AskAgain();
+    }
+    Dialog AskAgain() {
+        program.PostCommand(IDM_SENDTO_ZIP);
+        Dialog dialog = program.WaitForDialog(L"Compress Filename");
+        WaitFor("for the soft keys", [&] { return dialog.SoftKeys().size() == 2; });
+        return dialog;
+    }
+    void Save(Dialog& dialog, const std::wstring& name) {
+        Control(Field(dialog)).SetText(name);
+        PressLeftSoftKey();
+        dialog.WaitUntilClosed();
+        program.WaitUntilIdle();
+    }
+    static HWND Field(const Dialog& dialog) {
+        HWND list = GetDlgItem(dialog.Window(), cmb13);
+        return list ? list : GetDlgItem(dialog.Window(), edt1);
+    }
+    static std::wstring Command(const std::wstring& archive) {
+        return L"UnZip 2048 a \"" + archive + L"\" \"\\Docs\\\" \"\\Docs\\a.txt\" ";
+    }
+};
+
+TEST_F(SaveDialogUi, FitsTheScreenAndIsAnsweredBySoftKeys) {
+    Dialog dialog = Ask();
+    EXPECT_EQ(dialog.SoftKeys(), (Texts{L"Save", L"Cancel"}));
+    ExpectGoodLayout(dialog);
+    const RECT place = dialog.Place();
+    EXPECT_EQ(place.right - place.left, GetSystemMetrics(SM_CXSCREEN));
+    EXPECT_LT(place.bottom, GetSystemMetrics(SM_CYSCREEN));
+    PressRightSoftKey();
+    dialog.WaitUntilClosed();
+    program.WaitUntilIdle();
+    EXPECT_EQ(archiver->Calls(), Texts{});
+    EXPECT_EQ(program.Folder(), L"\\Docs");
+}
+
+TEST_F(SaveDialogUi, GivesTheNameItsExtensionAndKeepsTheDevicesRoot) {
+    Dialog dialog = Ask();
+    Save(dialog, L"\\To\\Inner\\new");
+    EXPECT_EQ(archiver->Calls(), Texts{Command(L"\\To\\Inner\\new.zip")});
+    EXPECT_FALSE(program.HasMessageBox());
+    // Paths still lead to the device.
+    Show(L"\\To\\Inner");
+    program.WaitForNames({L"..", L"new.zip"});
+}
+
+TEST_F(SaveDialogUi, AnExtensionOfOnesOwnStays) {
+    Dialog dialog = Ask();
+    Save(dialog, L"\\To\\new.bak");
+    EXPECT_EQ(archiver->Calls(), Texts{Command(L"\\To\\new.bak")});
+}
+
+TEST_F(SaveDialogUi, AsksBeforeAFileIsReplaced) {
+    device.File(L"\\To\\old.zip", "old");
+    Dialog dialog = Ask();
+    Control(Field(dialog)).SetText(L"\\To\\old.zip");
+    PressLeftSoftKey();
+    program.WaitForMessageBox().Answer(IDNO);
+    EXPECT_EQ(archiver->Calls(), Texts{});
+    EXPECT_EQ(device.Content(L"\\To\\old.zip"), "old");
+    PressLeftSoftKey();
+    program.WaitForMessageBox().Answer(IDYES);
+    dialog.WaitUntilClosed();
+    program.WaitUntilIdle();
+    EXPECT_EQ(archiver->Calls(), Texts{Command(L"\\To\\old.zip")});
+}
+
+TEST_F(SaveDialogUi, ALibraryWithoutItsDialogGivesWayToThePlatforms) {
+    PutLibraryWithoutFunctions(L"getFiles.dll");
+    Dialog dialog = Ask();
+    Save(dialog, L"here"); // it begins in the current folder then
+    EXPECT_EQ(archiver->Calls(), Texts{Command(L"\\Docs\\here.zip")});
+}
+
+TEST_F(SaveDialogUi, AVeryLongMessageLeavesItsButtonOnTheScreen) {
+    archiver->Answer(1, std::wstring(1024, L'w'));
+    StartAndSelect(L"\\Docs", {L"a.txt"});
+    program.PostCommand(IDM_FILE_EXTRACT_HERE);
+    MessageBoxShown box = program.WaitForMessageBox();
+    const HWND window = MessageBoxesOf(program.ProcessId()).at(0);
+    RECT place{};
+    GetWindowRect(window, &place);
+    EXPECT_GE(place.top, 0);
+    EXPECT_LT(place.bottom, GetSystemMetrics(SM_CYSCREEN));
+    box.Answer(IDOK);
+}
+
+} // namespace
