@@ -3,7 +3,7 @@
 # registry. The folder is drive e: of the prefix; links at its root are storage cards.
 
 readonly image=$house/platform/desktop/image
-readonly program=$house/build/desktop/TarvikFileManager.exe
+readonly program_files=("$house"/build/desktop/{TarvikFileManager.exe,UNZip.dll})
 readonly program_folder='Program Files/Tarvik File Manager'
 data=${XDG_DATA_HOME:-$HOME/.local/share}/tarvik-file-manager
 
@@ -58,12 +58,15 @@ seed_folder() {
     }
 }
 
-# lay_program FOLDER: puts the program where the device has it. A running copy keeps its old file.
+# lay_program FOLDER: puts the program and its archiver where the device has them. A running copy keeps its
+# old files.
 lay_program() {
-    local place=$1/$program_folder
-    cmp -s "$program" "$place/TarvikFileManager.exe" && return
-    mkdir -p "$place" && cp "$program" "$place/.new" && mv -f "$place/.new" "$place/TarvikFileManager.exe" ||
-        fail "cannot copy the program to $place" "Is there room, and may you write there"
+    local place=$1/$program_folder file
+    for file in "${program_files[@]}"; do
+        cmp -s "$file" "$place/$(basename "$file")" && continue
+        mkdir -p "$place" && cp "$file" "$place/.new" && mv -f "$place/.new" "$place/$(basename "$file")" ||
+            fail "cannot copy the program to $place" "Is there room, and may you write there"
+    done
 }
 
 # connect PREFIX FOLDER: makes the folder the prefix's drive e:.

@@ -38,6 +38,8 @@ has() {
 
 # Which of Debian's packages brings a tool.
 declare -rA package_of=(
+    [7z]=p7zip-full
+    [apt-get]=apt
     [arm-none-eabi-g++]=gcc-arm-none-eabi
     [chromedriver]=chromium-driver
     [chromium]=chromium
@@ -45,9 +47,12 @@ declare -rA package_of=(
     [clang-tidy]=clang-tidy
     [cmake]=cmake
     [cppcheck]=cppcheck
+    [dpkg-source]=dpkg-dev
     [import]=imagemagick
+    [lha]=lhasa
     [ninja]=ninja-build
     [shellcheck]=shellcheck
+    [unzip]=unzip
     [wine]='wine wine64'
     [x11vnc]=x11vnc
     [x86_64-w64-mingw32-g++-posix]=g++-mingw-w64-x86-64-posix
@@ -56,6 +61,7 @@ declare -rA package_of=(
     [xdotool]=xdotool
     [xdpyinfo]=x11-utils
     [Xvfb]=xvfb
+    [zip]=zip
     [/usr/bin/python3]=python3
     [/usr/lib/python3/dist-packages/selenium]=python3-selenium
     [/usr/lib/python3/dist-packages/websockify]=python3-websockify
@@ -63,14 +69,18 @@ declare -rA package_of=(
     [/usr/share/novnc/core/rfb.js]=novnc
     [/usr/share/wine/fonts]=fonts-wine
     [/usr/src/googletest/CMakeLists.txt]=googletest
+    [/usr/x86_64-w64-mingw32/include/zlib.h]=libz-mingw-w64-dev
 )
 
 # The tools that build the program, those that run it, and those that make a screen and its picture.
 # shellcheck disable=SC2034  # no script needs all of them
 readonly build_tools=(cmake ninja x86_64-w64-mingw32-g++-posix x86_64-w64-mingw32-windres
-    /usr/src/googletest/CMakeLists.txt)
+    /usr/src/googletest/CMakeLists.txt /usr/x86_64-w64-mingw32/include/zlib.h dpkg-source)
 # shellcheck disable=SC2034
 readonly wine_tools=(wine /usr/share/wine/fonts /usr/share/fonts/truetype/liberation)
+# The tools of others that the tests exchange archives with.
+# shellcheck disable=SC2034
+readonly archive_tools=(7z lha unzip zip /usr/bin/python3)
 # shellcheck disable=SC2034
 readonly screen_tools=(Xvfb xauth import)
 # Those that show the screen in a web browser.
@@ -133,6 +143,7 @@ build() {
 
 # configure PRESET
 configure() {
+    "$house/scripts/fetch_sources" || exit
     log_run "$1" cmake --preset "$1"
 }
 

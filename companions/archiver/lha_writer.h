@@ -1,0 +1,12 @@
+#pragma once
+// Makes LHA archives, with names in UTF-8 and files of up to 4 GB.
+
+#include <memory>
+
+#include "companions/archiver/archive_writer.h"
+
+namespace archiver {
+
+std::unique_ptr<ArchiveWriter> MakeLhaWriter(File& archive);
+
+} // namespace archiver

@@ -1,0 +1,38 @@
+#pragma once
+// Tests that call UNZip.dll as the program does.
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "tests/support/device.h"
+#include "tests/support/host.h"
+
+/// What a call came to.
+struct ArchiverAnswer {
+    int result;
+    std::wstring text;
+};
+
+/// A fresh device, and the library's two entry points.
+class ArchiverTest : public testing::Test {
+  protected:
+    enum Kind { Zip, Lha };
+
+    /// Calls with a command line and a buffer of the size that the program passes.
+    static ArchiverAnswer Call(Kind kind, const std::wstring& commandLine);
+
+    /// Calls for an archive of `files`, "\Folder\*" or "\File", below `base`; the test fails when that does.
+    static void Make(Kind kind, const std::wstring& archive, const std::wstring& base,
+                     const std::vector<std::wstring>& files);
+    /// Calls for an extraction that must go well.
+    static void Extract(Kind kind, const std::wstring& archive, const std::wstring& target);
+    static ArchiverAnswer TryToExtract(Kind kind, const std::wstring& archive, const std::wstring& target);
+
+    Device device;
+};
+
+using ArchiverEntry = int(WINAPI*)(HWND, const wchar_t*, wchar_t*, DWORD);
+
+/// An entry point of the library, by its name.
+ArchiverEntry EntryOfArchiver(const char* name);
