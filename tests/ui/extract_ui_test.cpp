@@ -357,6 +357,28 @@ TEST_F(ExtractUi, OtherwiseAnArchiveGoesToItsProgram) {
     EXPECT_EQ(archiver->Calls(), Texts{});
 }
 
+TEST_F(ExtractUi, AShortcutToAnArchiveStartsItsProgram) {
+    InPlace();
+    device.SetOption(ListOption::OpenArchivesHere, 1);
+    const StandIn viewer(L"\\Windows\\viewer.exe");
+    device.WriteText(L"HKCR\\.zip", L"", L"zipviewer");
+    device.WriteText(L"HKCR\\zipviewer\\Shell\\Open\\Command", L"", L"E:\\Windows\\viewer.exe \"%1\"");
+    device.File(L"\\Docs\\g.lnk", "11#\\Docs\\a.zip");
+    StartAndSelect(L"\\Docs", {L"g.lnk"});
+    program.Command(IDM_FILE_OPEN);
+    EXPECT_TRUE(Eventually([&] { return viewer.Starts().size() == 1; }));
+    EXPECT_EQ(archiver->Calls(), Texts{});
+}
+
+TEST_F(ExtractUi, ATypedArchiveExtractsWhatIsSelected) {
+    InPlace();
+    device.SetOption(ListOption::OpenArchivesHere, 1);
+    StartAndSelect(L"\\Docs", {L"a.zip"});
+    program.AddressBar().SetText(L"\\Docs\\c.Lzh");
+    program.Command(IDM_TOOLBAR_GO_TO);
+    EXPECT_EQ(archiver->Calls(), Texts{L"UnZip 2048 e \"\\Docs\\a.zip\" \"\\Docs\\\""});
+}
+
 TEST_F(ExtractUi, ArchivesThatOpenHereLookAlike) {
     constexpr int archiveImage = 7;
     device.WriteWords(settingsKey, L"FileImageList", {0, 1, 0});
