@@ -69,9 +69,10 @@ lay_program() {
     done
 }
 
-# connect PREFIX FOLDER: makes the folder the prefix's drive e:.
+# connect PREFIX FOLDER: makes the folder the prefix's drive e:, and lays the way to the host's programs.
 connect() {
     ln -sfn "$2" "$1/dosdevices/e:"
+    install -m 755 "$house/platform/desktop/host/open_on_host" "$1/drive_c/windows/open_on_host"
 }
 
 # lay_card FOLDER NAME DIR: a storage card is a link at the root.

@@ -73,7 +73,7 @@ class PageTest(unittest.TestCase):
 
     def edit_name(self):
         self.assertTrue(self.page.changes(lambda: self.page.type(Keys.F2)), "the name can be edited")
-        self.page.type_with_control("a")
+        self.page.type_with(Keys.CONTROL, "a")
 
     def test_4_navigation_pad_moves_and_opens(self):
         self.assertTrue(self.page.changes(self.page.press_home), "Home shows the root")
@@ -102,8 +102,19 @@ class PageTest(unittest.TestCase):
         self.assertTrue(eventually(lambda: self.page.run("return states.at(-1)") == "shown"))
         self.assertIn("switching", self.page.run("return states"))
 
+    def test_8_text_opens_on_the_phone_and_home_comes_back(self):
+        for key in ("ArrowRight", "Enter", "ArrowRight"):  # to the text in the folder
+            self.assertTrue(self.page.changes(lambda: self.page.press(key)), key)
+        self.assertTrue(self.page.changes(lambda: self.page.press("Enter")), "a notepad comes up")
+        self.assertTrue(self.page.changes(self.page.press_home), "the file manager is in front again")
+        self.assertTrue(self.page.changes(lambda: self.page.press("F10")), "and takes its keys")
+        self.assertTrue(self.page.changes(lambda: self.page.press("Escape")))
+
     def test_9_page_tells_the_end(self):
-        self.page.type_with_control("q")
+        # The notepad of the test before is left then, and the phone is on as long as it is.
+        self.assertTrue(self.page.changes(lambda: self.page.type_with(Keys.CONTROL, "q")))
+        self.page.keep_picture()
+        self.page.type_with(Keys.ALT, Keys.F4)
         self.assertTrue(eventually(lambda: self.page.state == "ended"), self.page.state)
         self.assertIn("ended", self.page.notice)
         self.assertEqual(self.device.process.wait(30), 0)

@@ -202,8 +202,8 @@ class Page:
             ActionChains(self.driver).send_keys(key).perform()
             time.sleep(0.05)
 
-    def type_with_control(self, key):
-        ActionChains(self.driver).key_down(Keys.CONTROL).send_keys(key).key_up(Keys.CONTROL).perform()
+    def type_with(self, modifier, key):
+        ActionChains(self.driver).key_down(modifier).send_keys(key).key_up(modifier).perform()
 
     def choose_size(self, size):
         self.driver.find_element("css selector", f'#sizes input[value="{size}"] + span').click()

@@ -92,6 +92,7 @@ trap 'exit 143' INT TERM
 cp -al "$template/prefix" "$phone/prefix"
 cp --remove-destination "$template/prefix"/*.reg "$phone/prefix/"
 ln -sfn "$phone/device" "$phone/prefix/dosdevices/e:"
+install -m 755 "$project/platform/desktop/host/open_on_host" "$phone/prefix/drive_c/windows/"
 cat >>"$phone/prefix/user.reg" <<EOF
 
 [Software\\\\Wine\\\\Explorer] 1
@@ -127,6 +128,8 @@ DISPLAY=:$(tr -d '[:space:]' <"$phone/run/display")
 export DISPLAY
 export WINEPREFIX=$phone/prefix HOME=$phone/home
 export TARVIK_DEVICE=$phone/device TARVIK_DEVICE_SEED=$phone/seed TARVIK_SCREEN=$screen
+# The host's programs have a stand-in.
+export TARVIK_HOST=yes PATH=$here/host:$PATH
 export TARVIK_WORK=$phone/run TARVIK_FAILURES=$build/test-failures
 
 timeout --kill-after=10 "$limit" "${as_plain_user[@]}" wine "$tests" "$@" &
