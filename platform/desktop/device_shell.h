@@ -30,6 +30,9 @@ void FollowWindow(HWND window);
 /// window whose soft keys are in front.
 void PassActivationOn();
 
+/// Whether the window is of this class.
+bool IsOfClass(HWND window, const wchar_t* className);
+
 // --- title_strip.cpp ---
 
 bool IsTitleStrip(HWND window);
@@ -72,6 +75,15 @@ void PassBackKeyOn(HWND window);
 
 /// The title strip shows a dialog's title, so that it needs no frame of its own.
 void RemoveFrame(HWND dialog);
+
+/// Whether the window is a dialog that SHInitDialog made one of the phone's.
+bool IsPhoneDialog(HWND window);
+
+// --- dialog_keys.cpp ---
+
+/// Has a key of the navigation pad, pressed in a dialog, do what it does on the phone: the message may become
+/// another.
+void TakeNavigationKey(MSG* message);
 
 // --- message_boxes.cpp ---
 

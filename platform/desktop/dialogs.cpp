@@ -8,12 +8,15 @@ constexpr LONG FRAME_STYLES =
 constexpr LONG FRAME_EX_STYLES = WS_EX_DLGMODALFRAME | WS_EX_WINDOWEDGE | WS_EX_CLIENTEDGE | WS_EX_STATICEDGE;
 constexpr DWORD SIZE_FLAGS = SHIDIF_SIZEDLG | SHIDIF_SIZEDLGFULLSCREEN | SHIDIF_FULLSCREENNOMENUBAR;
 constexpr UINT_PTR WHITE_DIALOG_ID = 2;
+constexpr wchar_t PHONE_DIALOG[] = L"TarvikPhoneDialog";
 
 /// The phone's dialogs are white. What the dialog has coloured itself stays as it is.
 LRESULT CALLBACK WhiteDialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                                  DWORD_PTR) {
-    if (message == WM_NCDESTROY)
+    if (message == WM_NCDESTROY) {
+        RemovePropW(dialog, PHONE_DIALOG);
         RemoveWindowSubclass(dialog, WhiteDialogProc, WHITE_DIALOG_ID);
+    }
     LRESULT brush = DefSubclassProc(dialog, message, wParam, lParam);
     bool asksColor = message == WM_CTLCOLORDLG || message == WM_CTLCOLORSTATIC || message == WM_CTLCOLORBTN;
     if (!asksColor || brush != reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE)))
@@ -41,6 +44,10 @@ void AddEmptyMenuBar(HWND dialog) {
 
 } // namespace
 
+bool IsPhoneDialog(HWND window) {
+    return GetPropW(window, PHONE_DIALOG) != nullptr;
+}
+
 void RemoveFrame(HWND dialog) {
     SetWindowLongW(dialog, GWL_STYLE, GetWindowLongW(dialog, GWL_STYLE) & ~FRAME_STYLES);
     SetWindowLongW(dialog, GWL_EXSTYLE, GetWindowLongW(dialog, GWL_EXSTYLE) & ~FRAME_EX_STYLES);
@@ -51,6 +58,7 @@ BOOL ce::SHInitDialog(SHINITDLGINFO* info) {
         return FALSE;
     FollowWindow(info->hDlg);
     SetWindowSubclass(info->hDlg, WhiteDialogProc, WHITE_DIALOG_ID, 0);
+    SetPropW(info->hDlg, PHONE_DIALOG, reinterpret_cast<HANDLE>(1));
     if (info->dwFlags & SIZE_FLAGS)
         FillScreen(info->hDlg, !(info->dwFlags & SHIDIF_FULLSCREENNOMENUBAR));
     if (info->dwFlags & SHIDIF_EMPTYMENU)

@@ -5,12 +5,6 @@
 
 namespace {
 
-bool IsOfClass(HWND window, const wchar_t* className) {
-    wchar_t name[32] = {};
-    GetClassNameW(window, name, ARRAYSIZE(name));
-    return lstrcmpiW(name, className) == 0;
-}
-
 void Notify(HWND pane, NMHDR& notification, UINT code) {
     notification.hwndFrom = pane;
     notification.idFrom = static_cast<UINT_PTR>(GetDlgCtrlID(pane));

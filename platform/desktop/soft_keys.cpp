@@ -82,12 +82,14 @@ LRESULT CALLBACK OnMessageFetched(int code, WPARAM removed, LPARAM lParam) {
     if (code == HC_ACTION && removed == PM_REMOVE &&
         (IsKeyDown(message->message) || IsKeyUp(message->message))) {
         int softKey = SoftKeyOf(message->wParam);
-        if ((softKey != NO_SOFT_KEY || message->wParam == VK_TBACK) && !MenuIsOpen()) {
-            if (softKey != NO_SOFT_KEY)
-                TakeSoftKey(message, softKey);
-            else
-                TakeBackKey(message);
-        }
+        if (MenuIsOpen())
+            return CallNextHookEx(nullptr, code, removed, lParam);
+        if (softKey != NO_SOFT_KEY)
+            TakeSoftKey(message, softKey);
+        else if (message->wParam == VK_TBACK)
+            TakeBackKey(message);
+        else if (IsKeyDown(message->message))
+            TakeNavigationKey(message);
     }
     return CallNextHookEx(nullptr, code, removed, lParam);
 }

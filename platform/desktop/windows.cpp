@@ -98,6 +98,12 @@ void StartDeviceShell(HINSTANCE instance) {
     ListenForKeys();
 }
 
+bool IsOfClass(HWND window, const wchar_t* className) {
+    wchar_t name[32] = {};
+    GetClassNameW(window, name, ARRAYSIZE(name));
+    return lstrcmpiW(name, className) == 0;
+}
+
 HINSTANCE ShellInstance() {
     return shellInstance;
 }

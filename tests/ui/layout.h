@@ -1,28 +1,20 @@
 #pragma once
-// Whether a dialog fits the screen.
-
-#include <vector>
+// Whether a person can use a dialog on this screen.
 
 #include <gtest/gtest.h>
 
-#include "tests/support/dialog.h"
-#include "tests/support/live_window.h"
+#include "tests/support/dialog_layout.h"
 #include "tests/support/text.h"
 
-/// Every control that is shown lies on the dialog, and none covers another.
+/// Nothing on the dialog is cut off or covered.
 inline void ExpectGoodLayout(const Dialog& dialog) {
-    const RECT place = dialog.Place();
-    std::vector<RECT> places;
-    for (HWND child : ChildrenOf(dialog.Window())) {
-        if (GetParent(child) != dialog.Window() || !IsWindowVisible(child))
-            continue;
-        const RECT control = PlaceOf(child);
-        RECT common;
-        EXPECT_GE(control.left, place.left) << Narrow(TextOf(child));
-        EXPECT_LE(control.right, place.right) << Narrow(TextOf(child));
-        EXPECT_LE(control.bottom, place.bottom) << Narrow(TextOf(child));
-        for (const RECT& other : places)
-            EXPECT_FALSE(IntersectRect(&common, &control, &other)) << Narrow(TextOf(child));
-        places.push_back(control);
-    }
+    for (const std::wstring& flaw : LayoutFlaws(dialog))
+        ADD_FAILURE() << Narrow(dialog.Title()) << ": " << Narrow(flaw);
+}
+
+/// Nor is there a control that the navigation pad does not lead to. The dialog is in front.
+inline void ExpectUsable(const Program& program, const Dialog& dialog) {
+    ExpectGoodLayout(dialog);
+    for (const std::wstring& control : UnreachableControls(program, dialog))
+        ADD_FAILURE() << Narrow(dialog.Title()) << ": not reached: " << Narrow(control);
 }
