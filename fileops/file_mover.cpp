@@ -8,29 +8,20 @@
 
 namespace {
 
-/// Large enough that its reading and writing outweigh the calls, small enough for a phone. A file of at most
-/// one block appears whole or not at all; larger ones grow under another name first.
+/// Large enough that its reading and writing outweigh the calls, small enough for a phone.
 constexpr DWORD blockSize = 256 * 1024;
 
 /// What a copy takes over beside the mark that every new file has.
 constexpr DWORD keptAttributes = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
 
-bool IsLarge(const WIN32_FIND_DATAW& found) {
-    return found.nFileSizeHigh != 0 || found.nFileSizeLow > blockSize;
-}
+constexpr int asideNames = 1000;
 
-/// A free name beside `path`, for a file that is there for the time of the job only.
-bool NameAside(const Path& path, Path& aside) {
-    constexpr int names = 1000;
-    for (int number = 0; number < names; ++number) {
-        std::array<wchar_t, 16> name{};
-        FormatText(name, L"~job%03d.tmp", number);
-        if (!aside.AssignChild(ParentOf(path.View()), name.data()))
-            return false;
-        if (!Exists(aside.Text()))
-            return true;
-    }
-    return false;
+/// A name beside `path` for a file that is there for the time of the job only. False where the path would be
+/// too long.
+bool NameAside(const Path& path, int number, Path& aside) {
+    std::array<wchar_t, 16> name{};
+    FormatText(name, L"~job%03d.tmp", number);
+    return aside.AssignChild(ParentOf(path.View()), name.data());
 }
 
 /// Deletes a file of the job's own.
@@ -51,22 +42,19 @@ bool DeleteSource(const Path& source, DWORD attributes) {
     return false;
 }
 
-/// Puts the file `content` in the place of `target`, which steps aside and goes only after that. `error` is
-/// why the content could not be moved.
+/// Puts the file `content` in the place of `target`. `error` is why it could not be moved.
 bool TakePlace(const Path& content, const Path& target, DWORD* error) {
     const DWORD attributes = ce::GetFileAttributesW(target.Text());
-    Path old;
-    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_DIRECTORY) ||
-        !NameAside(target, old) || !ce::MoveFileW(target.Text(), old.Text()))
+    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_DIRECTORY))
         return false;
-    if (!ce::MoveFileW(content.Text(), target.Text())) {
-        *error = GetLastError();
-        ce::MoveFileW(old.Text(), target.Text());
-        return false;
-    }
     if (attributes & FILE_ATTRIBUTE_READONLY)
-        ce::SetFileAttributesW(old.Text(), FILE_ATTRIBUTE_NORMAL);
-    return ce::DeleteFileW(old.Text()) != FALSE;
+        ce::SetFileAttributesW(target.Text(), FILE_ATTRIBUTE_NORMAL);
+    if (ce::DeleteAndRenameFile(target.Text(), content.Text()))
+        return true;
+    *error = GetLastError();
+    if (attributes & FILE_ATTRIBUTE_READONLY)
+        ce::SetFileAttributesW(target.Text(), attributes);
+    return false;
 }
 
 } // namespace
@@ -112,18 +100,21 @@ MoverResult FileMover::CopyContents(const wchar_t* source, const WIN32_FIND_DATA
 
 MoverResult FileMover::CopyAside(const Path& source, const WIN32_FIND_DATAW& found, const Path& target,
                                  Path& aside) {
-    if (!NameAside(target, aside))
-        return MoverResult::Failed;
-    const MoverResult result = CopyContents(source.Text(), found, aside.Text());
-    return result == MoverResult::Exists ? MoverResult::Failed : result;
+    for (int number = 0; number < asideNames && NameAside(target, number, aside); ++number) {
+        const MoverResult result = CopyContents(source.Text(), found, aside.Text());
+        if (result != MoverResult::Exists)
+            return result;
+    }
+    return MoverResult::Failed;
 }
 
+/// The copy grows under another name: whatever ends the program meanwhile, no part of a file has its name.
 MoverResult FileMover::Copy(const Path& source, const WIN32_FIND_DATAW& found, const Path& target) {
-    if (!IsLarge(found))
-        return CopyContents(source.Text(), found, target.Text());
     if (Exists(target.Text()))
         return MoverResult::Exists;
     Path aside;
+    if (!NameAside(target, 0, aside)) // only the target's own name is short enough
+        return CopyContents(source.Text(), found, target.Text());
     const MoverResult result = CopyAside(source, found, target, aside);
     if (result != MoverResult::Done || MoveFileW(aside.Text(), target.Text()))
         return result;

@@ -38,6 +38,10 @@ BOOL DeleteFileW(const wchar_t* path);
 /// it.
 BOOL MoveFileW(const wchar_t* from, const wchar_t* to);
 
+/// Puts the file `from` in the place of the file `to`, which is there. The name `to` has one of both at any
+/// moment. From one volume to another it fails with ERROR_NOT_SAME_DEVICE.
+BOOL DeleteAndRenameFile(const wchar_t* to, const wchar_t* from);
+
 // --- shell.cpp ---
 
 DWORD_PTR SHGetFileInfo(const wchar_t* path, DWORD attributes, SHFILEINFOW* info, UINT size, UINT flags);

@@ -163,10 +163,24 @@ BOOL MoveFileW(const wchar_t* from, const wchar_t* to) {
     const bool sameButCase = SameText(from, to) && std::wstring_view(from) != to;
     if (!sameButCase) // which a rename by the open file takes for done
         if (const FileHandle entry(OpenOwnEntry(from)); entry)
-            return RenameOwnEntry(entry.Get(), to);
+            return RenameOwnEntry(entry.Get(), to, false);
     if (IsHostLink(from))
-        return MoveHostLink(from, to);
+        return MoveHostLink(from, to, false);
     return sameButCase ? ChangeCase(from, to) : ::MoveFileExW(from, to, 0);
+}
+
+BOOL DeleteAndRenameFile(const wchar_t* to, const wchar_t* from) {
+    const DWORD attributes = ::GetFileAttributesW(to);
+    if (attributes == INVALID_FILE_ATTRIBUTES)
+        return FALSE;
+    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+        SetLastError(ERROR_ACCESS_DENIED);
+        return FALSE;
+    }
+    if (const FileHandle entry(OpenOwnEntry(from)); entry)
+        return RenameOwnEntry(entry.Get(), to, true);
+    return IsHostLink(from) ? MoveHostLink(from, to, true)
+                            : ::MoveFileExW(from, to, MOVEFILE_REPLACE_EXISTING);
 }
 
 } // namespace ce

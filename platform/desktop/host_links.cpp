@@ -116,10 +116,10 @@ BOOL RemoveHostLink(const wchar_t* path) {
     return WaitForHost([&] { return ::GetFileAttributesW(path) == INVALID_FILE_ATTRIBUTES; });
 }
 
-BOOL MoveHostLink(const wchar_t* from, const wchar_t* to) {
+BOOL MoveHostLink(const wchar_t* from, const wchar_t* to, bool replace) {
     if (std::wstring_view(from) == to)
         return TRUE;
-    if (!SameText(from, to) && ::GetFileAttributesW(to) != INVALID_FILE_ATTRIBUTES) {
+    if (!replace && !SameText(from, to) && ::GetFileAttributesW(to) != INVALID_FILE_ATTRIBUTES) {
         SetLastError(ERROR_ALREADY_EXISTS);
         return FALSE;
     }
@@ -135,10 +135,12 @@ BOOL MoveHostLink(const wchar_t* from, const wchar_t* to) {
         target.push_back(L'\0');
     }
     const std::vector<wchar_t> source = HostPath(from);
-    if (!StartOnHost(L"\\\\?\\unix\\bin\\mv", L"mv -n --", {&source, &target}))
+    const wchar_t* words = replace ? L"mv -fT --" : L"mv -nT --";
+    if (!StartOnHost(L"\\\\?\\unix\\bin\\mv", words, {&source, &target}))
         return FALSE;
     return WaitForHost([&] {
         WIN32_FIND_DATAW entry;
-        return FindEntry(to, entry) && name == entry.cFileName;
+        const bool stays = FindEntry(from, entry) && NamePart(from) == entry.cFileName;
+        return !stays && FindEntry(to, entry) && name == entry.cFileName;
     });
 }

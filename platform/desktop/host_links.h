@@ -10,5 +10,5 @@ bool IsHostLink(const wchar_t* path);
 /// Removes the link alone.
 BOOL RemoveHostLink(const wchar_t* path);
 
-/// Renames or moves the link alone. Fails when `to` exists.
-BOOL MoveHostLink(const wchar_t* from, const wchar_t* to);
+/// Renames or moves the link alone, in the place of a file at `to` only when that is to be replaced.
+BOOL MoveHostLink(const wchar_t* from, const wchar_t* to, bool replace);

@@ -101,14 +101,14 @@ BOOL DeleteOwnEntry(HANDLE entry) {
     return SetFileInformationByHandle(entry, FileDispositionInfo, &disposition, sizeof(disposition));
 }
 
-BOOL RenameOwnEntry(HANDLE entry, const wchar_t* to) {
+BOOL RenameOwnEntry(HANDLE entry, const wchar_t* to, bool replace) {
     const std::vector<wchar_t> full = FullPath(to);
     if (full.empty())
         return FALSE;
     const std::size_t bytes = (full.size() - 1) * sizeof(wchar_t);
     std::vector<std::byte> block(sizeof(FILE_RENAME_INFO) + bytes);
     auto* info = reinterpret_cast<FILE_RENAME_INFO*>(block.data());
-    info->ReplaceIfExists = FALSE;
+    info->ReplaceIfExists = static_cast<BOOLEAN>(replace);
     info->FileNameLength = static_cast<DWORD>(bytes);
     std::memcpy(info->FileName, full.data(), bytes);
     return SetFileInformationByHandle(entry, FileRenameInfo, info, static_cast<DWORD>(block.size()));

@@ -15,6 +15,7 @@ BOOL SHHandleWMActivate(HWND window, WPARAM wParam, LPARAM lParam, SHACTIVATEINF
 void SHSendBackToFocusWindow(UINT message, WPARAM wParam, LPARAM lParam);
 BOOL SHCreateShortcut(const wchar_t* shortcut, const wchar_t* target);
 BOOL SHGetShortcutTarget(const wchar_t* shortcut, wchar_t* target, int capacity);
+BOOL DeleteAndRenameFile(const wchar_t* to, const wchar_t* from);
 FARPROC GetProcAddressW(HMODULE library, const wchar_t* name);
 void SystemIdleTimerReset();
 BOOL EventModify(HANDLE event, DWORD function);
@@ -40,6 +41,7 @@ using ::CommandBar_InsertComboBox;
 using ::CommandBar_Show;
 using ::CreateProcessW;
 using ::CreateWindowExW;
+using ::DeleteAndRenameFile;
 using ::DeleteFileW;
 using ::EventModify;
 using ::FindClose;

@@ -147,6 +147,22 @@ TEST_F(FileSystem, RefusesHandlesThatAreNone) {
     EXPECT_FALSE(ce::FindClose(nullptr));
 }
 
+// --- One file in the place of another ---
+
+TEST_F(FileSystem, PutsAFileInThePlaceOfAnother) {
+    MakeFile(L"\\Temp\\Files\\new.txt");
+    MakeFile(L"\\Temp\\Files\\old.txt");
+    fs::create_directory(L"\\Temp\\Files\\sub");
+    MakeFile(L"\\Temp\\Files\\sub\\inner.txt");
+    EXPECT_TRUE(ce::DeleteAndRenameFile(L"\\Temp\\Files\\old.txt", L"\\Temp\\Files\\new.txt"));
+    EXPECT_FALSE(fs::exists(L"\\Temp\\Files\\new.txt"));
+    EXPECT_TRUE(fs::exists(L"\\Temp\\Files\\old.txt"));
+    EXPECT_FALSE(ce::DeleteAndRenameFile(L"\\Temp\\Files\\missing", L"\\Temp\\Files\\old.txt"));
+    EXPECT_FALSE(ce::DeleteAndRenameFile(L"\\Temp\\Files\\sub", L"\\Temp\\Files\\old.txt"));
+    EXPECT_TRUE(fs::exists(L"\\Temp\\Files\\sub\\inner.txt"));
+    EXPECT_TRUE(fs::exists(L"\\Temp\\Files\\old.txt"));
+}
+
 // --- Other letters for the same name ---
 
 TEST_F(FileSystem, RenamesWhatDiffersOnlyInCase) {

@@ -79,6 +79,22 @@ TEST_F(HostLinks, AreNotMovedOverAnything) {
     ExpectTargetsKept();
 }
 
+TEST_F(HostLinks, TakeThePlaceOfAFileAlone) {
+    RunOnHost("echo old > Temp/Links/old.txt");
+    EXPECT_TRUE(ce::DeleteAndRenameFile(L"\\Temp\\Links\\old.txt", L"\\Temp\\Links\\far.txt"));
+    RunOnHost("test -L Temp/Links/old.txt; test ! -e Temp/Links/far.txt");
+    RunOnHost("echo new > Temp/Links/new.txt");
+    EXPECT_TRUE(ce::DeleteAndRenameFile(L"\\Temp\\Links\\old.txt", L"\\Temp\\Links\\new.txt"));
+    RunOnHost("test ! -L Temp/Links/old.txt; test \"$(cat Temp/Links/old.txt)\" = new");
+    ExpectTargetsKept();
+}
+
+TEST_F(HostLinks, AreNotMovedIntoAFolderOfALikeName) {
+    RunOnHost("mkdir Temp/Links/NEAR");
+    EXPECT_FALSE(ce::MoveFileW(L"\\Temp\\Links\\near", L"\\Temp\\Links\\NEAR"));
+    RunOnHost("test -L Temp/Links/near; test -z \"$(ls Temp/Links/NEAR)\"");
+}
+
 TEST_F(HostLinks, KeepTheAttributesOfWhatTheyLeadTo) {
     EXPECT_TRUE(ce::SetFileAttributesW(L"\\Temp\\Links\\far.txt", FILE_ATTRIBUTE_READONLY));
     EXPECT_FALSE(ce::GetFileAttributesW(L"\\Temp\\Far\\far.txt") & FILE_ATTRIBUTE_READONLY);
