@@ -1,5 +1,6 @@
 #pragma once
-// Libraries beside the program, which the device may have or not: "UNZip.dll" and "getFiles.dll".
+// Libraries beside the program, which the device may have or not: "UNZip.dll", "getFiles.dll", and in the
+// place of the host's for the network "mpr.dll".
 
 #include <string>
 #include <vector>

@@ -2,12 +2,16 @@
 
 // Opening a file by a chosen program and with parameters, and what it can be sent to.
 
+#include <map>
+
+#include "tests/support/library_stand_in.h"
 #include "tests/support/stand_in.h"
 #include "tests/support/ui_test.h"
 #include "tests/ui/layout.h"
 
 namespace {
 
+constexpr int fileNameField = 1148; // of the host's file dialog
 const std::wstring tool = L"\\Program Files\\Tool\\tool.exe";
 
 class ChooseProgramUi : public UiTest {
@@ -109,6 +113,54 @@ TEST_F(ChooseProgramUi, AlwaysWritesTheClassOfTheExtension) {
     EXPECT_EQ(device.TextValue(L"HKCR\\.cpx", L""), L"atoolfile");
 }
 
+TEST_F(ChooseProgramUi, BrowsingAddsAProgramAndSelectsIt) {
+    const StandIn standIn(tool);
+    device.Preserve(L"HKCR\\tool");
+    device.Preserve(L"HKCR\\.cpx");
+    device.File(L"\\Temp\\c\\a.cpx");
+    Dialog dialog = Choose(L"a.cpx");
+    dialog.Command(IDM_CHOOSE_PROGRAM_BROWSE);
+    Dialog cancelled = program.WaitForDialog(L"Select Program");
+    cancelled.Command(IDCANCEL);
+    cancelled.WaitUntilClosed();
+    EXPECT_FALSE(Programs(dialog).Has(L"tool"));
+
+    dialog.Command(IDM_CHOOSE_PROGRAM_BROWSE);
+    Dialog browser = program.WaitForDialog(L"Select Program");
+    browser.Item(fileNameField).SetText(L"E:" + tool);
+    browser.Command(IDOK);
+    browser.WaitUntilClosed();
+    EXPECT_TRUE(Eventually([&] { return Programs(dialog).SelectedNames() == Texts{L"tool"}; }));
+    EXPECT_EQ(device.TextValue(L"HKCR\\tool", L""), L"tool");
+    EXPECT_EQ(device.TextValue(L"HKCR\\tool\\Shell\\Open\\Command", L""), L"\"" + tool + L"\" \"%1\"");
+    EXPECT_EQ(device.TextValue(L"HKCR\\tool\\DefaultIcon", L""), tool + L",0");
+
+    dialog.Item(IDC_ALWAYS_THIS_PROGRAM).Click();
+    WaitFor("for the mark", [&] { return dialog.Item(IDC_ALWAYS_THIS_PROGRAM).IsChecked(); });
+    Confirm(dialog);
+    ExpectStarts(standIn, {L"\"\\Temp\\c\\a.cpx\""});
+    EXPECT_EQ(device.TextValue(L"HKCR\\.cpx", L""), L"tool");
+}
+
+TEST_F(ChooseProgramUi, ADevicesOwnFileDialogIsTakenInstead) {
+    const StandIn standIn(L"\\Windows\\own.exe");
+    LibraryStandIn dialogs(L"getFiles.dll");
+    dialogs.Answer(TRUE, std::wstring(L"\\Windows\\own.exe\0", 17));
+    device.Preserve(L"HKCR\\own");
+    device.File(L"\\Temp\\c\\a.cpx");
+    Dialog dialog = Choose(L"a.cpx");
+    dialog.Command(IDM_CHOOSE_PROGRAM_BROWSE);
+    EXPECT_TRUE(Eventually([&] { return Programs(dialog).SelectedNames() == Texts{L"own"}; }));
+    ASSERT_EQ(dialogs.Calls().size(), 1u);
+    EXPECT_TRUE(dialogs.Calls().front().starts_with(L"title=Select Program filter=Executable (*.exe)|*.exe| "
+                                                    L"folder=\\Windows extension=none file= room=260"))
+        << Narrow(dialogs.Calls().front());
+    EXPECT_EQ(device.TextValue(L"HKCR\\own\\Shell\\Open\\Command", L""), L"own.exe \"%1\"");
+    EXPECT_EQ(device.TextValue(L"HKCR\\own\\DefaultIcon", L""), L"own.exe,0");
+    Confirm(dialog);
+    ExpectStarts(standIn, {L"\"\\Temp\\c\\a.cpx\""});
+}
+
 TEST_F(ChooseProgramUi, CancelAndNothingSelectedStartNothing) {
     StandIn standIn(tool);
     Class(L"atoolfile", L"A Tool", L"\"" + tool + L"\" \"%1\"");
@@ -171,6 +223,35 @@ TEST_F(ChooseProgramUi, PreferredProgramsGetTheFile) {
     program.List().SelectNothing();
     program.Command(IDM_SENDTO_FIRST);
     EXPECT_EQ(standIn.Starts().size(), 1u);
+}
+
+TEST_F(ChooseProgramUi, PreferredProgramsGetTheFileUnquotedWhenThatIsSet) {
+    const StandIn standIn(L"\\Windows\\SendTo\\tool.exe");
+    device.WriteNumber(settingsKey, L"CheckQAdd", 0);
+    device.File(L"\\Temp\\c\\a b.txt");
+    Select(L"a b.txt");
+    program.Command(IDM_SENDTO_FIRST);
+    ExpectStarts(standIn, {L"\\Temp\\c\\a b.txt"});
+}
+
+TEST_F(ChooseProgramUi, CtrlAndADigitStartThePreferredPrograms) {
+    std::map<std::wstring, StandIn> standIns;
+    for (int number = 0; number < 12; ++number) {
+        const std::wstring name = L"tool" + std::to_wstring(number);
+        standIns.try_emplace(name, L"\\Windows\\SendTo\\" + name + L".exe");
+    }
+    device.File(L"\\Temp\\c\\a.txt");
+    Select(L"a.txt");
+    const Menu sendTo = program.SoftKeyMenu().Popup(L"Send To");
+    for (const wchar_t digit : std::wstring(L"1234567890")) {
+        const UINT entry = digit == L'0' ? 9 : digit - L'1';
+        const StandIn& standIn = standIns.at(sendTo.Item(IDM_SENDTO_FIRST + entry).text);
+        EXPECT_EQ(standIn.Starts(), Texts{});
+        PressKey(digit, Ctrl);
+        ExpectStarts(standIn, {L"\"\\Temp\\c\\a.txt\""});
+    }
+    for (const UINT entry : {10u, 11u})
+        EXPECT_EQ(standIns.at(sendTo.Item(IDM_SENDTO_FIRST + entry).text).Starts(), Texts{});
 }
 
 TEST_F(ChooseProgramUi, PreferredFoldersAreShownAndRefreshFindsThem) {

@@ -1,7 +1,7 @@
-// Stands in for a library that the device may have: the archiver, or the one with the file dialog. Adds each
-// call, as a line of UTF-16, to the file "called" beside it with its own name in front, and answers what the
-// file "answer" of that kind says: the result, four bytes, and then the text, which is given as it stands. An
-// archiver that succeeds leaves something behind, as a real one would.
+// Stands in for a library that the device may have: the archiver, the one with the file dialog, or the
+// network's. Adds each call, as a line of UTF-16, to the file "called" beside it with its own name in front,
+// and answers what the file "answer" of that kind says: the result, four bytes, and then the text, which is
+// given as it stands. An archiver that succeeds leaves something behind, as a real one would.
 
 #include <cwchar>
 #include <string>
@@ -10,6 +10,7 @@
 #include <windows.h>
 
 #include <commdlg.h>
+#include <winnetwk.h>
 
 namespace {
 
@@ -95,6 +96,12 @@ std::wstring Filter(const wchar_t* filter) {
     return text;
 }
 
+std::wstring TitleOf(HWND window) {
+    wchar_t title[64] = L"";
+    GetWindowTextW(window, title, 64);
+    return title;
+}
+
 std::wstring TextOr(const wchar_t* text, const wchar_t* otherwise) {
     return text ? text : otherwise;
 }
@@ -117,6 +124,19 @@ __declspec(dllexport) BOOL WINAPI hvGetSaveFileName(OPENFILENAMEW* request) {
            TextOr(request->lpstrDefExt, L"none") + L" file=" + request->lpstrFile + L" room=" +
            std::to_wstring(request->nMaxFile) + L" flags=" + std::to_wstring(request->Flags));
     return Answer(FALSE, request->lpstrFile, request->nMaxFile * sizeof(wchar_t));
+}
+
+__declspec(dllexport) DWORD WINAPI WNetConnectionDialog1W(CONNECTDLGSTRUCTW* request) {
+    const NETRESOURCEW& resource = *request->lpConnRes;
+    Record(L"connect owner=" + TitleOf(request->hwndOwner) + L" type=" + std::to_wstring(resource.dwType) +
+           L" local=" + TextOr(resource.lpLocalName, L"none") + L" remote=" +
+           TextOr(resource.lpRemoteName, L"none") + L" flags=" + std::to_wstring(request->dwFlags));
+    return static_cast<DWORD>(Answer(0, nullptr, 0));
+}
+
+__declspec(dllexport) DWORD WINAPI WNetDisconnectDialog(HWND owner, DWORD type) {
+    Record(L"disconnect owner=" + TitleOf(owner) + L" type=" + std::to_wstring(type));
+    return static_cast<DWORD>(Answer(0, nullptr, 0));
 }
 
 } // extern "C"
