@@ -68,6 +68,12 @@ LRESULT AskInside(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     return report.answer;
 }
 
+Asked AskedByList(HWND list) {
+    DrawingReport report{list, 0, 0};
+    RunInside(list, "ReportDrawing", &report, sizeof(report));
+    return {report.texts, report.icons};
+}
+
 LOGFONTW FontOf(HWND window) {
     FontReport report{window, {}};
     RunInside(window, "ReportFont", &report, sizeof(report));

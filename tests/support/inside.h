@@ -12,5 +12,12 @@ void RunInside(HWND window, const char* function, void* record, std::size_t size
 /// The answer to a message that Wine does not let out of the process, such as WM_GETICON.
 LRESULT AskInside(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 
+/// What a list has asked the program for since the last call.
+struct Asked {
+    UINT texts;
+    UINT icons;
+};
+Asked AskedByList(HWND list);
+
 /// The font a window draws with.
 LOGFONTW FontOf(HWND window);

@@ -1,6 +1,9 @@
 #include "tests/support/probe/probe.h"
 
+#include <atomic>
 #include <iterator>
+
+#include <commctrl.h>
 
 namespace {
 
@@ -25,6 +28,20 @@ void Walk(HMENU menu, UINT level, MenuReport& report) {
     }
 }
 
+std::atomic<UINT> textsAsked;
+std::atomic<UINT> iconsAsked;
+WNDPROC countedProcedure;
+
+/// Stands before the procedure of the list's parent.
+LRESULT CALLBACK CountQuestions(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    const auto* question = reinterpret_cast<const NMLVDISPINFOW*>(lParam);
+    if (message == WM_NOTIFY && question->hdr.code == LVN_GETDISPINFOW) {
+        textsAsked += (question->item.mask & LVIF_TEXT) != 0;
+        iconsAsked += (question->item.mask & LVIF_IMAGE) != 0;
+    }
+    return CallWindowProcW(countedProcedure, window, message, wParam, lParam);
+}
+
 } // namespace
 
 DWORD WINAPI ReportMenu(void* report) {
@@ -46,5 +63,17 @@ DWORD WINAPI ReportFont(void* report) {
     if (!font)
         font = static_cast<HFONT>(GetStockObject(SYSTEM_FONT)); // what a window without a font draws with
     GetObjectW(font, sizeof(fontReport.font), &fontReport.font);
+    return 0;
+}
+
+DWORD WINAPI ReportDrawing(void* report) {
+    auto& drawing = *static_cast<DrawingReport*>(report);
+    if (!countedProcedure) {
+        const HWND parent = GetParent(drawing.list);
+        countedProcedure = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(parent, GWLP_WNDPROC));
+        SetWindowLongPtrW(parent, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(CountQuestions));
+    }
+    drawing.texts = textsAsked.exchange(0);
+    drawing.icons = iconsAsked.exchange(0);
     return 0;
 }

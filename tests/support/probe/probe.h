@@ -16,7 +16,7 @@ struct ProbedItem {
 struct MenuReport {
     HMENU menu; // asked for
     UINT count;
-    ProbedItem items[400];
+    ProbedItem items[1200];
 };
 
 struct MessageReport {
@@ -32,6 +32,12 @@ struct FontReport {
     LOGFONTW font;
 };
 
+struct DrawingReport {
+    HWND list; // asked for: a list whose parent tells texts and icons when they are drawn
+    UINT texts;
+    UINT icons;
+};
+
 extern "C" {
 
 /// All items of a MenuReport's menu.
@@ -40,4 +46,7 @@ __declspec(dllexport) DWORD WINAPI ReportMenu(void* report);
 __declspec(dllexport) DWORD WINAPI ReportMessage(void* report);
 /// The font that a FontReport's window draws with.
 __declspec(dllexport) DWORD WINAPI ReportFont(void* report);
+/// How many texts and icons a DrawingReport's list has asked for since the last call; the first one begins to
+/// count. For one list of a program.
+__declspec(dllexport) DWORD WINAPI ReportDrawing(void* report);
 }
