@@ -3,8 +3,6 @@
 
 // Copying files and folders.
 
-#include <algorithm>
-
 #include "tests/ui/job_ui.h"
 
 namespace {
@@ -271,23 +269,6 @@ TEST_F(CopyUi, ClosingTheProgramInTheMiddleLeavesNoPart) {
     program.Close();
     EXPECT_EQ(device.NamesIn(L"\\To"), Texts{L"huge"});
     EXPECT_EQ(device.Content(L"\\To\\huge"), "old");
-}
-
-TEST_F(CopyUi, TheWindowAnswersAllThroughAJob) {
-    device.Files(L"\\From\\Many", L"f", 2000);
-    CopyToTarget({L"Many"});
-    ULONGLONG longest = 0;
-    int asked = 0;
-    while (program.HasDialog()) {
-        const ULONGLONG begun = GetTickCount64();
-        program.WaitUntilIdle();
-        longest = std::max(longest, GetTickCount64() - begun);
-        ++asked;
-    }
-    FinishJob();
-    EXPECT_GT(asked, 3);
-    EXPECT_LT(longest, 500u); // a tenth of a second, and what a busy machine adds
-    EXPECT_EQ(device.NamesIn(L"\\To\\Many").size(), 2000u);
 }
 
 TEST_F(CopyUi, MessagesOfOthersToTheDialogDoNothing) {
