@@ -2,6 +2,8 @@
 
 // The Favorites folder and its menu.
 
+#include <algorithm>
+
 #include "tests/support/ui_test.h"
 
 namespace {
@@ -45,12 +47,34 @@ TEST_F(FavoritesUi, SubfoldersArePopupsInFrontOfTheFiles) {
     EXPECT_EQ(program.Folder(), L"\\My Documents");
 }
 
-TEST_F(FavoritesUi, TheLastOfHundredsOpens) {
-    for (int folder = 0; folder < 5; ++folder)
-        device.Files(favoritesFolder + L"\\Folder" + std::to_wstring(folder), L"file.", 100);
+TEST_F(FavoritesUi, HundredsInNestedFoldersAreAllInTheMenu) {
+    constexpr std::size_t folders = 5;
+    constexpr std::size_t inEach = 100;
+    for (std::size_t folder = 0; folder < folders; ++folder) {
+        const std::wstring name = favoritesFolder + L"\\Folder" + std::to_wstring(folder);
+        device.Files(name, L"file.", inEach - 10);
+        device.Files(name + L"\\Inner", L"deep.", 10);
+    }
     ShortcutTo(L"Last.lnk", "\\My Documents");
     program.Start();
-    program.Command(IDM_FAVORITE_FIRST + 500);
+
+    const Menu menu = Favorites();
+    EXPECT_EQ(menu.Items().size(), 3 + folders + 1); // behind "Add", "Organize" and the line
+    std::vector<UINT> commands;
+    for (std::size_t folder = 0; folder < folders; ++folder) {
+        const Menu popup = menu.Popup(L"Folder" + std::to_wstring(folder));
+        EXPECT_EQ(popup.Items().size(), inEach - 10 + 1);
+        EXPECT_EQ(popup.Popup(L"Inner").Items().size(), 10u);
+        const std::vector<UINT> inside = popup.EnabledCommands();
+        commands.insert(commands.end(), inside.begin(), inside.end());
+    }
+    commands.push_back(menu.Item(L"Last").id);
+    std::sort(commands.begin(), commands.end());
+    ASSERT_EQ(commands.size(), folders * inEach + 1);
+    for (std::size_t number = 0; number < commands.size(); ++number)
+        EXPECT_EQ(commands[number], IDM_FAVORITE_FIRST + number);
+
+    program.Command(menu.Item(L"Last").id);
     program.WaitForFolder(L"\\My Documents");
 }
 

@@ -68,6 +68,9 @@ TEST_F(FolderTreeCommandsUi, CutAndPasteMoveTheFolderAndItsNode) {
 
 TEST_F(FolderTreeCommandsUi, DeleteGoesToTheNearestFolderThatIsLeft) {
     PressKey(VK_DELETE);
+    program.WaitForDialog(L"Confirm File Delete");
+    EXPECT_EQ(program.List().Names(), Texts{L"Home"}); // which is what the command works on
+    EXPECT_EQ(program.List().SelectedNames(), Texts{L"Home"});
     AnswerDelete(IDM_ANSWER_CANCEL);
     ExpectShown(L"\\Temp\\Home");
     PressKey(VK_DELETE);

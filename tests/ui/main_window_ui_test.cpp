@@ -2,6 +2,7 @@
 
 // The main window's own messages and commands: focus, sticky keys, refresh, the odd ones.
 
+#include "tests/support/stand_in.h"
 #include "tests/support/ui_test.h"
 
 namespace {
@@ -178,6 +179,19 @@ TEST_F(MainWindowUi, AMissingManualIsReported) {
     EXPECT_EQ(box.Text(), L"If you can't open user manual, please open it under installation directory.");
     EXPECT_EQ(box.Caption(), L"Prompt");
     box.Answer(IDOK);
+}
+
+TEST_F(MainWindowUi, TheManualOpensInWhatShowsPages) {
+    device.File(L"\\Windows\\File Manager_user_manual.htm", "<html></html>");
+    const StandIn browser(L"\\Windows\\pages.exe");
+    device.WriteText(L"HKCR\\.htm", L"", L"testpage");
+    device.WriteText(L"HKCR\\testpage\\shell\\open\\command", L"", L"\"E:\\Windows\\pages.exe\" \"%1\" %*");
+    program.Start();
+    program.Command(IDM_HELP_USER_MANUAL);
+    const Texts starts{L"\"E:\\Windows\\File Manager_user_manual.htm\" \\Windows\\iexplore.exe"};
+    EXPECT_TRUE(Eventually([&] { return browser.Starts() == starts; }));
+    EXPECT_EQ(browser.Starts(), starts);
+    EXPECT_FALSE(program.HasMessageBox());
 }
 
 TEST_F(MainWindowUi, CommandsNobodyKnowsDoNothing) {

@@ -2,9 +2,13 @@
 
 // What a tap, Enter or a typed path opens, and what a tap with a key held does instead.
 
+#include <thread>
+
 #include "tests/support/ui_test.h"
 
 namespace {
+
+constexpr UINT tapAndHold = 1000; // GN_CONTEXTMENU
 
 class OpenAndTapUi : public UiTest {
   protected:
@@ -23,6 +27,15 @@ class OpenAndTapUi : public UiTest {
     void Open(const std::wstring& name) {
         program.List().Select(name);
         PressKey(VK_RETURN);
+    }
+    /// Tells the main window something in the list's name.
+    LRESULT Notify(UINT code) {
+        NMLISTVIEW notification{};
+        notification.hdr.hwndFrom = program.List().Window();
+        notification.hdr.code = code;
+        RemoteMemory memory(program.Window(), sizeof(notification));
+        memory.Write(&notification, sizeof(notification));
+        return AskInside(program.Window(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(memory.Address()));
     }
     void ExpectMenu() {
         program.WaitForMenu();
@@ -77,6 +90,27 @@ TEST_F(OpenAndTapUi, ATapWithAltAndTheRightButtonOpenTheMenu) {
     EXPECT_EQ(program.List().SelectedNames(), (Texts{L"Sub"}));
     RightClick(program.List().PointOf(L"Two"));
     ExpectMenu();
+}
+
+TEST_F(OpenAndTapUi, ATapThatEndsARangeDoesNotOpenButTheNextDoes) {
+    Notify(LVN_MARQUEEBEGIN);
+    Tap(program.List().PointOf(L"Sub"));
+    ExpectNothing();
+    EXPECT_EQ(program.List().SelectedNames(), (Texts{L"Sub"}));
+    Tap(program.List().PointOf(L"Two"));
+    program.WaitForFolder(L"\\T\\Two");
+}
+
+TEST_F(OpenAndTapUi, TheShellsTapAndHoldIsAnsweredWithOrWithoutAMenu) {
+    program.List().Select(L"a");
+    EXPECT_EQ(Notify(tapAndHold), 1);
+    EXPECT_FALSE(program.MenuIsOpen()); // single files have none
+    program.List().Select(L"Sub");
+    LRESULT answer = 0;
+    std::jthread shell([&] { answer = Notify(tapAndHold); });
+    ExpectMenu();
+    shell.join();
+    EXPECT_EQ(answer, 1);
 }
 
 TEST_F(OpenAndTapUi, CtrlPressedUnderAltOpensTheMenu) {
