@@ -1,6 +1,6 @@
 # shellcheck shell=bash
 # The phone on a web page of this machine: companions/browser shows the screen and says what the page wishes.
-# Goes with screen.sh and device.sh; uses $screen, the size, and start_program of ./run.
+# Goes with screen.sh and device.sh; uses $screen, the size.
 
 page=
 

@@ -133,3 +133,12 @@ find_folder() {
     done
     printf '%s' "$at"
 }
+
+# start_program [WxH]: the program, showing $folder if that is set, in the virtual desktop "phone".
+start_program() {
+    local argument=()
+    [[ -z $folder ]] || argument=("$folder")
+    WINEPREFIX=$prefix exec setsid wine explorer "/desktop=phone${1:+,$1}" \
+        "E:\\${program_folder//\//\\}\\TarvikFileManager.exe" ${argument[@]+"${argument[@]}"} \
+        >/dev/null 2>&1 </dev/null 9>&-
+}
