@@ -4,7 +4,7 @@
 #   seed.sh [--fresh] DEVICE
 #
 # What is there already stays, so that a user's changes and deletions last; with --fresh every file of the
-# image is laid anew.
+# image is laid anew. The manual belongs to the program: it is always the present one.
 set -euo pipefail
 
 image=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
@@ -20,7 +20,8 @@ fi
 device=$1
 
 # A folder without \Windows is a new device: it gets everything. Any other only gets its ROM back.
-files=("$image/files/Windows" -maxdepth 1)
+manual="$image/files/Windows/File Manager_user_manual"
+files=("$image/files/Windows"/*.* "$manual")
 if [[ -n $fresh || ! -e $device/Windows ]]; then
     files=("$image/files")
 fi
@@ -31,7 +32,7 @@ done <"$image/folders.txt"
 
 while IFS= read -r -d '' file; do
     place=$device/${file#"$image/files/"}
-    if [[ -n $fresh || ! -e $place ]]; then
+    if [[ -n $fresh || ! -e $place ]] || { [[ $file == "$manual"* ]] && ! cmp -s "$file" "$place"; }; then
         install -m 644 -D "$file" "$place"
     fi
 done < <(find "${files[@]}" -type f -print0)
