@@ -1,5 +1,7 @@
 #include "companions/archiver/extract_archive.h"
 
+#include <algorithm>
+#include <unordered_set>
 #include <vector>
 
 #include "companions/archiver/expansion_limit.h"
@@ -21,6 +23,14 @@ std::wstring SizeText(std::uint64_t bytes) {
                              : std::to_wstring(bytes / mega) + L" MB";
 }
 
+/// A member's name as it can be shown, whatever it holds.
+std::wstring NameForPeople(const std::wstring& name) {
+    std::wstring shown = name.substr(0, longestName);
+    std::replace_if(
+        shown.begin(), shown.end(), [](wchar_t letter) { return letter < L' '; }, L' ');
+    return name.size() > longestName ? shown + L"..." : shown;
+}
+
 class Extraction {
   public:
     Extraction(const ArchiveKind& kind, const CommandLine& command)
@@ -34,7 +44,7 @@ class Extraction {
     void MakeTarget() const;
     void ExtractAll();
     void ExtractMember(ArchiveReader& reader, const ArchiveMember& member);
-    void MakeFolders(std::wstring_view path) const;
+    void MakeFolders(std::wstring_view path);
     void WriteFile(ArchiveReader& reader, const ArchiveMember& member, const std::wstring& place);
     void SetFolderTimes() const;
     void LeaveOut(const std::wstring& name, const std::wstring& reason);
@@ -50,6 +60,7 @@ class Extraction {
     int reasonsToldNot_ = 0;
     std::wstring end_; // why the work ended before its end
     std::vector<std::pair<std::wstring, FILETIME>> folderTimes_;
+    std::unordered_set<std::wstring> soundFolders_; // made or looked at already
 };
 
 /// Looks through the archive first: what is plainly too much is refused before anything is touched.
@@ -146,10 +157,12 @@ void Extraction::ExtractMember(ArchiveReader& reader, const ArchiveMember& membe
 }
 
 /// Makes the folders of `path` below the target. None of them may be a link, which would lead outside.
-void Extraction::MakeFolders(std::wstring_view path) const {
+void Extraction::MakeFolders(std::wstring_view path) {
     for (std::size_t cut = 0; cut != std::wstring_view::npos;) {
         cut = path.find(L'\\', cut + 1);
         const std::wstring folder = target_ + L'\\' + std::wstring(path.substr(0, cut));
+        if (soundFolders_.contains(folder))
+            continue;
         const DWORD there = AttributesOf(folder);
         if (there == INVALID_FILE_ATTRIBUTES) {
             if (!CreateDirectoryW(folder.c_str(), nullptr))
@@ -159,6 +172,7 @@ void Extraction::MakeFolders(std::wstring_view path) const {
         } else if ((there & FILE_ATTRIBUTE_DIRECTORY) == 0) {
             throw Failure(L"a file is where its folder '" + std::wstring(LeafOf(folder)) + L"' should be");
         }
+        soundFolders_.insert(folder);
     }
 }
 
@@ -190,9 +204,7 @@ void Extraction::SetFolderTimes() const {
 
 void Extraction::LeaveOut(const std::wstring& name, const std::wstring& reason) {
     ++leftOut_;
-    const bool isLong = name.size() > longestName;
-    const std::wstring line =
-        L"\n'" + name.substr(0, longestName) + (isLong ? L"..." : L"") + L"' was left out: " + reason + L".";
+    const std::wstring line = L"\n'" + NameForPeople(name) + L"' was left out: " + reason + L".";
     if (reasonsToldNot_ == 0 && reasons_.size() + line.size() <= longestReport)
         reasons_ += line;
     else

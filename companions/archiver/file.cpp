@@ -161,19 +161,11 @@ void File::Flush() {
 }
 
 FileInTheMaking::FileInTheMaking(std::wstring place) : place_(std::move(place)) {
-    const std::wstring folder(ParentOf(place_));
-    for (unsigned number = GetTickCount();; ++number) {
-        path_ = folder + L"\\~" + std::to_wstring(number % 100000000) + L".tmp";
-        if (AttributesOf(path_) != INVALID_FILE_ATTRIBUTES)
-            continue;
-        try {
-            file_.emplace(File::Create(path_));
-            return;
-        } catch (const Failure&) {
-            if (GetLastError() != ERROR_FILE_EXISTS)
-                throw;
-        }
-    }
+    unsigned number = GetTickCount();
+    do
+        path_ = std::wstring(ParentOf(place_)) + L"\\~" + std::to_wstring(number++) + L".tmp";
+    while (AttributesOf(path_) != INVALID_FILE_ATTRIBUTES);
+    file_.emplace(File::Create(path_));
 }
 
 FileInTheMaking::~FileInTheMaking() {

@@ -15,6 +15,8 @@ constexpr std::wstring_view deviceName = L"its name is a device's";
 constexpr std::wstring_view badEnd = L"its name ends in a dot or a blank";
 constexpr std::wstring_view badLetter = L"its name holds a character that file names cannot have";
 constexpr std::wstring_view noName = L"it has no name";
+constexpr std::wstring_view tooLong = L"its name is too long";
+constexpr std::size_t longestPart = 255, longestPath = 4000; // characters
 
 bool IsBadLetter(wchar_t letter) {
     constexpr std::wstring_view forbidden = L"<>:\"|?*";
@@ -29,6 +31,8 @@ wchar_t Upper(wchar_t letter) {
 std::wstring_view FaultOfPart(std::wstring_view part) {
     if (part == L"..")
         return climbs;
+    if (part.size() > longestPart)
+        return tooLong;
     if (std::any_of(part.begin(), part.end(), IsBadLetter))
         return badLetter;
     if (part.back() == L'.' || part.back() == L' ')
@@ -62,6 +66,8 @@ NameVerdict JudgeName(std::wstring_view name) {
         return {{}, std::wstring(noName)};
     if (IsWholePath(name))
         return {{}, std::wstring(wholePath)};
+    if (name.size() > longestPath)
+        return {{}, std::wstring(tooLong)};
     std::wstring path;
     while (!name.empty()) {
         const std::size_t end = std::min(name.find_first_of(L"\\/"), name.size());

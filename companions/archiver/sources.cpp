@@ -84,7 +84,8 @@ void Collector::ListInto(const std::wstring& folder, std::vector<Source>& pendin
     for (const auto& [name, attributes] : entries) {
         if (name == L"." || name == L"..")
             continue;
-        const std::wstring path = folder + L'\\' + name;
+        std::wstring path = folder;
+        path.append(1, L'\\').append(name);
         if (IsLink(folderPlace, path, attributes))
             ++found_.linksLeftOut;
         else

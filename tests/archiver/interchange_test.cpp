@@ -1,6 +1,7 @@
 // Archives made here open in the tools of others, and theirs here.
 
 #include "tests/archiver/archiver_test.h"
+#include "tests/support/text.h"
 
 namespace {
 
@@ -83,4 +84,67 @@ TEST_F(ArchiverInterchange, OurLhaOpensHere) {
     Make(Lha, L"\\a.lzh", L"", {L"\\In\\*"});
     Extract(Lha, L"\\a.lzh", L"\\Out");
     CompareTrees();
+}
+
+TEST_F(ArchiverInterchange, LhasOfEveryMakerOpenHere) {
+    // What the programs of forty years made, all of it known to lhasa.
+    RunOnHost("mkdir Samples\ncd '" LHASA_ARCHIVES "'\n"
+              "for file in */*.lz[hs]; do cp $file \"$TARVIK_DEVICE/Samples/$(echo $file | tr / -)\"; done");
+    std::string whole;
+    int count = 0;
+    for (const std::wstring& name : device.NamesIn(L"\\Samples")) {
+        if (TryToExtract(Lha, L"\\Samples\\" + name, L"\\Out\\" + name).result == 0) {
+            whole += ' ' + Narrow(name);
+            ++count;
+        } else { // links and whole paths, and what lhasa cannot read either
+            EXPECT_TRUE(name.find(L"symlink") != std::wstring::npos ||
+                        name.find(L"subdir") != std::wstring::npos || name.starts_with(L"regression-"))
+                << Narrow(name);
+        }
+    }
+    EXPECT_GE(count, 130);
+    // The superuser's lha gives files to those who once made them: they are taken back.
+    RunOnHost("for name in" + whole +
+              "; do lha xqw=Theirs/$name Samples/$name >/dev/null\n"
+              "find Theirs/$name ! -user $(id -u) -exec chown $(id -u) {} ';' -exec chmod u+rwX {} ';'\n"
+              "diff -r Theirs/$name Out/$name; done");
+}
+
+TEST_F(ArchiverInterchange, NamesInOldLettersAreRead) {
+    RunOnHost("/usr/bin/python3 -B - <<'END'\n"
+              "import sys, zipfile\n"
+              "sys.path.insert(0, '" ARCHIVER_TESTS "')\n"
+              "from make_hostile_archives import lha_old_member\n" +
+              std::string(R"py(
+def write_zip(path, letters):
+    with zipfile.ZipFile(path, 'w') as archive:
+        archive.writestr('X' * len(letters) + '.txt', 'text')
+    content = open(path, 'rb').read().replace(b'X' * len(letters), letters)
+    open(path, 'wb').write(content)
+write_zip('dos.zip', 'Größe'.encode('cp437'))
+write_zip('unsaid.zip', 'Größe'.encode())
+def write_lha(path, name):
+    open(path, 'wb').write(lha_old_member(name, b'text') + b'\0')
+write_lha('japan.lzh', '日本.txt'.encode('shift_jis'))
+write_lha('unsaid.lzh', 'Größe.txt'.encode())
+END)py"));
+    const std::vector<std::wstring> german = {L"Gr\u00f6\u00dfe.txt"};
+    Extract(Zip, L"\\dos.zip", L"\\Out\\1");
+    EXPECT_EQ(device.NamesIn(L"\\Out\\1"), german);
+    Extract(Zip, L"\\unsaid.zip", L"\\Out\\2");
+    EXPECT_EQ(device.NamesIn(L"\\Out\\2"), german);
+    Extract(Lha, L"\\japan.lzh", L"\\Out\\3");
+    EXPECT_EQ(device.NamesIn(L"\\Out\\3"), std::vector<std::wstring>{L"\u65e5\u672c.txt"});
+    Extract(Lha, L"\\unsaid.lzh", L"\\Out\\4");
+    EXPECT_EQ(device.NamesIn(L"\\Out\\4"), german);
+}
+
+TEST_F(ArchiverInterchange, AnEncryptedZipIsSaidToBe) {
+    device.File(L"\\In\\secret.txt", "secret");
+    device.File(L"\\In\\open.txt", "open");
+    RunOnHost("zip -qP word a.zip In/secret.txt\nzip -q a.zip In/open.txt");
+    const ArchiverAnswer answer = TryToExtract(Zip, L"\\a.zip", L"\\Out");
+    EXPECT_NE(answer.result, 0);
+    EXPECT_EQ(answer.text, L"1 of 2 files were extracted.\n'In/secret.txt' was left out: it is encrypted.");
+    EXPECT_EQ(device.NamesIn(L"\\Out\\In"), std::vector<std::wstring>{L"open.txt"});
 }

@@ -1,0 +1,68 @@
+// Archives beyond what 16 and 32 bits can count.
+
+#include "companions/archiver/expansion_limit.h"
+#include "companions/archiver/file.h"
+#include "companions/archiver/zip_reader.h"
+#include "companions/archiver/zip_writer.h"
+#include "tests/archiver/archiver_test.h"
+
+namespace {
+
+using LargeArchives = ArchiverTest;
+
+} // namespace
+
+TEST_F(LargeArchives, HoldMoreThan65535Members) {
+    constexpr int count = 70000;
+    {
+        archiver::File file = archiver::File::Create(archiver::FullPath(L"\\a.zip"));
+        const std::unique_ptr<archiver::ArchiveWriter> writer = archiver::MakeZipWriter(file);
+        for (int number = 0; number < count; ++number)
+            writer->AddFolder(std::to_wstring(number), FILETIME{0, 0x01C00000});
+        writer->Finish();
+    }
+    RunOnHost(
+        "test $(unzip -Z1 a.zip | wc -l) = 70000\n7z t a.zip >../said\ngrep -q 'Folders: 70000' ../said");
+    archiver::File file = archiver::File::OpenToRead(archiver::FullPath(L"\\a.zip"));
+    const std::unique_ptr<archiver::ArchiveReader> reader = archiver::OpenZip(file);
+    int found = 0;
+    for (archiver::ArchiveMember member; reader->Next(member);)
+        ++found;
+    EXPECT_EQ(found, count);
+}
+
+TEST_F(LargeArchives, HoldMembersBeyond4Gigabytes) {
+    device.File(L"\\small.txt", "small");
+    {
+        archiver::File file = archiver::File::Create(archiver::FullPath(L"\\a.zip"));
+        file.Seek(5ull << 30); // a hole, as if another member were there
+        const std::unique_ptr<archiver::ArchiveWriter> writer = archiver::MakeZipWriter(file);
+        archiver::File content = archiver::File::OpenToRead(archiver::FullPath(L"\\small.txt"));
+        writer->AddFile(L"small.txt", content.WriteTime(), content);
+        writer->Finish();
+    }
+    RunOnHost("test \"$(unzip -p a.zip small.txt)\" = small");
+    Extract(Zip, L"\\a.zip", L"\\Out");
+    EXPECT_EQ(device.Content(L"\\Out\\small.txt"), "small");
+}
+
+TEST_F(LargeArchives, HoldFilesOfMoreThan4Gigabytes) {
+    constexpr std::uint64_t size = (4ull << 30) + 12345;
+    device.FileOfSize(L"\\In\\big.bin", size);
+    device.File(L"\\In\\small.txt", "small");
+    Make(Zip, L"\\a.zip", L"", {L"\\In\\*"});
+    RunOnHost("test \"$(unzip -p a.zip In/small.txt)\" = small\n"
+              "unzip -Zl a.zip | grep -q ' 4294979641 .*big.bin'\n"
+              "7z l a.zip | grep -q ' 4294979641 .*big.bin'");
+
+    // It passes the limit of expansion, and the reader checks what it reads.
+    archiver::File file = archiver::File::OpenToRead(archiver::FullPath(L"\\a.zip"));
+    EXPECT_FALSE(archiver::ExpandsTooFar(size, file.Size()));
+    const std::unique_ptr<archiver::ArchiveReader> reader = archiver::OpenZip(file);
+    std::vector<char> block(1 << 20);
+    std::uint64_t found = 0;
+    for (archiver::ArchiveMember member; reader->Next(member);)
+        while (const std::size_t read = reader->Read(block.data(), block.size()))
+            found += read;
+    EXPECT_EQ(found, size + 5);
+}
