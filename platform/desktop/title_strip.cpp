@@ -115,6 +115,8 @@ void ShowTitleOf(HWND window) {
     if (!strip)
         CreateStrip();
     titledWindow = window;
+    // Another program's window may have covered it.
+    SetWindowPos(strip, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     RefreshTitle();
 }
 

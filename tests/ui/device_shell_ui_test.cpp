@@ -7,6 +7,7 @@
 #include <array>
 
 #include "platform/ce_types.h"
+#include "tests/support/other_program.h"
 #include "tests/support/soft_keys.h"
 #include "tests/support/ui_test.h"
 
@@ -99,6 +100,18 @@ TEST_F(DeviceShellUi, TheStripShowsTheProgramsTitle) {
     program.Start();
     EXPECT_EQ(TextOf(TitleStrip()), L"Tarvik File Manager");
     EXPECT_TRUE(IsWindowVisible(TitleStrip()));
+}
+
+TEST_F(DeviceShellUi, StripAndSoftKeysComeForwardWithTheProgram) {
+    program.Start();
+    const POINT onStrip = MiddleOf(PlaceOf(TitleStrip()));
+    const POINT onBar = MiddleOf(PlaceOf(SoftKeyBar()));
+    const OtherProgram other;
+    SetWindowPos(other.Window(), HWND_TOP, 0, 0, width, height, SWP_NOACTIVATE);
+    EXPECT_EQ(WindowFromPoint(onStrip), other.Window());
+    EXPECT_EQ(Program::StartAgain(), 0u);
+    EXPECT_TRUE(Eventually([&] { return WindowFromPoint(onStrip) == TitleStrip(); }));
+    EXPECT_TRUE(Eventually([&] { return WindowFromPoint(onBar) == SoftKeyBar(); }));
 }
 
 // --- The soft keys ---

@@ -17,6 +17,8 @@ class HostProgramsUi : public UiTest {
 
     void Open(const std::wstring& name) {
         program.List().Select(name);
+        WaitFor("for the list to have the keyboard",
+                [&] { return program.IsInFront() && program.ListHasFocus(); });
         PressKey(VK_RETURN);
     }
     static HWND Notepad() { return FindWindowW(L"Notepad", nullptr); }
@@ -26,8 +28,8 @@ class HostProgramsUi : public UiTest {
         return title;
     }
     void ExpectNotepad(const std::wstring& shown) {
-        EXPECT_TRUE(Eventually([&] { return NotepadTitle().find(shown) == 0; }));
-        EXPECT_EQ(NotepadTitle().find(shown), 0u) << "the title is not of " << shown;
+        // Several programs of the host have their part in it.
+        EXPECT_TRUE(HoldsWithin(30000, [&] { return NotepadTitle().find(shown) == 0; }));
     }
 };
 
