@@ -75,6 +75,7 @@ class Device:
             )
         eventually(lambda: self.address or self.process.poll() is not None, 150)
         if not self.address:
+            self.end()
             raise RuntimeError(self.log.read_text())
 
     @property
