@@ -61,11 +61,14 @@ start_screen() {
 # settle MS: waits until the screen has not changed for that long and nothing is at work on it, at most thirty
 # seconds. On a busy machine a program that has yet to paint shows as ready to run.
 settle() {
-    local last='' now quiet=0 tries
-    for ((tries = 0; tries < 600 && quiet < $1; tries++)); do
+    local now last='' begun=${EPOCHREALTIME/./} since=${EPOCHREALTIME/./}
+    while ((${EPOCHREALTIME/./} - begun < 30000000)); do
         now=$(cksum <"$work/Xvfb_screen0")
-        if [[ $now == "$last" ]] && ! at_work; then quiet=$((quiet + 50)); else quiet=0; fi
-        last=$now
+        if [[ $now != "$last" ]] || at_work; then
+            last=$now since=${EPOCHREALTIME/./}
+        elif ((${EPOCHREALTIME/./} - since >= $1 * 1000)); then
+            return
+        fi
         sleep 0.05
     done
 }
