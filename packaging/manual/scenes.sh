@@ -3,7 +3,7 @@
 # The screen is $screen wide and high; `on` changes it.
 
 scenes=(start menus views panes address goto naming context copy delete search properties drag shortcut
-    parameters program archives browser small wide)
+    parameters program archives options browser small wide)
 
 # on WxH: the scenes that follow are on a screen of that size.
 on() {
@@ -189,7 +189,7 @@ scene_properties() {
 scene_drag() {
     on 240x320
     begin '"ContextMenu"=dword:00000001' '\My Documents'
-    drag 160,180 105,50
+    drag 105,180 105,50
     snap drop
 }
 
@@ -224,6 +224,22 @@ scene_archives() {
     begin '\My Documents'
     play ctrl+l text:Ho ctrl+m Down Right Return
     snap extract-to
+}
+
+scene_options() {
+    local page number=0
+    on 240x320
+    begin '\My Documents'
+    play F4
+    snap options
+    play F10
+    snap options-menu
+    play Escape
+    for page in icons font controls compression system-path about; do
+        play F10 $((++number))
+        snap "options-$page"
+        play F1
+    done
 }
 
 scene_browser() {
