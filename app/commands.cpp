@@ -3,6 +3,7 @@
 #include "app/address_bar.h"
 #include "app/folder_refresh.h"
 #include "app/menu_state.h"
+#include "app/options.h"
 #include "app/pane_layout.h"
 #include "app/sticky_keys.h"
 #include "fileops/archives.h"
@@ -364,6 +365,7 @@ constexpr Command commandTable[] = {
     {IDM_VIEW_SIDE, OnToggleBar},
     {IDM_TOOLBAR_HIDE, OnToggleBar},
     {IDM_VIEW_DRAG_DROP, OnToggleDragDrop},
+    {IDM_VIEW_OPTIONS, [](int) { ShowOptions(); }},
 
     {IDM_TOOLBAR_GO_TO, [](int) { GoToTypedAddress(); }},
     {IDM_TOOLBAR_BACK, [](int) { appState.fileList.GoBack(); }},

@@ -74,6 +74,7 @@ struct IconOptions {
     std::uint32_t genericIcons = 0;
     std::uint32_t ownRomIcons = 1;
     std::uint32_t ownArchiveIcons = 1;
+    bool operator==(const IconOptions&) const = default;
 };
 static_assert(sizeof(IconOptions) == 12);
 

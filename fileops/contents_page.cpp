@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr DialogLook look{{230, 231, 112}, IDR_MENUBAR_CONTENTS, false, true};
+constexpr DialogLook look{{230, 231, 112}, IDR_MENUBAR_OK, false, true};
 
 constexpr UINT_PTR countTimer = 1;
 constexpr UINT countPause = 10; // milliseconds; keys and taps come in between

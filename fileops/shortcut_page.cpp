@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr DialogLook look{{232, 233, 113}, IDR_MENUBAR_CONTENTS, true, true};
+constexpr DialogLook look{{232, 233, 113}, IDR_MENUBAR_OK, true, true};
 
 } // namespace
 
