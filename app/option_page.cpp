@@ -4,13 +4,12 @@
 
 void OptionPage::OnCommand(int id, int) {
     switch (id) {
-    case IDM_OPTIONS_OK: {
+    case IDM_OPTIONS_OK:
+    case IDOK: {
         NMHDR apply{Window(), 0, PSN_APPLY};
         SendMessageW(Window(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&apply));
         return End(IDOK);
     }
-    case IDOK:
-        return OnActionKey();
     case IDCANCEL:
         return End(IDCANCEL);
     default:
@@ -46,13 +45,4 @@ void OptionPage::ShowPath(int field, const PathText& path) const {
 
 void OptionPage::ReadPath(int field, PathText& path) const {
     GetDlgItemTextW(Window(), field, path.data(), static_cast<int>(path.size()));
-}
-
-/// The pad's middle key marks a box, as the pad has no other key for it; elsewhere it confirms the page.
-void OptionPage::OnActionKey() {
-    HWND focus = GetFocus();
-    if (focus && (SendMessageW(focus, WM_GETDLGCODE, 0, 0) & DLGC_BUTTON))
-        SendMessageW(focus, BM_CLICK, 0, 0);
-    else
-        OnCommand(IDM_OPTIONS_OK, 0);
 }

@@ -42,7 +42,4 @@ class OptionPage : public DialogFrame {
         for (const OptionBox<Options>& box : boxes)
             options.*box.word = IsChecked(box.box);
     }
-
-  private:
-    void OnActionKey();
 };

@@ -16,8 +16,6 @@ constexpr OptionBox<ListOptions> boxes[] = {
     {IDC_OPEN_ARCHIVES, &ListOptions::openArchivesHere},
 };
 
-constexpr std::uint32_t zipType = 2;
-
 class CompressionPage final : public OptionPage {
   public:
     CompressionPage() : OptionPage(look) {}
@@ -25,21 +23,38 @@ class CompressionPage final : public OptionPage {
   private:
     HWND OnInit() override;
     void TakeOver() override;
+
+    void DisableWhatNoArchiverDoes() const;
 };
 
 HWND CompressionPage::OnInit() {
     const FileList& list = appState.fileList;
     ShowPath(IDC_EXTRACT_FOLDER, list.compressFolder);
     ShowBoxes<ListOptions>(boxes, list.options);
+    Check(IDC_ZIP, list.options.archiveType == static_cast<std::uint32_t>(ArchiveType::Zip));
+    DisableWhatNoArchiverDoes();
     return nullptr;
 }
 
 void CompressionPage::TakeOver() {
     FileList& list = appState.fileList;
     // ZIP is the only kind on offer, whether or not it is marked.
-    list.options.archiveType = zipType;
+    list.options.archiveType = static_cast<std::uint32_t>(ArchiveType::Zip);
     TakeBoxes<ListOptions>(boxes, list.options);
     ReadPath(IDC_EXTRACT_FOLDER, list.compressFolder);
+}
+
+void CompressionPage::DisableWhatNoArchiverDoes() const {
+    const ArchiverAvailability& archivers = appState.archivers;
+    if (!archivers.IsArchiverAvailable(ArchiveType::Zip)) {
+        Check(IDC_ZIP, false);
+        Enable(IDC_ZIP, false);
+    }
+    if (archivers.AnyArchiverAvailable())
+        return;
+    for (const OptionBox<ListOptions>& box : boxes)
+        Enable(box.box, false);
+    Enable(IDC_EXTRACT_FOLDER, false);
 }
 
 } // namespace

@@ -89,7 +89,7 @@ void FontPage::FillNames() const {
     HWND list = Control(IDC_FONT_NAMES);
     AddEntry(list, systemFont);
     HDC context = GetDC(Window());
-    EnumFontsW(context, nullptr, AddFont, reinterpret_cast<LPARAM>(list));
+    ce::EnumFontsW(context, nullptr, AddFont, reinterpret_cast<LPARAM>(list));
     ReleaseDC(Window(), context);
     const LRESULT found = SendMessageW(list, LB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
                                        reinterpret_cast<LPARAM>(appState.settings.fontName.data()));

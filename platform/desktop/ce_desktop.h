@@ -63,6 +63,11 @@ BOOL EventModify(HANDLE event, DWORD function);
 int GetNumberFormatW(LCID locale, DWORD flags, const wchar_t* number, const NUMBERFMTW* format, wchar_t* text,
                      int capacity);
 
+// --- fonts.cpp ---
+
+/// As EnumFontsW; without a name, each typeface is reported once, however many weights the host has of it.
+int EnumFontsW(HDC context, const wchar_t* name, FONTENUMPROCW report, LPARAM parameter);
+
 // --- shortcuts.cpp: the phone's text shortcut files. Any thread. ---
 
 /// Writes `target` as it stands (the caller quotes) to a new shortcut file. Fails when the file exists.

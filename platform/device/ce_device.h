@@ -43,6 +43,7 @@ using ::CreateProcessW;
 using ::CreateWindowExW;
 using ::DeleteAndRenameFile;
 using ::DeleteFileW;
+using ::EnumFontsW;
 using ::EventModify;
 using ::FindClose;
 using ::FindFirstFileW;
