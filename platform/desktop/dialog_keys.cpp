@@ -1,5 +1,6 @@
 // The navigation pad in dialogs. On the phone up and down lead from control to control, and left and right
-// change what a control holds; the desktop's controls keep those keys to themselves.
+// change what a control holds; the desktop's controls keep those keys to themselves. The pad's middle, Return
+// here, presses buttons and marks boxes, as there is no space bar.
 
 #include "platform/ce_api.h"
 #include "platform/desktop/device_shell.h"
@@ -62,5 +63,9 @@ void TakeNavigationKey(MSG* message) {
         message->lParam = FALSE;
     } else if ((key == VK_LEFT || key == VK_RIGHT) && isCombo && control == message->hwnd) {
         message->wParam = key == VK_LEFT ? VK_UP : VK_DOWN;
+    } else if (key == VK_RETURN && IsOfClass(control, WC_BUTTONW)) {
+        message->message = BM_CLICK;
+        message->wParam = 0;
+        message->lParam = 0;
     }
 }

@@ -33,7 +33,7 @@ TEST_F(OptionsCompressionUi, WithAnArchiverAllCanBeChosen) {
                      L"Extract in place", L"Automatic folder creation", L"Always open extract folder",
                      L"Open archives with Tarvik File Manager"}));
     EXPECT_EQ(page.SoftKeys(), (Texts{L"Ok", L"Cancel"}));
-    ExpectGoodLayout(page);
+    ExpectUsable(program, page);
     EXPECT_TRUE(page.Item(IDC_ZIP).IsEnabled());
     EXPECT_TRUE(page.Item(IDC_ZIP).IsChecked());
     EXPECT_EQ(MarkedOf(page, boxes), std::vector<int>{});

@@ -77,7 +77,7 @@ TEST_F(OptionsFontUi, ThePageOffersTheFontsThatAreThere) {
     EXPECT_EQ(page.Item(IDC_CHANGE_FONT).Text(), L"Change the icon font");
     EXPECT_EQ(page.SoftKeys(), (Texts{L"Ok", L"Menu"}));
     EXPECT_EQ(MenuTexts(page), (Texts{L"On Font Change", L"On Type", L"On Size"}));
-    ExpectGoodLayout(page);
+    ExpectUsable(program, page);
 
     const Control names = page.Item(IDC_FONT_NAMES);
     const Texts fonts = EntriesOf(names);

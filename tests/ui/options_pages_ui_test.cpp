@@ -46,7 +46,7 @@ TEST_F(OptionPagesUi, IconsHasThreeBoxes) {
                                         L"Use Tarvik File Manager+ icons for ZIP archives"}));
     EXPECT_EQ(page.SoftKeys(), (Texts{L"Ok", L"Cancel"}));
     EXPECT_EQ(MarkedOf(page, iconBoxes), (std::vector{IDC_ROM_ICONS, IDC_ARCHIVE_ICONS}));
-    ExpectGoodLayout(page);
+    ExpectUsable(program, page);
     ConfirmBoth(page);
 }
 
@@ -103,7 +103,7 @@ TEST_F(OptionPagesUi, ControlsHasFourBoxes) {
                      L"Double Tap Activation", L"Always show a context menu for 'drag and drop'"}));
     EXPECT_EQ(page.SoftKeys(), (Texts{L"Ok", L"Cancel"}));
     EXPECT_EQ(MarkedOf(page, controlBoxes), std::vector{IDC_UP_LEVEL});
-    ExpectGoodLayout(page);
+    ExpectUsable(program, page);
     ConfirmBoth(page);
 }
 
@@ -168,7 +168,7 @@ TEST_F(OptionPagesUi, SystemPathHasThreeFields) {
     EXPECT_EQ(page.TextsShown(), (Texts{L"System Path", L"Start Menu:", L"\\Windows\\Start Menu",
                                         L"Favorites:", L"\\Windows\\Favorites", L"Network:", L"\\Network"}));
     EXPECT_EQ(page.SoftKeys(), (Texts{L"Ok", L"Cancel"}));
-    ExpectGoodLayout(page);
+    ExpectUsable(program, page);
     WaitFor("for the first field", [&] { return HasFocus(page, IDC_START_MENU_PATH); });
     PressKey(VK_DOWN);
     WaitFor("for the next field", [&] { return HasFocus(page, IDC_FAVORITES_PATH); });

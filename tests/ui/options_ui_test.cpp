@@ -22,7 +22,7 @@ TEST_F(OptionsUi, TheFirstPageHasTwoGroupsOfBoxesAndAMenuOfThePages) {
     EXPECT_EQ(MenuTexts(dialog),
               (Texts{L"Icons", L"Font", L"Controls", L"Compression", L"System Path", L"About"}));
     EXPECT_EQ(MarkedOf(dialog, boxes), (std::vector{IDC_HIDE_HIDDEN, IDC_NO_EXTENSION}));
-    ExpectGoodLayout(dialog);
+    ExpectUsable(program, dialog);
     Leave(dialog);
 }
 
@@ -198,7 +198,7 @@ TEST_F(OptionsUi, AboutTellsWhichProgramThisIs) {
     for (const wchar_t* text : {L"Tarvik File Manager", L"Version 1.20 ", L"Build 1.2.0.4688"})
         EXPECT_NE(std::ranges::find(texts, text), texts.end()) << Narrow(text);
     EXPECT_EQ(about.SoftKeys(), Texts{L"Ok"});
-    ExpectGoodLayout(about);
+    ExpectUsable(program, about);
     PressBack();
     about.WaitUntilClosed();
     about = OpenPage(IDM_OPTIONS_ABOUT, L"About");
