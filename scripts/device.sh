@@ -3,9 +3,11 @@
 # registry. The folder is drive e: of the prefix; links at its root are storage cards.
 
 readonly image=$house/platform/desktop/image
-readonly program_files=("$house"/build/desktop/{TarvikFileManager.exe,UNZip.dll})
+built=$house/build/desktop
+! is_installed || built=$house/program
+readonly program_files=("$built"/{TarvikFileManager.exe,UNZip.dll})
 readonly program_folder='Program Files/Tarvik File Manager'
-data=${XDG_DATA_HOME:-$HOME/.local/share}/tarvik-file-manager
+data=${XDG_DATA_HOME:-$HOME/.local/share}/$package
 
 # Quiet, without offers to download Mono or Gecko, and without touching the desktop's menus.
 export WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES='mscoree=;mshtml=;winemenubuilder.exe=d'
@@ -138,6 +140,7 @@ find_folder() {
 start_program() {
     local argument=()
     [[ -z $folder ]] || argument=("$folder")
+    # shellcheck disable=SC2154  # the caller's
     WINEPREFIX=$prefix exec setsid wine explorer "/desktop=phone${1:+,$1}" \
         "E:\\${program_folder//\//\\}\\TarvikFileManager.exe" ${argument[@]+"${argument[@]}"} \
         >/dev/null 2>&1 </dev/null 9>&-

@@ -1,9 +1,22 @@
 # shellcheck shell=bash
-# What ./run, ./test and ./lint share: how they talk, and how they get the tools they need.
+# What ./run, ./test, ./lint and ./package share: how they talk, and how they get the tools they need.
 
 # The project's own folder, wherever the script was called from.
 house=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd -P)
 readonly house
+
+# What the packages and the command they install are called.
+readonly package=tarvik-file-manager
+
+# is_installed: whether this is the house as ./package lays it, with its program ready and nothing to build.
+is_installed() {
+    [[ -d $house/program ]]
+}
+
+# product_version: as the program itself has it, "1.20".
+product_version() {
+    sed -n 's/.*VALUE "ProductVersion", "\(.*\)"/\1/p' "$house/resources/version.rc"
+}
 
 # File names outside ASCII need a UTF-8 locale; the pictures and tests the same one everywhere.
 export LC_ALL=C.UTF-8
@@ -47,6 +60,7 @@ declare -rA package_of=(
     [clang-tidy]=clang-tidy
     [cmake]=cmake
     [cppcheck]=cppcheck
+    [dpkg-deb]=dpkg
     [dpkg-source]=dpkg-dev
     [import]=imagemagick
     [lha]=lhasa
@@ -105,6 +119,7 @@ need() {
 
 install_packages() {
     local packages="$*" as_root=() log
+    ! is_installed || fail "these packages are missing: $packages" "Install them: sudo apt install $packages"
     has apt-get || fail "these packages are missing and there is no apt-get: $packages" \
         "Install them by your system's own means (the scripts are made for Debian 12)"
     if ((EUID != 0)); then
