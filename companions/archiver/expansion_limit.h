@@ -17,4 +17,10 @@ constexpr bool ExpandsTooFar(std::uint64_t expanded, std::uint64_t size) {
     return expanded > freeExpansion && expanded / largestExpansion > size;
 }
 
+/// Whether an archive in the making comes so near to the limit that it must be packed less well: a huge file
+/// of nothing but zeros packs to a thousandth, and must not look like a trap when it is extracted.
+constexpr bool PacksTooWell(std::uint64_t content, std::uint64_t size) {
+    return content > freeExpansion / 2 && content / (largestExpansion / 2) > size;
+}
+
 } // namespace archiver

@@ -124,6 +124,11 @@ std::uint64_t File::Position() const {
     return static_cast<std::uint64_t>(position.QuadPart);
 }
 
+void File::CutOff() {
+    if (!SetEndOfFile(handle_))
+        FailBySystem(L"'" + DisplayPath(path_) + L"' cannot be written");
+}
+
 std::uint64_t File::Size() const {
     LARGE_INTEGER size{};
     GetFileSizeEx(handle_, &size);

@@ -52,6 +52,8 @@ class File {
     void Write(const void* bytes, std::size_t size);
     void Seek(std::uint64_t position);
     std::uint64_t Position() const;
+    /// The file ends here from now on.
+    void CutOff();
     std::uint64_t Size() const;
     FILETIME WriteTime() const;
     void SetWriteTime(const FILETIME& time);

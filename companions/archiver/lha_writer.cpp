@@ -4,7 +4,9 @@
 #include <vector>
 
 #include "companions/archiver/crc16.h"
+#include "companions/archiver/expansion_limit.h"
 #include "companions/archiver/failure.h"
+#include "companions/archiver/lh5_packer.h"
 #include "companions/archiver/lha_header.h"
 #include "companions/archiver/member_names.h"
 
@@ -24,14 +26,21 @@ class LhaWriter : public ArchiveWriter {
         Write(LhaHeader(Begin("-lhd-", name, time)));
     }
     void AddFile(const std::wstring& name, const FILETIME& time, File& content) override;
-    void Finish() override { Write(std::string(1, '\0')); }
+    void Finish() override {
+        Write(std::string(1, '\0'));
+        archive_.CutOff(); // a member may have been longer when it was packed
+    }
 
   private:
     static LhaMember Begin(std::string_view method, const std::wstring& name, const FILETIME& time);
+    bool Pack(LhaMember& member, File& content);
+    void Store(LhaMember& member, File& content);
+    std::size_t ReadBlock(LhaMember& member, File& content);
     void Write(const std::string& bytes) { archive_.Write(bytes.data(), bytes.size()); }
 
     File& archive_;
     std::vector<char> block_;
+    std::uint64_t totalSize_ = 0;
 };
 
 LhaMember LhaWriter::Begin(std::string_view method, const std::wstring& name, const FILETIME& time) {
@@ -44,22 +53,54 @@ LhaMember LhaWriter::Begin(std::string_view method, const std::wstring& name, co
 }
 
 void LhaWriter::AddFile(const std::wstring& name, const FILETIME& time, File& content) {
-    LhaMember member = Begin("-lh0-", name, time);
+    LhaMember member = Begin("-lh5-", name, time);
     const std::uint64_t place = archive_.Position();
-    Write(LhaHeader(member)); // a first one, for its room
-    std::uint64_t size = 0;
-    while (const std::size_t read = content.Read(block_.data(), block_.size())) {
-        size += read;
-        if (size > largestFile)
-            throw Failure(L"'" + name + L"' is larger than 4 GB, which an LHA archive cannot hold");
-        member.check = Crc16(member.check, block_.data(), read);
-        archive_.Write(block_.data(), read);
+    const std::string room = LhaHeader(member);
+    Write(room);
+    if (!Pack(member, content)) {
+        archive_.Seek(place + room.size());
+        content.Seek(0);
+        Store(member, content);
     }
-    member.size = member.packedSize = static_cast<std::uint32_t>(size);
+    totalSize_ += member.size;
     const std::uint64_t end = archive_.Position();
     archive_.Seek(place);
     Write(LhaHeader(member));
     archive_.Seek(end);
+}
+
+/// The next bytes of the content, which the member's size and check then count in.
+std::size_t LhaWriter::ReadBlock(LhaMember& member, File& content) {
+    const std::size_t read = content.Read(block_.data(), block_.size());
+    if (read > largestFile - member.size)
+        throw Failure(L"'" + DecodeName(member.name, CP_UTF8).value_or(L"") +
+                      L"' is larger than 4 GB, which an LHA archive cannot hold");
+    member.size += static_cast<std::uint32_t>(read);
+    member.check = Crc16(member.check, block_.data(), read);
+    return read;
+}
+
+/// False when it is better not packed: it would not be smaller, or too much so.
+bool LhaWriter::Pack(LhaMember& member, File& content) {
+    const std::uint64_t start = archive_.Position();
+    Lh5Packer packer;
+    while (const std::size_t read = ReadBlock(member, content))
+        Write(packer.Pack(block_.data(), read));
+    Write(packer.Finish());
+    const std::uint64_t packed = archive_.Position() - start;
+    if (packed >= member.size || PacksTooWell(totalSize_ + member.size, archive_.Position()))
+        return false;
+    member.packedSize = static_cast<std::uint32_t>(packed);
+    return true;
+}
+
+void LhaWriter::Store(LhaMember& member, File& content) {
+    member.method = "-lh0-";
+    member.size = 0;
+    member.check = 0;
+    while (const std::size_t read = ReadBlock(member, content))
+        archive_.Write(block_.data(), read);
+    member.packedSize = member.size;
 }
 
 } // namespace

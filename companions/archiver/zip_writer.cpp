@@ -185,12 +185,9 @@ void ZipWriter::Deflate(int flush, Member& member) {
     } while (deflater_.avail_out == 0);
 }
 
-/// A huge file of nothing but zeros packs to a thousandth, which looks like a trap when it is extracted. As
-/// soon as an archive comes near, its members are packed less well.
+/// Changes over to packing less well when the archive packs too well, and back.
 void ZipWriter::KeepExpansionHonest(Member& member) {
-    const bool tooGood =
-        totalSize_ > freeExpansion / 2 && totalSize_ / (largestExpansion / 2) > archive_.Position();
-    const int wanted = tooGood ? Z_HUFFMAN_ONLY : Z_DEFAULT_STRATEGY;
+    const int wanted = PacksTooWell(totalSize_, archive_.Position()) ? Z_HUFFMAN_ONLY : Z_DEFAULT_STRATEGY;
     if (wanted == strategy_)
         return;
     Deflate(Z_BLOCK, member);

@@ -148,3 +148,40 @@ TEST_F(ArchiverInterchange, AnEncryptedZipIsSaidToBe) {
     EXPECT_EQ(answer.text, L"1 of 2 files were extracted.\n'In/secret.txt' was left out: it is encrypted.");
     EXPECT_EQ(device.NamesIn(L"\\Out\\In"), std::vector<std::wstring>{L"open.txt"});
 }
+
+TEST_F(ArchiverInterchange, WhatWePackForLhaIsUnpackedAlikeByAll) {
+    RunOnHost(R"sh(/usr/bin/python3 - <<'END'
+import os, random
+os.mkdir('In')
+random.seed(5)
+def write(name, content):
+    open('In/' + name, 'wb').write(content)
+for size in list(range(0, 20)) + [255, 256, 257, 258, 8190, 8191, 8192, 8193, 262143, 262144, 262145]:
+    write(f'one-{size}', b'a' * size)
+    write(f'two-{size}', bytes(random.choice(b'ab') for _ in range(size)))
+write('all', bytes(range(256)) * 300)
+write('skewed', bytes(min(255, int(random.expovariate(0.5))) for _ in range(400000)))
+write('far', b''.join(bytes([n % 251]) + random.randbytes(8187 + n % 7) + b'repeated here ' for n in range(90)))
+fibonacci, a, b = b'', 1, 1
+for symbol in range(22):
+    fibonacci += bytes([symbol]) * a
+    a, b = b, a + b
+write('fibonacci', bytes(random.sample(fibonacci, len(fibonacci))))
+words = [bytes(random.choice(b'abcdefghij') for _ in range(random.randrange(2, 9))) for _ in range(500)]
+write('words', b' '.join(random.choice(words) for _ in range(150000)))
+write('noise', random.randbytes(500000))
+END)sh");
+    Make(Lha, L"\\a.lzh", L"", {L"\\In\\*"});
+    RunOnHost("lha tq a.lzh; lha xqw=Lhasa a.lzh; diff -r In Lhasa/In; 7z t a.lzh; 7z x -o7z a.lzh; diff -r "
+              "In 7z/In\n"
+              "lha v a.lzh | grep -q ' -lh5- .*In/words'; lha v a.lzh | grep -q ' -lh0- .*In/noise'");
+    Extract(Lha, L"\\a.lzh", L"\\Out");
+    RunOnHost("diff -r In Out/In");
+}
+
+TEST_F(ArchiverInterchange, AnLhaOfZerosIsNoTrap) {
+    device.FileOfSize(L"\\In\\zeros.bin", 100 << 20);
+    Make(Lha, L"\\a.lzh", L"", {L"\\In\\*"});
+    Extract(Lha, L"\\a.lzh", L"\\Out");
+    RunOnHost("cmp In/zeros.bin Out/In/zeros.bin");
+}
