@@ -108,6 +108,9 @@ check_deb() {
     expect "a second start is taken" env HOME="$home" "$command" '\Windows' 2>"$work/second.log"
     expect "the device that runs takes it" holds "$(<"$work/second.log")" 'running already'
     expect "it shows the folder" eventually picture_differs "$before"
+    HOME=$home TARVIK_MENU=yes serve "$command" --screen 320x240
+    expect "the menu entry tells of failures in a window" await_window "$window failed" "${services[-1]}"
+    stop_service "${services[-1]}"
     settle 400
     play ctrl+q
     expect "the command ends with the program" eventually ended "$first"
@@ -130,7 +133,8 @@ check_zip() {
     expect "the zip is unpacked" unzip -q "$1" -d "$place" || return
     top=$place/$(basename "$1" .zip)
     device=$top/device
-    expect "the licenses are there" test -s "$top/LICENSE.txt" -a -s "$device/Program Files/$window/UNZip licenses.txt"
+    expect "its license is there" test -s "$top/LICENSE.txt"
+    expect "those of the libraries are there" test -s "$device/Program Files/$window/Licenses of libraries.txt"
     expect "the manual is there" test -s "$device/Windows/File Manager_user_manual.htm"
     expect "the texts are filled in" test -z "$(grep -l @ "$top"/*.txt)"
 
