@@ -164,12 +164,13 @@ configure() {
     log_run "$1" cmake --preset "$1"
 }
 
-# log_run PRESET COMMAND...: runs a step of the build, its output into build/PRESET.log.
+# log_run PRESET COMMAND...: runs a step of the build, its output into build/PRESET.log. One at a time: the tests
+# start what builds, too.
 log_run() {
     local log=$house/build/$1.log
     shift
     mkdir -p "$house/build" 2>/dev/null || fail "cannot write to $house/build" "Give yourself the right to, or clone afresh"
-    (cd "$house" && "$@") >"$log" 2>&1 </dev/null || {
+    (flock 6 && cd "$house" && "$@" >"$log" 2>&1 </dev/null 6>&-) 6>"$house/build/lock" || {
         tail -n 30 "$log" >&2
         fail "building failed" "See the lines above (all of it: $log); after moving the folder: rm -r build"
     }
