@@ -6,6 +6,7 @@ house=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd -P)
 readonly house
 
 # What the packages and the command they install are called.
+# shellcheck disable=SC2034  # not every script needs it
 readonly package=tarvik-file-manager
 
 # is_installed: whether this is the house as ./package lays it, with its program ready and nothing to build.
