@@ -105,7 +105,7 @@ def _pass_input(page, phone):
             return False
         try:
             phone.sendall(message)
-        except BrokenPipeError:
+        except ConnectionError:
             return True  # reading from it tells the end
         if not page.pending():
             return True
