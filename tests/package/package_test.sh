@@ -90,7 +90,7 @@ check_deb() {
     command=$place/usr/bin/$package
     expect "the version is told" test "$("$command" --version)" = "$window $product"
     expect "its own name is told" holds "$("$command" --help)" "  $package [--screen"
-    for option in $("$command" --help | grep -o -- '--[a-z]*' | sort -u); do
+    for option in $("$command" --help | grep -o -- '--[a-z-]*[a-z]' | sort -u); do
         expect "the man page tells of $option" \
             holds "$(zcat "$place/usr/share/man/man1/$package.1.gz" | tr -d '\\')" "$option"
     done
@@ -108,7 +108,7 @@ check_deb() {
     expect "a second start is taken" env HOME="$home" "$command" '\Windows' 2>"$work/second.log"
     expect "the device that runs takes it" holds "$(<"$work/second.log")" 'running already'
     expect "it shows the folder" eventually picture_differs "$before"
-    HOME=$home TARVIK_MENU=yes serve "$command" --screen 320x240
+    HOME=$home serve "$command" --from-menu --screen 320x240
     expect "the menu entry tells of failures in a window" await_window "$window failed" "${services[-1]}"
     stop_service "${services[-1]}"
     settle 400
