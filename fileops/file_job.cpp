@@ -11,7 +11,7 @@ constexpr UINT_PTR idleTimer = 1;
 constexpr UINT idlePeriod = 10000; // milliseconds
 
 /// Shorter than what an eye can follow, long against the time of a small file.
-constexpr DWORD showInterval = 50; // milliseconds
+constexpr DWORD showInterval = 100; // milliseconds
 
 } // namespace
 

@@ -76,55 +76,57 @@ MoverResult FileMover::WriteBlocks(HANDLE from, HANDLE to) {
     }
 }
 
-/// Copies to a name that nothing has; what a failure leaves of the copy goes again.
-MoverResult FileMover::CopyContents(const wchar_t* source, const WIN32_FIND_DATAW& found,
-                                    const wchar_t* target) {
-    const FileHandle from(CreateFileW(source, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                      OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+/// Copies to a name that nothing has, and gives the copy its last name when there is one. What a failure
+/// leaves of the copy goes again.
+MoverResult FileMover::CopyContents(const Path& source, const WIN32_FIND_DATAW& found, const Path& target,
+                                    const Path* lastName) {
+    const FileHandle from(CreateFileW(source.Text(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                      nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!from)
         return MoverResult::Failed;
-    FileHandle to(CreateFileW(target, GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+    FileHandle to(CreateFileW(target.Text(), ce::movableAccess, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL,
+                              nullptr));
     if (!to)
-        return ce::GetFileAttributesW(target) != INVALID_FILE_ATTRIBUTES ? MoverResult::Exists
-                                                                         : MoverResult::Failed;
-    const MoverResult result = WriteBlocks(from.Get(), to.Get());
+        return Exists(target.Text()) ? MoverResult::Exists : MoverResult::Failed;
+    MoverResult result = WriteBlocks(from.Get(), to.Get());
     if (result == MoverResult::Done)
         SetFileTime(to.Get(), nullptr, nullptr, &found.ftLastWriteTime);
+    if (result == MoverResult::Done && lastName &&
+        !ce::MoveAndCloseFile(to.Release(), target.Text(), lastName->Text()))
+        result = MoverResult::Failed;
     to.Reset();
+    const Path& place = lastName ? *lastName : target;
     if (result != MoverResult::Done)
-        Discard(target);
+        Discard(target.Text());
     else if (found.dwFileAttributes & keptAttributes)
-        ce::SetFileAttributesW(target, found.dwFileAttributes & (keptAttributes | FILE_ATTRIBUTE_ARCHIVE));
+        ce::SetFileAttributesW(place.Text(),
+                               found.dwFileAttributes & (keptAttributes | FILE_ATTRIBUTE_ARCHIVE));
     return result;
 }
 
+/// The copy grows under another name: whatever ends the program meanwhile, no part of a file has its name.
 MoverResult FileMover::CopyAside(const Path& source, const WIN32_FIND_DATAW& found, const Path& target,
-                                 Path& aside) {
+                                 const Path* lastName, Path& aside) {
     for (int number = 0; number < asideNames && NameAside(target, number, aside); ++number) {
-        const MoverResult result = CopyContents(source.Text(), found, aside.Text());
+        const MoverResult result = CopyContents(source, found, aside, lastName);
         if (result != MoverResult::Exists)
             return result;
     }
     return MoverResult::Failed;
 }
 
-/// The copy grows under another name: whatever ends the program meanwhile, no part of a file has its name.
 MoverResult FileMover::Copy(const Path& source, const WIN32_FIND_DATAW& found, const Path& target) {
     if (Exists(target.Text()))
         return MoverResult::Exists;
     Path aside;
-    if (!NameAside(target, 0, aside)) // only the target's own name is short enough
-        return CopyContents(source.Text(), found, target.Text());
-    const MoverResult result = CopyAside(source, found, target, aside);
-    if (result != MoverResult::Done || MoveFileW(aside.Text(), target.Text()))
-        return result;
-    Discard(aside.Text());
-    return MoverResult::Failed;
+    const bool fits = NameAside(target, 0, aside); // or only the target's own name is short enough
+    return fits ? CopyAside(source, found, target, &target, aside)
+                : CopyContents(source, found, target, nullptr);
 }
 
 MoverResult FileMover::CopyOver(const Path& source, const WIN32_FIND_DATAW& found, const Path& target) {
     Path aside;
-    const MoverResult result = CopyAside(source, found, target, aside);
+    const MoverResult result = CopyAside(source, found, target, nullptr, aside);
     DWORD error = ERROR_SUCCESS;
     if (result != MoverResult::Done || TakePlace(aside, target, &error))
         return result;

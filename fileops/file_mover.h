@@ -38,9 +38,11 @@ class FileMover {
     MoverResult MoveOver(const Path& source, const WIN32_FIND_DATAW& found, const Path& target);
 
   private:
-    MoverResult CopyContents(const wchar_t* source, const WIN32_FIND_DATAW& found, const wchar_t* target);
+    MoverResult CopyContents(const Path& source, const WIN32_FIND_DATAW& found, const Path& target,
+                             const Path* lastName);
     MoverResult WriteBlocks(HANDLE from, HANDLE to);
-    MoverResult CopyAside(const Path& source, const WIN32_FIND_DATAW& found, const Path& target, Path& aside);
+    MoverResult CopyAside(const Path& source, const WIN32_FIND_DATAW& found, const Path& target,
+                          const Path* lastName, Path& aside);
 
     CopyWatch& watch_;
     std::unique_ptr<std::byte[]> block_;

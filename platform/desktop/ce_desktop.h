@@ -42,6 +42,12 @@ BOOL MoveFileW(const wchar_t* from, const wchar_t* to);
 /// moment. From one volume to another it fails with ERROR_NOT_SAME_DEVICE.
 BOOL DeleteAndRenameFile(const wchar_t* to, const wchar_t* from);
 
+/// What a file is created with that MoveAndCloseFile is to have.
+constexpr DWORD movableAccess = GENERIC_WRITE | DELETE;
+
+/// Closes the file `from`, which was created here, and gives it the free name `to` on the same volume.
+BOOL MoveAndCloseFile(HANDLE file, const wchar_t* from, const wchar_t* to);
+
 // --- shell.cpp ---
 
 DWORD_PTR SHGetFileInfo(const wchar_t* path, DWORD attributes, SHFILEINFOW* info, UINT size, UINT flags);

@@ -35,6 +35,13 @@ BOOL SHGetSpecialFolderPath(HWND owner, wchar_t* path, int folder, BOOL create);
 }
 
 namespace ce {
+constexpr DWORD movableAccess = GENERIC_WRITE;
+
+inline BOOL MoveAndCloseFile(HANDLE file, const wchar_t* from, const wchar_t* to) {
+    CloseHandle(file);
+    return ::MoveFileW(from, to);
+}
+
 using ::CommandBar_Create;
 using ::CommandBar_Height;
 using ::CommandBar_InsertComboBox;
