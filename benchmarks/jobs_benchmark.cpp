@@ -210,7 +210,7 @@ void ReportGrowth(const char* what, Round round) {
     const double empty = TimesWith(0, 5, round).own;
     const Times few = TimesWith(1'000 / filesPerFolder, 10, round);
     const Times many = TimesWith(50'000 / filesPerFolder, 2, round);
-    ReportRatio(what, (many.own - empty) / many.bare / ((few.own - empty) / few.bare), 1.15);
+    ReportRatio(what, (many.own - empty) / many.bare / ((few.own - empty) / few.bare), 1.25);
 }
 
 } // namespace
