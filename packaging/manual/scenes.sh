@@ -165,7 +165,7 @@ scene_delete() {
 scene_search() {
     on 240x320
     begin
-    play ctrl+f text:.txt Tab Tab Tab Tab Tab space Tab Down Down Down Down Tab Right 5 Right 1 Right 2 0 0 6 Tab
+    play ctrl+f text:.txt Tab Tab Tab Tab Tab space Tab Right Right Right Right Tab Right 5 Right 1 Right 2 0 0 6 Tab
     snap search
     play F1
     snap search-results
