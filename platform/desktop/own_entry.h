@@ -11,5 +11,6 @@ HANDLE OpenOwnEntry(const wchar_t* path);
 /// Deletes what OpenOwnEntry opened, with the handle's closing.
 BOOL DeleteOwnEntry(HANDLE entry);
 
-/// Gives it, or any open file that may be renamed, a new path, in the place of a file there only when that is to be replaced. Fails between volumes.
+/// Gives it, or any open file that may be renamed, a new path, in the place of a file there only when that is
+/// to be replaced. Fails between volumes.
 BOOL RenameOwnEntry(HANDLE entry, const wchar_t* to, bool replace);
