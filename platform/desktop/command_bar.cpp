@@ -42,20 +42,10 @@ LRESULT CALLBACK BarProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam
     return DefWindowProcW(window, message, wParam, lParam);
 }
 
-void RegisterBarClass() {
-    WNDCLASSW windowClass{};
-    windowClass.lpfnWndProc = BarProc;
-    windowClass.hInstance = ShellInstance();
-    windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-    windowClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
-    windowClass.lpszClassName = BAR_CLASS;
-    RegisterClassW(&windowClass);
-}
-
 } // namespace
 
 HWND ce::CommandBar_Create(HINSTANCE, HWND parent, int id) {
-    RegisterBarClass();
+    RegisterShellClass(BAR_CLASS, BarProc, GetSysColorBrush(COLOR_BTNFACE));
     RECT area{};
     GetClientRect(parent, &area);
     return ::CreateWindowExW(WS_EX_CONTROLPARENT, BAR_CLASS, nullptr, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN,

@@ -17,6 +17,9 @@ void StartDeviceShell(HINSTANCE instance);
 /// The module that the shell's window classes belong to.
 HINSTANCE ShellInstance();
 
+/// Registers a class of the shell's own windows. A second call does nothing.
+void RegisterShellClass(const wchar_t* name, WNDPROC procedure, HBRUSH background = nullptr);
+
 /// The heights of the title strip and of the soft-key bar on this screen.
 BarHeights ShellBarHeights();
 

@@ -263,17 +263,8 @@ LRESULT CALLBACK BarProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam
     return DefWindowProcW(window, message, wParam, lParam);
 }
 
-void RegisterBarClass() {
-    WNDCLASSW windowClass{};
-    windowClass.lpfnWndProc = BarProc;
-    windowClass.hInstance = ShellInstance();
-    windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-    windowClass.lpszClassName = BAR_CLASS;
-    RegisterClassW(&windowClass);
-}
-
 HWND CreateBarWindow(HWND parent) {
-    RegisterBarClass();
+    RegisterShellClass(BAR_CLASS, BarProc);
     return ::CreateWindowExW(WS_EX_NOACTIVATE | WS_EX_TOOLWINDOW, BAR_CLASS, nullptr, WS_POPUP, 0,
                              WorkArea().bottom, GetSystemMetrics(SM_CXSCREEN), ShellBarHeights().softKeys,
                              RootOf(parent), nullptr, ShellInstance(), nullptr);

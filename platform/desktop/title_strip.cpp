@@ -91,13 +91,7 @@ LRESULT CALLBACK StripProc(HWND window, UINT message, WPARAM wParam, LPARAM lPar
 }
 
 void CreateStrip() {
-    WNDCLASSW windowClass{};
-    windowClass.lpfnWndProc = StripProc;
-    windowClass.hInstance = ShellInstance();
-    windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-    windowClass.lpszClassName = STRIP_CLASS;
-    RegisterClassW(&windowClass);
-
+    RegisterShellClass(STRIP_CLASS, StripProc);
     strip = CreateWindowExW(WS_EX_NOACTIVATE | WS_EX_TOOLWINDOW, STRIP_CLASS, nullptr, WS_POPUP, 0, 0,
                             GetSystemMetrics(SM_CXSCREEN), ShellBarHeights().titleStrip, nullptr, nullptr,
                             ShellInstance(), nullptr);

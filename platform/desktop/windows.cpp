@@ -108,6 +108,16 @@ HINSTANCE ShellInstance() {
     return shellInstance;
 }
 
+void RegisterShellClass(const wchar_t* name, WNDPROC procedure, HBRUSH background) {
+    WNDCLASSW windowClass{};
+    windowClass.lpfnWndProc = procedure;
+    windowClass.hInstance = shellInstance;
+    windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    windowClass.hbrBackground = background;
+    windowClass.lpszClassName = name;
+    RegisterClassW(&windowClass);
+}
+
 BarHeights ShellBarHeights() {
     return BarHeightsOn(GetSystemMetrics(SM_CYSCREEN), GetSystemMetrics(SM_CYMENU));
 }
