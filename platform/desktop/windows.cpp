@@ -8,6 +8,7 @@ HINSTANCE shellInstance;
 constexpr UINT_PTR FOLLOW_ID = 1;
 constexpr UINT_PTR CHILD_ID = 2;
 constexpr wchar_t FILLS_WORK_AREA[] = L"TarvikFillsWorkArea";
+constexpr UINT UM_RENEW_MESSAGE_TIME = WM_APP;
 
 /// A window that fills the work area does so as well when it is maximised.
 void MaximizeToWorkArea(MINMAXINFO* limits) {
@@ -74,6 +75,17 @@ void OnWindowMade(HWND window, const CREATESTRUCTW& made) {
         SetWindowSubclass(window, ChildProc, CHILD_ID, 0);
 }
 
+/// Wine asks the X server for the keyboard with the time of the message that this thread fetched last. The
+/// server refuses who comes with an older time than the one who has it, and a program that another one brings
+/// to the front may have fetched nothing since that one came: so it fetches a message of its own now. What
+/// others have sent to its windows is answered on the way.
+void RenewMessageTime() {
+    const HWND threadItself = reinterpret_cast<HWND>(-1);
+    MSG message;
+    PostThreadMessageW(GetCurrentThreadId(), UM_RENEW_MESSAGE_TIME, 0, 0);
+    PeekMessageW(&message, threadItself, UM_RENEW_MESSAGE_TIME, UM_RENEW_MESSAGE_TIME, PM_REMOVE);
+}
+
 LRESULT CALLBACK OnWindowEvent(int code, WPARAM wParam, LPARAM lParam) {
     HWND window = reinterpret_cast<HWND>(wParam);
     switch (code) {
@@ -81,6 +93,8 @@ LRESULT CALLBACK OnWindowEvent(int code, WPARAM wParam, LPARAM lParam) {
         OnWindowMade(window, *reinterpret_cast<const CBT_CREATEWNDW*>(lParam)->lpcs);
         break;
     case HCBT_ACTIVATE:
+        if (InSendMessageEx(nullptr) != ISMEX_NOSEND)
+            RenewMessageTime();
         if (IsTitleStrip(window) || IsMenuBar(window))
             break;
         FollowWindow(window);
