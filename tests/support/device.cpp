@@ -4,6 +4,7 @@
 #include <memory>
 #include <stdexcept>
 
+#include "tests/support/file_places.h"
 #include "tests/support/host.h"
 #include "tests/support/text.h"
 
@@ -25,10 +26,6 @@ std::string HostParent(const std::string& name) {
 }
 
 constexpr DWORD shared = FILE_SHARE_READ | FILE_SHARE_WRITE;
-
-std::wstring FolderOf(const std::wstring& path) {
-    return path.substr(0, path.rfind(L'\\'));
-}
 
 } // namespace
 

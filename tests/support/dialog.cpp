@@ -5,6 +5,7 @@
 
 #include <commctrl.h>
 
+#include "resources/resource.h"
 #include "tests/support/live_window.h"
 #include "tests/support/soft_keys.h"
 #include "tests/support/waiting.h"
@@ -112,8 +113,20 @@ std::vector<std::wstring> Dialog::SoftKeys() const {
     return SoftKeyTexts(window_);
 }
 
+Menu Dialog::SoftKeyMenu() const {
+    return ReadMenu(window_, SoftKeyPopup(window_, IDM_SOFTKEY_MENU));
+}
+
 void Dialog::Command(int id) {
     PostMessageW(window_, WM_COMMAND, id, 0);
+}
+
+void Dialog::Mark(int box, bool marked) {
+    Control control = Item(box);
+    if (control.IsChecked() == marked)
+        return;
+    control.Click();
+    WaitFor("for a box to change", [&] { return control.IsChecked() == marked; });
 }
 
 void Dialog::WaitUntilClosed() {

@@ -6,6 +6,8 @@
 
 #include <windows.h>
 
+#include "tests/support/menu.h"
+
 /// One control, or any window, by its handle.
 class Control {
   public:
@@ -51,8 +53,12 @@ class Dialog {
 
     /// The texts on its soft keys.
     std::vector<std::wstring> SoftKeys() const;
+    /// The menu of its soft key, as it stands.
+    Menu SoftKeyMenu() const;
     /// Gives the dialog a command, as its soft keys and buttons do. Does not wait for what it starts.
     void Command(int id);
+    /// Marks a check box, or takes its mark away, by a click.
+    void Mark(int box, bool marked = true);
     void WaitUntilClosed();
 
   private:

@@ -29,11 +29,6 @@ bool Overlap(const RECT& one, const RECT& other) {
     return IntersectRect(&common, &one, &other);
 }
 
-bool IsWithin(const RECT& inner, const RECT& outer) {
-    return inner.left >= outer.left && inner.top >= outer.top && inner.right <= outer.right &&
-           inner.bottom <= outer.bottom;
-}
-
 /// The size of a text in the control's font when it may be `width` pixels wide.
 SIZE Measure(HWND control, const std::wstring& text, LONG width, UINT format) {
     const LOGFONTW description = FontOf(control);
@@ -147,7 +142,7 @@ Texts LayoutFlaws(const Dialog& dialog) {
     for (auto control = controls.begin(); control != controls.end(); ++control) {
         const RECT place = PlaceOf(*control);
         const std::wstring name = NameOf(*control);
-        if (!IsWithin(place, dialog.Place()))
+        if (!LiesWithin(place, dialog.Place()))
             flaws.push_back(name + L" is not all on the dialog");
         if (Overlap(place, keys))
             flaws.push_back(name + L" is under the soft keys");

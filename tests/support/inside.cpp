@@ -3,6 +3,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "tests/support/file_places.h"
 #include "tests/support/live_window.h"
 #include "tests/support/probe/probe.h"
 #include "tests/support/text.h"
@@ -12,10 +13,7 @@ namespace {
 constexpr DWORD threadPatience = 10000; // milliseconds
 
 std::wstring ProbePath() {
-    wchar_t path[MAX_PATH];
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    std::wstring text = path;
-    return text.substr(0, text.rfind(L'\\') + 1) + L"test_probe.dll";
+    return BesideTests(L"test_probe.dll");
 }
 
 /// Runs a function of the program's address space in the program and returns its result.

@@ -5,23 +5,13 @@
 
 #include <windows.h>
 
+#include "tests/support/file_places.h"
 #include "tests/support/text.h"
 
 namespace {
 
 std::wstring BesideProgram(const std::wstring& name) {
     return L"\\Program Files\\Tarvik File Manager\\" + name;
-}
-
-std::wstring FolderOf(const std::wstring& path) {
-    return path.substr(0, path.rfind(L'\\'));
-}
-
-/// The folder of the tests' own executables.
-std::wstring TestsFolder() {
-    wchar_t path[MAX_PATH];
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    return FolderOf(path);
 }
 
 void Put(const std::wstring& library, const std::wstring& name) {
@@ -32,7 +22,7 @@ void Put(const std::wstring& library, const std::wstring& name) {
 } // namespace
 
 LibraryStandIn::LibraryStandIn(const std::wstring& name) : path_(BesideProgram(name)) {
-    Put(TestsFolder() + L"\\test_library.dll", name);
+    Put(BesideTests(L"test_library.dll"), name);
 }
 
 void LibraryStandIn::Answer(int result, const std::wstring& text) {
@@ -65,11 +55,11 @@ void LibraryStandIn::Forget() {
 }
 
 void PutLibraryWithoutFunctions(const std::wstring& name) {
-    Put(TestsFolder() + L"\\test_probe.dll", name);
+    Put(BesideTests(L"test_probe.dll"), name);
 }
 
 void PutBuiltArchiver() {
-    Put(FolderOf(TestsFolder()) + L"\\UNZip.dll", L"UNZip.dll");
+    Put(BesideTests(L"..\\UNZip.dll"), L"UNZip.dll");
 }
 
 void RemoveLibrary(const std::wstring& name) {

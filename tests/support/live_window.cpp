@@ -49,6 +49,11 @@ POINT MiddleOf(const RECT& rectangle) {
     return {(rectangle.left + rectangle.right) / 2, (rectangle.top + rectangle.bottom) / 2};
 }
 
+bool LiesWithin(const RECT& inner, const RECT& outer) {
+    return inner.left >= outer.left && inner.top >= outer.top && inner.right <= outer.right &&
+           inner.bottom <= outer.bottom;
+}
+
 std::vector<HWND> ChildrenOf(HWND parent) {
     std::vector<HWND> children;
     EnumChildWindows(

@@ -22,6 +22,7 @@ DWORD StyleOf(HWND window);
 /// The window's place on the screen.
 RECT PlaceOf(HWND window);
 POINT MiddleOf(const RECT& rectangle);
+bool LiesWithin(const RECT& inner, const RECT& outer);
 
 /// The first child at any depth with this class, visible or not; null when there is none.
 HWND ChildOfClass(HWND parent, const wchar_t* className);

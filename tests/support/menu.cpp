@@ -136,3 +136,11 @@ std::vector<UINT> Menu::CheckedCommands() const {
         items_, [](const MenuItem& item) { return item.checked; }, commands);
     return commands;
 }
+
+std::vector<std::wstring> Menu::CheckedTexts() const {
+    std::vector<std::wstring> texts;
+    for (const MenuItem& item : items_)
+        if (item.checked)
+            texts.push_back(item.text);
+    return texts;
+}

@@ -40,6 +40,8 @@ class Menu {
     /// The commands that are enabled, at any depth, in order.
     std::vector<UINT> EnabledCommands() const;
     std::vector<UINT> CheckedCommands() const;
+    /// The texts of this menu's own items that are checked, in order.
+    std::vector<std::wstring> CheckedTexts() const;
 
   private:
     std::vector<MenuItem> items_;

@@ -191,6 +191,16 @@ Dialog Program::WaitForDialog(const std::wstring& title) const {
     return Dialog(dialog);
 }
 
+Dialog Program::WaitForDialogOver(const Dialog& below) const {
+    HWND front = nullptr;
+    WaitFor("for a dialog over \"" + Narrow(below.Title()) + "\"", [&] {
+        const std::vector<HWND> dialogs = DialogsOf(processId_);
+        front = dialogs.empty() ? nullptr : dialogs.front();
+        return front && front != below.Window() && GetForegroundWindow() == front && Focus();
+    });
+    return Dialog(front);
+}
+
 MessageBoxShown Program::WaitForMessageBox() const {
     WaitFor("for a message box", [&] { return HasMessageBox(); });
     return MessageBoxShown(MessageBoxesOf(processId_).front());
@@ -208,6 +218,24 @@ void Program::HandOverFolder(const std::wstring& folder) {
     constexpr ULONG_PTR openFolder = 563;
     const std::wstring path = folder.empty() ? L"\\" : folder;
     SendCopyData(openFolder, path.c_str(), static_cast<DWORD>((path.size() + 1) * sizeof(wchar_t)));
+}
+
+void Program::GoByAddressBar(const std::wstring& folder) {
+    AddressBar().SetText(folder);
+    PostKey(FindWindowExW(AddressBar().Window(), nullptr, L"Edit", nullptr), VK_RETURN);
+    WaitUntilIdle(); // the bar's text alone would tell of the folder before it is shown
+    WaitForFolder(folder);
+}
+
+void Program::Search(const std::wstring& name, const std::wstring& folder) {
+    PostCommand(IDM_FILE_SEARCH);
+    Dialog criteria = WaitForDialog(L"File Search");
+    criteria.Item(IDC_SEARCH_NAME).SetText(name);
+    criteria.Item(IDC_SEARCH_LOCATION).SetText(folder);
+    criteria.Command(IDM_SEARCH_OK);
+    criteria.WaitUntilClosed();
+    WaitForFolder(L"File Search");
+    WaitUntilIdle();
 }
 
 LRESULT Program::SendCopyData(ULONG_PTR code, const void* data, DWORD size) {
@@ -232,6 +260,10 @@ void Program::WaitForFolder(const std::wstring& folder) const {
     if (!Eventually([&] { return Folder() == folder; }))
         throw std::runtime_error("waited in vain for the folder " + Narrow(folder) + ", there is " +
                                  Narrow(Folder()));
+}
+
+void Program::WaitForListFocus() const {
+    WaitFor("for the list to have the keyboard", [&] { return ListHasFocus(); });
 }
 
 void Program::WaitForNames(const Texts& names) const {

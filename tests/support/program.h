@@ -49,6 +49,7 @@ class Program {
     /// The address bar's combo box; its text is what stands in the edit field.
     Control AddressBar() const;
     bool AddressBarIsShown() const;
+    bool AddressBarHasFocus() const { return IsChild(AddressBar().Window(), Focus()) != 0; }
     /// The folder that is shown, as the address bar names it, shown or not; the root is "My PocketPC".
     std::wstring Folder() const { return AddressBar().Text(); }
     bool TreeIsShown() const;
@@ -68,6 +69,8 @@ class Program {
 
     /// Waits for a dialog with this title.
     Dialog WaitForDialog(const std::wstring& title) const;
+    /// Waits for a dialog that opens over another one.
+    Dialog WaitForDialogOver(const Dialog& below) const;
     bool HasDialog() const { return !DialogsOf(processId_).empty(); }
     MessageBoxShown WaitForMessageBox() const;
     bool HasMessageBox() const { return !MessageBoxesOf(processId_).empty(); }
@@ -81,11 +84,16 @@ class Program {
     /// Goes where a copy of the program that was given this folder would have it go; the empty text is the
     /// root.
     void HandOverFolder(const std::wstring& folder);
+    /// Puts a folder into the address bar, presses Enter there and waits for the folder.
+    void GoByAddressBar(const std::wstring& folder);
+    /// Finds what is named so inside a folder, through the dialog, and waits until the results are shown.
+    void Search(const std::wstring& name, const std::wstring& folder);
     /// Sends WM_COPYDATA with any content; `size` bytes are announced and really there.
     LRESULT SendCopyData(ULONG_PTR code, const void* data, DWORD size);
     /// Waits until the program has worked off everything sent and posted to it so far.
     void WaitUntilIdle() const;
     void WaitForFolder(const std::wstring& folder) const;
+    void WaitForListFocus() const;
     /// Waits until the list shows exactly these names, in this order.
     void WaitForNames(const Texts& names) const;
 

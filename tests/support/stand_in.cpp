@@ -4,20 +4,10 @@
 
 #include <windows.h>
 
+#include "tests/support/file_places.h"
 #include "tests/support/waiting.h"
 
 namespace {
-
-std::wstring FolderOf(const std::wstring& path) {
-    return path.substr(0, path.rfind(L'\\'));
-}
-
-/// The program that records: it lies beside the tests.
-std::wstring Recorder() {
-    wchar_t path[MAX_PATH];
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    return FolderOf(path) + L"\\test_recorder.exe";
-}
 
 void MakeFolders(const std::wstring& folder) {
     if (folder.empty() || GetFileAttributesW(folder.c_str()) != INVALID_FILE_ATTRIBUTES)
@@ -30,7 +20,7 @@ void MakeFolders(const std::wstring& folder) {
 
 StandIn::StandIn(const std::wstring& path) : path_(path) {
     MakeFolders(FolderOf(path));
-    if (!CopyFileW(Recorder().c_str(), path.c_str(), FALSE))
+    if (!CopyFileW(BesideTests(L"test_recorder.exe").c_str(), path.c_str(), FALSE))
         throw std::runtime_error("no stand-in could be put onto the device");
 }
 

@@ -47,3 +47,17 @@ void UiTest::TearDown() {
     program.Kill();
     EndOtherPrograms();
 }
+
+void UiTest::ShowTree() {
+    device.WriteNumber(settingsKey, L"ShowFolder", 1);
+    device.WriteNumber(settingsKey, L"TreeViewHeight", 130);
+}
+
+void UiTest::ExpectMessage(const std::wstring& text) {
+    MessageBoxShown message = program.WaitForMessageBox();
+    EXPECT_EQ(message.Text(), text);
+    EXPECT_EQ(message.Caption(), L"");
+    EXPECT_EQ(message.Buttons(), std::vector<int>{IDOK});
+    EXPECT_EQ(message.Owner(), program.Window());
+    message.Answer(IDOK);
+}

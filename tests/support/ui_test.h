@@ -22,6 +22,15 @@ class UiTest : public testing::Test {
   protected:
     void TearDown() override;
 
+    // How the program is to begin
+    void ShowExtensions() { device.SetOption(ListOption::NoExtension, 0); }
+    void ShowAddressBar() { device.WriteWords(rebarKey, L"CmdBands", {0, 1}); }
+    /// The tree above the list.
+    void ShowTree();
+
+    /// A message box with this text and nothing but an OK is up over the main window; answers it.
+    void ExpectMessage(const std::wstring& text);
+
     Device device;
     Program program;
 };

@@ -2,10 +2,9 @@
 
 // Archives through the program with the archiver that is built with it.
 
-#include <dlgs.h>
-
 #include "tests/support/library_stand_in.h"
 #include "tests/ui/job_ui.h"
+#include "tests/ui/save_dialog.h"
 
 namespace {
 
@@ -24,18 +23,12 @@ class ArchiverUi : public JobUi {
 
     /// Compresses what is selected into an archive that the platform's own dialog asks for.
     void CompressInto(const std::wstring& archive) {
-        program.PostCommand(IDM_SENDTO_ZIP);
-        Dialog dialog = program.WaitForDialog(L"Compress Filename");
-        WaitFor("for the soft keys", [&] { return dialog.SoftKeys().size() == 2; });
-        HWND list = GetDlgItem(dialog.Window(), cmb13);
-        Control(list ? list : GetDlgItem(dialog.Window(), edt1)).SetText(archive);
-        PressLeftSoftKey();
-        dialog.WaitUntilClosed();
-        program.WaitUntilIdle();
+        Dialog dialog = AskForArchive(program);
+        SaveAs(program, dialog, archive);
     }
     void Extract(const std::wstring& archive) {
         Select({archive});
-        WaitFor("for the list to have the keyboard", [&] { return program.ListHasFocus(); });
+        program.WaitForListFocus();
         program.Command(IDM_FILE_EXTRACT_TO);
     }
 
@@ -82,7 +75,7 @@ TEST_F(ArchiverUi, WhatAHostileArchiveTriesIsSaidAndNotDone) {
               "cd In/inner\nzip -q ../../Docs/bad.zip ../evil.txt good.txt");
     StartIn(L"\\Docs");
     Select({L"bad.zip"});
-    WaitFor("for the list to have the keyboard", [&] { return program.ListHasFocus(); });
+    program.WaitForListFocus();
     program.PostCommand(IDM_FILE_EXTRACT_TO);
     EXPECT_EQ(ReadMessage(),
               L"1 of 2 files were extracted.\n'../evil.txt' was left out: its name leads out of the "
@@ -95,7 +88,7 @@ TEST_F(ArchiverUi, AFileThatIsNoArchiveIsSaidToBeNone) {
     device.File(L"\\Docs\\text.zip", "This is no archive.");
     StartIn(L"\\Docs");
     Select({L"text.zip"});
-    WaitFor("for the list to have the keyboard", [&] { return program.ListHasFocus(); });
+    program.WaitForListFocus();
     program.PostCommand(IDM_FILE_EXTRACT_HERE);
     EXPECT_EQ(ReadMessage(), L"The file is not a ZIP archive, or is damaged.");
 }

@@ -18,7 +18,7 @@ class ArchivesUi : public JobUi {
     void StartAndSelect(const std::wstring& folder, const Texts& names) {
         StartIn(folder);
         Select(names);
-        WaitFor("for the list to have the keyboard", [&] { return program.ListHasFocus(); });
+        program.WaitForListFocus();
     }
 
     std::optional<LibraryStandIn> archiver;

@@ -6,15 +6,12 @@
 #include <atomic>
 #include <thread>
 
+#include "tests/ui/folder_changes.h"
 #include "tests/ui/tree_ui.h"
 
 namespace {
 
-constexpr UINT folderChanged = WM_USER + 1;
-
-constexpr int settling = 5000;  // milliseconds that a new watch rests
-constexpr int delay = 2000;     // from the last notice to the refresh
-constexpr int allowance = 2500; // for a busy machine
+constexpr int settling = 5000; // milliseconds that a new watch rests
 
 class ChangeWatcherUi : public TreeUi {
   protected:
@@ -29,7 +26,7 @@ class ChangeWatcherUi : public TreeUi {
     /// Waits for the refresh and says how long that took from `start` on.
     int RefreshedAfter(ULONGLONG start) const {
         WaitFor(
-            "for the refresh", [&] { return Refreshed(); }, settling + delay + 2 * allowance);
+            "for the refresh", [&] { return Refreshed(); }, settling + refreshDelay + 2 * refreshAllowance);
         program.WaitUntilIdle();
         return static_cast<int>(GetTickCount64() - start);
     }
@@ -70,7 +67,7 @@ TEST_F(ChangeWatcherUi, WhatOthersDoAtTheTopIsRightInBothPanesAfterTheRefresh) {
     device.Folder(L"\\Fresh\\inner");
     int after = RefreshedAfter(start); // reported when the settling time ends
     EXPECT_GT(after, settling);
-    EXPECT_LT(after, settling + delay + allowance);
+    EXPECT_LT(after, settling + refreshDelay + refreshAllowance);
     EXPECT_TRUE(program.List().Has(L"Fresh"));
     EXPECT_TRUE(Tree().Has(L"\\Fresh"));
     EXPECT_TRUE(Tree().At(L"\\Fresh").hasButton);
@@ -82,8 +79,8 @@ TEST_F(ChangeWatcherUi, WhatOthersDoAtTheTopIsRightInBothPanesAfterTheRefresh) {
     device.Remove(L"\\Network");
     MoveFileW(L"\\Fresh", L"\\Renamed");
     after = RefreshedAfter(start); // the watch was at rest: two seconds later
-    EXPECT_GE(after, delay - 100);
-    EXPECT_LT(after, delay + allowance);
+    EXPECT_GE(after, refreshDelay - 100);
+    EXPECT_LT(after, refreshDelay + refreshAllowance);
     const Texts names = {L"My Documents", L"Program Files", L"Renamed", L"Temp", L"Windows"};
     EXPECT_EQ(program.List().Names(), names);
     EXPECT_EQ(Tree().ChildrenOf(L""), names);
@@ -103,7 +100,7 @@ TEST_F(ChangeWatcherUi, TheProgramsOwnWorkIsNotReported) {
     Control(Tree().NameEditor()).SetText(L"renamed");
     PressKey(VK_RETURN);
     WaitFor("for the new name", [&] { return Tree().Has(L"\\Temp\\renamed"); });
-    EXPECT_TRUE(HoldsFor(delay + 1000, [&] { return !Tree().Has(L"\\Zoo"); }));
+    EXPECT_TRUE(HoldsFor(refreshDelay + 1000, [&] { return !Tree().Has(L"\\Zoo"); }));
 
     // A hundred files copied into the shown folder.
     program.HandOverFolder(L"\\Temp\\b");
@@ -113,7 +110,7 @@ TEST_F(ChangeWatcherUi, TheProgramsOwnWorkIsNotReported) {
     Settle();
     program.PostCommand(IDM_TOOLBAR_PASTE);
     WaitFor("for the copies", [&] { return program.List().Count() >= 100 && !program.HasDialog(); });
-    EXPECT_TRUE(HoldsFor(delay + 1000, [&] { return !Tree().Has(L"\\Zoo"); }));
+    EXPECT_TRUE(HoldsFor(refreshDelay + 1000, [&] { return !Tree().Has(L"\\Zoo"); }));
 }
 
 TEST_F(ChangeWatcherUi, ManyNoticesAndDeviceChangesGiveOneRefresh) {
@@ -129,8 +126,8 @@ TEST_F(ChangeWatcherUi, ManyNoticesAndDeviceChangesGiveOneRefresh) {
     }
     const ULONGLONG last = GetTickCount64() - 100;
     const int after = RefreshedAfter(last);
-    EXPECT_GE(after, delay - 100);
-    EXPECT_LT(after, delay + allowance);
+    EXPECT_GE(after, refreshDelay - 100);
+    EXPECT_LT(after, refreshDelay + refreshAllowance);
     Mark(L"b");
 
     // A card comes and goes while another folder is shown: the tree alone follows.
@@ -158,7 +155,7 @@ TEST_F(ChangeWatcherUi, IsIdleAtSearchResultsAndLosesNothingInAThousandNavigatio
     program.WaitForFolder(L"File Search");
     device.Folder(L"\\Zoo"); // a refresh would bring it into the tree
     device.File(L"\\Temp\\unseen.txt");
-    EXPECT_TRUE(HoldsFor(settling + delay + 500, [&] { return !Tree().Has(L"\\Zoo"); }));
+    EXPECT_TRUE(HoldsFor(settling + refreshDelay + 500, [&] { return !Tree().Has(L"\\Zoo"); }));
 
     {
         const BusyProgram busy;
@@ -171,7 +168,8 @@ TEST_F(ChangeWatcherUi, IsIdleAtSearchResultsAndLosesNothingInAThousandNavigatio
     Mark(L"2");
     device.File(L"\\Temp\\b\\0");
     WaitFor(
-        "for the refresh", [&] { return program.List().Has(L"0"); }, settling + delay + 2 * allowance);
+        "for the refresh", [&] { return program.List().Has(L"0"); },
+        settling + refreshDelay + 2 * refreshAllowance);
     program.Close(); // the watcher ends too
 }
 

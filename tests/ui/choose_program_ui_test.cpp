@@ -18,7 +18,7 @@ class ChooseProgramUi : public UiTest {
   protected:
     ChooseProgramUi() {
         device.Folder(L"\\Temp\\c");
-        device.SetOption(ListOption::NoExtension, 0);
+        ShowExtensions();
     }
 
     /// Has the registry name a program for a class of files.
@@ -31,7 +31,7 @@ class ChooseProgramUi : public UiTest {
             program.Start(L"\\Temp\\c");
         program.List().SelectNothing();
         program.List().AddToSelection(name);
-        WaitFor("for the list to have the keyboard", [&] { return program.ListHasFocus(); });
+        program.WaitForListFocus();
     }
     Dialog Choose(const std::wstring& name) {
         Select(name);
@@ -106,8 +106,7 @@ TEST_F(ChooseProgramUi, AlwaysWritesTheClassOfTheExtension) {
     device.File(L"\\Temp\\c\\a.b.cpx");
     Dialog dialog = Choose(L"a.b.cpx");
     Pick(dialog, L"A Tool");
-    dialog.Item(IDC_ALWAYS_THIS_PROGRAM).Click();
-    WaitFor("for the mark", [&] { return dialog.Item(IDC_ALWAYS_THIS_PROGRAM).IsChecked(); });
+    dialog.Mark(IDC_ALWAYS_THIS_PROGRAM);
     Confirm(dialog);
     ExpectStarts(standIn, {L"\"\\Temp\\c\\a.b.cpx\""});
     EXPECT_EQ(device.TextValue(L"HKCR\\.cpx", L""), L"atoolfile");
@@ -135,8 +134,7 @@ TEST_F(ChooseProgramUi, BrowsingAddsAProgramAndSelectsIt) {
     EXPECT_EQ(device.TextValue(L"HKCR\\tool\\Shell\\Open\\Command", L""), L"\"" + tool + L"\" \"%1\"");
     EXPECT_EQ(device.TextValue(L"HKCR\\tool\\DefaultIcon", L""), tool + L",0");
 
-    dialog.Item(IDC_ALWAYS_THIS_PROGRAM).Click();
-    WaitFor("for the mark", [&] { return dialog.Item(IDC_ALWAYS_THIS_PROGRAM).IsChecked(); });
+    dialog.Mark(IDC_ALWAYS_THIS_PROGRAM);
     Confirm(dialog);
     ExpectStarts(standIn, {L"\"\\Temp\\c\\a.cpx\""});
     EXPECT_EQ(device.TextValue(L"HKCR\\.cpx", L""), L"tool");

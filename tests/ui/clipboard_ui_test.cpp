@@ -110,12 +110,7 @@ TEST_F(ClipboardUi, CopyNameAndCopyPathPutTextOnTheSystemsClipboard) {
 
 TEST_F(ClipboardUi, SearchResultsAreTakenFromTheirOwnFoldersAndFollow) {
     StartIn(L"\\From");
-    program.PostCommand(IDM_FILE_SEARCH);
-    Dialog search = program.WaitForDialog(L"File Search");
-    search.Item(IDC_SEARCH_NAME).SetText(L"*.txt");
-    search.Command(IDM_SEARCH_OK);
-    program.WaitForFolder(L"File Search");
-    FinishJob();
+    program.Search(L"*.txt", L"\\From");
     Select({L"c.txt"});
     program.Command(IDM_EDIT_COPY_PATH);
     EXPECT_EQ(ClipboardText(), L"\\From\\Sub\\c.txt");

@@ -7,24 +7,7 @@
 
 namespace {
 
-class CopyUi : public JobUi {
-  protected:
-    void SetUp() override {
-        JobUi::SetUp();
-        device.File(L"\\From\\a.txt", "new a");
-        device.File(L"\\From\\b.txt", "new b");
-        device.File(L"\\From\\Sub\\c.txt", "new c");
-        device.File(L"\\From\\Sub\\Deep\\d.txt", "new d");
-        device.Folder(L"\\To");
-    }
-
-    void CopyToTarget(const std::vector<std::wstring>& names) {
-        StartIn(L"\\From");
-        Copy(names);
-        Show(L"\\To");
-        Paste();
-    }
-};
+class CopyUi : public TransferUi {};
 
 TEST_F(CopyUi, CopiesFilesAndWholeFolders) {
     CopyToTarget({L"Sub", L"a.txt", L"b.txt"});
@@ -51,7 +34,7 @@ TEST_F(CopyUi, TheFileQuestionShowsBothFiles) {
     device.File(L"\\To\\a.txt", std::string(12345, 'o'));
     device.SetWriteTime(L"\\To\\a.txt", {2005, 4, 0, 1, 3, 30, 10, 0});
     CopyToTarget({L"a.txt"});
-    Dialog question = program.WaitForDialog(L"Replace existing File?");
+    Dialog question = WaitForFileQuestion();
     EXPECT_EQ(question.Item(1062).Text(), L"this file 'a.txt' already exists.");
     EXPECT_EQ(question.Item(1079).Text(), L"Size : 12,345 bytes");
     EXPECT_EQ(question.Item(1080).Text(), L"Modified : 4/1/2005 12:30:10 PM");
@@ -87,7 +70,7 @@ TEST_F(CopyUi, CancelInAQuestionStopsWithoutAMessage) {
 TEST_F(CopyUi, TheBackKeyInAQuestionIsANo) {
     device.File(L"\\To\\a.txt", "old");
     CopyToTarget({L"a.txt", L"b.txt"});
-    program.WaitForDialog(L"Replace existing File?");
+    WaitForFileQuestion();
     PressBack();
     FinishJob();
     EXPECT_EQ(device.Content(L"\\To\\a.txt"), "old");
@@ -100,10 +83,9 @@ TEST_F(CopyUi, AReadOnlyTargetIsNamedAndReplaced) {
     device.SetAttributes(L"\\To\\a.txt", FILE_ATTRIBUTE_READONLY);
     device.SetAttributes(L"\\To\\b.txt", FILE_ATTRIBUTE_SYSTEM);
     CopyToTarget({L"a.txt", L"b.txt"});
-    EXPECT_EQ(program.WaitForDialog(L"Replace existing File?").Item(1062).Text(),
-              L"this READ-ONLY file 'a.txt' already exists.");
+    EXPECT_EQ(WaitForFileQuestion().Item(1062).Text(), L"this READ-ONLY file 'a.txt' already exists.");
     AnswerFile(yesKey);
-    Dialog second = program.WaitForDialog(L"Replace existing File?");
+    Dialog second = WaitForFileQuestion();
     EXPECT_EQ(second.Item(1062).Text(), L"SYSTEM file 'b.txt' already exists.");
     AnswerFile(yesKey);
     FinishJob();
@@ -114,7 +96,7 @@ TEST_F(CopyUi, AReadOnlyTargetIsNamedAndReplaced) {
 TEST_F(CopyUi, NoToAFolderSkipsAllOfIt) {
     device.Folder(L"\\To\\Sub");
     CopyToTarget({L"Sub", L"a.txt"});
-    Dialog question = program.WaitForDialog(L"Replace existing Folder?");
+    Dialog question = WaitForFolderQuestion();
     EXPECT_EQ(question.Item(1069).Text(), L"In 'To', a folder called 'Sub' already exists.");
     EXPECT_EQ(question.SoftKeys(), (Texts{L"Yes", L"No"}));
     AnswerFolder(IDNO);
@@ -129,7 +111,7 @@ TEST_F(CopyUi, AFolderUnderTheRootIsInTheDevice) {
     Copy({L"Sub"});
     ShowRoot();
     Paste();
-    EXPECT_EQ(program.WaitForDialog(L"Replace existing Folder?").Item(1069).Text(),
+    EXPECT_EQ(WaitForFolderQuestion().Item(1069).Text(),
               L"In 'My PocketPC', a folder called 'Sub' already exists.");
     AnswerFolder(IDYES);
     FinishJob();
@@ -190,10 +172,7 @@ TEST_F(CopyUi, ALockedTargetIsStillThere) {
 TEST_F(CopyUi, AnUnwritableTargetFolderIsReported) {
     device.HostFolder("To/Closed");
     RunOnHost("chmod a-w To/Closed");
-    StartIn(L"\\From");
-    Copy({L"a.txt"});
-    Show(L"\\To\\Closed");
-    Paste();
+    CopyToTarget({L"a.txt"}, L"\\To\\Closed");
     EXPECT_EQ(ReadMessage(), L"'a.txt' cannot be copied.");
     FinishJob();
     RunOnHost("chmod u+w To/Closed");
@@ -219,10 +198,7 @@ TEST_F(CopyUi, APathBeyondTheLimitIsReported) {
     const std::wstring name(200, L'n');
     device.File(L"\\From\\" + name, "long");
     device.Folder(L"\\To\\" + std::wstring(80, L'f'));
-    StartIn(L"\\From");
-    Copy({name});
-    Show(L"\\To\\" + std::wstring(80, L'f'));
-    Paste();
+    CopyToTarget({name}, L"\\To\\" + std::wstring(80, L'f'));
     EXPECT_EQ(ReadMessage(), L"'" + name + L"' cannot be copied.");
     FinishJob();
     EXPECT_EQ(device.NamesIn(L"\\To\\" + std::wstring(80, L'f')), Texts{});
@@ -230,10 +206,7 @@ TEST_F(CopyUi, APathBeyondTheLimitIsReported) {
 
 TEST_F(CopyUi, CancelStopsALargeFileAtOnceAndLeavesNothing) {
     device.FileOfSize(L"\\From\\huge", 6ull << 30);
-    StartIn(L"\\From");
-    Copy({L"huge"});
-    Show(L"\\To");
-    Paste();
+    CopyToTarget({L"huge"});
     Dialog progress = program.WaitForDialog(L"Copy Files");
     EXPECT_EQ(progress.SoftKeys(), Texts{L"Cancel"});
     WaitFor("for the file's name", [&] { return progress.Item(1062).Text() == L"huge"; });
@@ -249,10 +222,7 @@ TEST_F(CopyUi, CancelStopsALargeFileAtOnceAndLeavesNothing) {
 TEST_F(CopyUi, AProgramKilledInTheMiddleTakesNothingWithIt) {
     device.FileOfSize(L"\\From\\huge", 6ull << 30);
     device.File(L"\\To\\huge", "old");
-    StartIn(L"\\From");
-    Copy({L"huge"});
-    Show(L"\\To");
-    Paste();
+    CopyToTarget({L"huge"});
     AnswerFile(yesKey);
     WaitFor("for the copy to begin", [&] { return device.NamesIn(L"\\To").size() > 1; });
     program.Kill();
@@ -274,7 +244,7 @@ TEST_F(CopyUi, ClosingTheProgramInTheMiddleLeavesNoPart) {
 TEST_F(CopyUi, MessagesOfOthersToTheDialogDoNothing) {
     device.File(L"\\To\\a.txt", "old");
     CopyToTarget({L"a.txt", L"b.txt"});
-    program.WaitForDialog(L"Replace existing File?");
+    WaitForFileQuestion();
     const HWND progress = program.WaitForDialog(L"Copy Files").Window();
     for (const UINT message : {100u, 200u, 300u, 400u})
         PostMessageW(progress, WM_USER + message, 1, 1);

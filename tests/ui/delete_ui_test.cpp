@@ -24,13 +24,13 @@ class DeleteUi : public JobUi {
         Give(IDM_FILE_DELETE);
     }
 
-    std::wstring Question() { return program.WaitForDialog(L"Confirm File Delete").Item(1045).Text(); }
+    std::wstring Question() { return WaitForDeleteQuestion().Item(1045).Text(); }
 };
 
 TEST_F(DeleteUi, OneFileIsAskedAboutByName) {
     Delete({L"a.txt"});
     EXPECT_EQ(Question(), L"Do you really want to delete 'a.txt' ?");
-    EXPECT_EQ(program.WaitForDialog(L"Confirm File Delete").SoftKeys(), (Texts{L"Yes", L"Menu"}));
+    EXPECT_EQ(WaitForDeleteQuestion().SoftKeys(), (Texts{L"Yes", L"Menu"}));
     AnswerDelete(yesKey);
     FinishJob();
     EXPECT_FALSE(device.Exists(L"\\T\\a.txt"));

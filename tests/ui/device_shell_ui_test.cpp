@@ -13,11 +13,6 @@
 
 namespace {
 
-bool IsInside(const RECT& inner, const RECT& outer) {
-    return inner.left >= outer.left && inner.top >= outer.top && inner.right <= outer.right &&
-           inner.bottom <= outer.bottom;
-}
-
 class DeviceShellUi : public UiTest {
   protected:
     HWND TitleStrip() const {
@@ -124,7 +119,7 @@ TEST_F(DeviceShellUi, F10AndTheMenuKeyOpenTheMenuUpwardAndCloseIt) {
         const RECT menu = Popups().front();
         EXPECT_EQ(menu.right, width);
         EXPECT_EQ(menu.bottom, PlaceOf(SoftKeyBar()).top);
-        EXPECT_TRUE(IsInside(menu, PlaceOf(program.Window())));
+        EXPECT_TRUE(LiesWithin(menu, PlaceOf(program.Window())));
         PressKey(key);
         EXPECT_TRUE(PopupsBecome(0)) << key;
     }
@@ -186,7 +181,7 @@ TEST_F(DeviceShellUi, MenusInMenusStayBetweenTheBars) {
     TypeText(L"1"); // View Style
     ASSERT_TRUE(PopupsBecome(3));
     for (const RECT& popup : Popups())
-        EXPECT_TRUE(IsInside(popup, PlaceOf(program.Window())));
+        EXPECT_TRUE(LiesWithin(popup, PlaceOf(program.Window())));
     CloseMenus();
 }
 
@@ -215,7 +210,7 @@ TEST_F(DeviceShellUi, AMessageBoxBringsItsTitleAndItsSoftKeys) {
 
     const RECT place = PlaceOf(box);
     const RECT window = PlaceOf(program.Window());
-    EXPECT_TRUE(IsInside(place, window));
+    EXPECT_TRUE(LiesWithin(place, window));
     EXPECT_NEAR(MiddleOf(place).x, MiddleOf(window).x, 1);
     EXPECT_NEAR(MiddleOf(place).y, MiddleOf(window).y, 1);
     PressLeftSoftKey();

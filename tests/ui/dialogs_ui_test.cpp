@@ -28,13 +28,7 @@ class DialogsUi : public JobUi {
     /// The page that a menu entry of a dialog opens over it.
     Dialog OpenPage(Dialog& dialog, int command) {
         dialog.Command(command);
-        HWND page = nullptr;
-        WaitFor("for the page", [&] {
-            const std::vector<HWND> dialogs = DialogsOf(program.ProcessId());
-            page = dialogs.front();
-            return page != dialog.Window() && program.Focus() && GetForegroundWindow() == page;
-        });
-        return Dialog(page);
+        return program.WaitForDialogOver(dialog);
     }
     static void Leave(Dialog dialog) {
         dialog.Command(IDCANCEL);
@@ -52,9 +46,9 @@ TEST_F(DialogsUi, ReplaceQuestions) {
     Copy({L"Sub"});
     Show(L"\\To");
     Paste();
-    ExpectUsable(program, program.WaitForDialog(L"Replace existing Folder?"));
+    ExpectUsable(program, WaitForFolderQuestion());
     AnswerFolder(IDYES);
-    ExpectUsable(program, program.WaitForDialog(L"Replace existing File?"));
+    ExpectUsable(program, WaitForFileQuestion());
     AnswerFile(noKey);
     FinishJob();
 }
@@ -63,7 +57,7 @@ TEST_F(DialogsUi, DeleteQuestion) {
     StartIn(L"\\From");
     Select({longName});
     Give(IDM_FILE_DELETE);
-    ExpectUsable(program, program.WaitForDialog(L"Confirm File Delete"));
+    ExpectUsable(program, WaitForDeleteQuestion());
     AnswerDelete(noKey);
     FinishJob();
 }

@@ -19,8 +19,7 @@ class DragUi : public JobUi {
     }
 
     void StartWithTree() {
-        device.WriteNumber(settingsKey, L"ShowFolder", 1);
-        device.WriteNumber(settingsKey, L"TreeViewHeight", 130);
+        ShowTree();
         StartIn(L"\\T");
     }
 

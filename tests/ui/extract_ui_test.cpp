@@ -29,7 +29,6 @@ class ExtractUi : public ArchivesUi {
         Give(IDM_FILE_EXTRACT_TO);
         return program.WaitForDialog(L"Extract To");
     }
-    static TreeView TreeOf(const Dialog& chooser) { return TreeView(chooser.Item(1094).Window()); }
     void AnswerChooser(const std::wstring& folder) {
         Dialog chooser = Ask();
         TreeOf(chooser).Select(folder);
@@ -96,12 +95,7 @@ TEST_F(ExtractUi, SearchResultsAreExtractedWhereTheyLie) {
     InPlace();
     device.File(L"\\Docs\\Deep\\found.zip");
     program.Start(L"\\Docs");
-    program.PostCommand(IDM_FILE_SEARCH);
-    Dialog search = program.WaitForDialog(L"File Search");
-    search.Item(IDC_SEARCH_NAME).SetText(L"found.zip");
-    search.Command(IDM_SEARCH_OK);
-    search.WaitUntilClosed();
-    program.WaitForFolder(L"File Search");
+    program.Search(L"found.zip", L"\\Docs");
     Select({L"found.zip"});
     program.Command(IDM_FILE_EXTRACT_TO);
     EXPECT_EQ(archiver->Calls(), Texts{L"UnZip 2048 e \"\\Docs\\Deep\\found.zip\" \"\\Docs\\Deep\\\""});
@@ -195,12 +189,7 @@ TEST_F(ExtractUi, WhatWasSelectedIsExtractedWhateverTheListShowsMeanwhile) {
 
 TEST_F(ExtractUi, FromSearchResultsTheChooserBeginsAtTheRoot) {
     program.Start(L"\\Docs");
-    program.PostCommand(IDM_FILE_SEARCH);
-    Dialog search = program.WaitForDialog(L"File Search");
-    search.Item(IDC_SEARCH_NAME).SetText(L"a.zip");
-    search.Command(IDM_SEARCH_OK);
-    search.WaitUntilClosed();
-    program.WaitForFolder(L"File Search");
+    program.Search(L"a.zip", L"\\Docs");
     Select({L"a.zip"});
     Dialog chooser = Ask();
     EXPECT_EQ(TreeOf(chooser).SelectedPath(), L"");

@@ -26,7 +26,6 @@ class FolderChooserUi : public JobUi {
         Select({name});
         return Choose(IDM_SENDTO_COPY_TO, L"Copy file to");
     }
-    static TreeView TreeOf(const Dialog& dialog) { return TreeView(dialog.Item(1094).Window()); }
 };
 
 TEST_F(FolderChooserUi, BeginsAtTheCurrentFolder) {

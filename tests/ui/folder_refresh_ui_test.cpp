@@ -3,13 +3,10 @@
 // What others change is not shown under the user's hands: the refresh waits for the end of an edit, of a drag
 // and of a menu.
 
+#include "tests/ui/folder_changes.h"
 #include "tests/ui/tree_ui.h"
 
 namespace {
-
-constexpr UINT folderChanged = WM_USER + 1;
-constexpr int delay = 2000;     // milliseconds from the notice to the refresh
-constexpr int allowance = 2500; // for a busy machine
 
 LONG HeightOf(HWND window) {
     const RECT place = PlaceOf(window);
@@ -49,11 +46,11 @@ class FolderRefreshUi : public TreeUi {
     }
 
     void ExpectToWait() {
-        EXPECT_TRUE(HoldsFor(delay + 600, [&] { return !Refreshed(); }));
+        EXPECT_TRUE(HoldsFor(refreshDelay + 600, [&] { return !Refreshed(); }));
     }
     void ExpectToCome() {
         WaitFor(
-            "for the refresh", [&] { return Refreshed(); }, delay + allowance);
+            "for the refresh", [&] { return Refreshed(); }, refreshDelay + refreshAllowance);
         program.WaitUntilIdle();
     }
 };

@@ -38,7 +38,7 @@ class HostProgramsUi : public UiTest {
 TEST_F(HostProgramsUi, TextsPicturesPagesAndSoundsOpenInTheHostsPrograms) {
     const std::string names[] = {"a note.txt", "table.csv", "page.htm", "page.html", "a.png",
                                  "a.bmp",      "a.jpg",     "a.gif",    "tone.wav"};
-    device.SetOption(ListOption::NoExtension, 0);
+    ShowExtensions();
     for (const std::string& name : names)
         device.HostFile("T/" + name, "content");
     program.Start(L"\\T");

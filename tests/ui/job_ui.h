@@ -13,7 +13,7 @@ class JobUi : public UiTest {
     static constexpr int allKey = IDM_ANSWER_ALL;
     static constexpr int cancelKey = IDM_ANSWER_CANCEL;
 
-    void SetUp() override { device.SetOption(ListOption::NoExtension, 0); }
+    void SetUp() override { ShowExtensions(); }
 
     void StartIn(const std::wstring& folder) { program.Start(folder); }
 
@@ -60,14 +60,16 @@ class JobUi : public UiTest {
         FinishJob();
     }
 
-    void Answer(const std::wstring& title, int key) {
-        Dialog question = program.WaitForDialog(title);
+    Dialog WaitForFileQuestion() const { return program.WaitForDialog(L"Replace existing File?"); }
+    Dialog WaitForFolderQuestion() const { return program.WaitForDialog(L"Replace existing Folder?"); }
+    Dialog WaitForDeleteQuestion() const { return program.WaitForDialog(L"Confirm File Delete"); }
+    static void Answer(Dialog question, int key) {
         question.Command(key);
         question.WaitUntilClosed();
     }
-    void AnswerFile(int key) { Answer(L"Replace existing File?", key); }
-    void AnswerFolder(int key) { Answer(L"Replace existing Folder?", key); }
-    void AnswerDelete(int key) { Answer(L"Confirm File Delete", key); }
+    void AnswerFile(int key) { Answer(WaitForFileQuestion(), key); }
+    void AnswerFolder(int key) { Answer(WaitForFolderQuestion(), key); }
+    void AnswerDelete(int key) { Answer(WaitForDeleteQuestion(), key); }
 
     /// The text of the message box that is up; it is answered.
     std::wstring ReadMessage() {
@@ -78,5 +80,37 @@ class JobUi : public UiTest {
         return text;
     }
 
+    /// The folders that a folder chooser offers.
+    static TreeView TreeOf(const Dialog& chooser) {
+        return TreeView(chooser.Item(IDC_CHOOSER_TREE).Window());
+    }
+
     bool CanPaste() { return program.SoftKeyMenu().IsEnabled(IDM_TOOLBAR_PASTE); }
+};
+
+/// Files and folders in \From that are copied or moved, most of them to \To.
+class TransferUi : public JobUi {
+  protected:
+    void SetUp() override {
+        JobUi::SetUp();
+        device.File(L"\\From\\a.txt", "new a");
+        device.File(L"\\From\\b.txt", "new b");
+        device.File(L"\\From\\Sub\\c.txt", "new c");
+        device.File(L"\\From\\Sub\\Deep\\d.txt", "new d");
+        device.Folder(L"\\To");
+    }
+
+    /// Begins a job and goes on when it, or its first question, is there.
+    void CopyToTarget(const std::vector<std::wstring>& names, const std::wstring& target = L"\\To") {
+        StartIn(L"\\From");
+        Copy(names);
+        Show(target);
+        Paste();
+    }
+    void MoveToTarget(const std::vector<std::wstring>& names, const std::wstring& target = L"\\To") {
+        StartIn(L"\\From");
+        Cut(names);
+        Show(target);
+        Paste();
+    }
 };

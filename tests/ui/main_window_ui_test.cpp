@@ -4,6 +4,7 @@
 
 #include "tests/support/stand_in.h"
 #include "tests/support/ui_test.h"
+#include "tests/ui/folder_changes.h"
 
 namespace {
 
@@ -13,7 +14,6 @@ class MainWindowUi : public UiTest {
         device.WriteNumber(settingsKey, L"ShowFolder", 1);
         program.Start();
     }
-    bool AddressHasFocus() const { return IsChild(program.AddressBar().Window(), program.Focus()) != 0; }
     void PressUntilTreeHasFocus(WORD key, unsigned modifiers = NoModifier) {
         PressKey(key, modifiers);
         WaitFor("for the tree", [&] { return program.TreeHasFocus(); });
@@ -24,7 +24,7 @@ class MainWindowUi : public UiTest {
     }
     void PressUntilAddressHasFocus(WORD key, unsigned modifiers = NoModifier) {
         PressKey(key, modifiers);
-        WaitFor("for the address bar", [&] { return AddressHasFocus(); });
+        WaitFor("for the address bar", [&] { return program.AddressBarHasFocus(); });
     }
 };
 
@@ -45,7 +45,7 @@ TEST_F(MainWindowUi, TabGoesFromTheListToTheTreeAndBack) {
 }
 
 TEST_F(MainWindowUi, TabTakesTheAddressBarOnItsWay) {
-    device.WriteWords(rebarKey, L"CmdBands", {0, 1});
+    ShowAddressBar();
     StartWithTree();
     PressUntilAddressHasFocus(VK_TAB);
     PressUntilTreeHasFocus(VK_TAB);
@@ -56,7 +56,7 @@ TEST_F(MainWindowUi, TabTakesTheAddressBarOnItsWay) {
 }
 
 TEST_F(MainWindowUi, WithoutTreeTabReturnsFromTheAddressBarToTheList) {
-    device.WriteWords(rebarKey, L"CmdBands", {0, 1});
+    ShowAddressBar();
     program.Start();
     PressUntilAddressHasFocus(VK_TAB);
     PressUntilListHasFocus(VK_TAB);
@@ -111,9 +111,6 @@ TEST_F(MainWindowUi, RefreshGoesWhereTheAddressBarSays) {
     program.Command(IDM_MENU_REFRESH);
     EXPECT_EQ(program.Folder(), L"\\Windows");
 }
-
-constexpr UINT folderChanged = WM_USER + 1;
-constexpr int refreshDelay = 2000;
 
 TEST_F(MainWindowUi, ABurstOfChangesGivesOneRefreshTwoSecondsAfterTheLast) {
     program.Start(L"\\Temp");

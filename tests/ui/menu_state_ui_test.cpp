@@ -76,12 +76,11 @@ TEST_F(MenuStateUi, AFolderOfTheTreeEnablesWhatActsOnFolders) {
 }
 
 TEST_F(MenuStateUi, InTheAddressBarTheClipboardIsTheTexts) {
-    device.WriteWords(rebarKey, L"CmdBands", {0, 1});
+    ShowAddressBar();
     program.Start(L"\\State");
     program.List().Select(L"a");
     PressKey(VK_F6);
-    WaitFor("for the address bar",
-            [&] { return IsChild(program.AddressBar().Window(), program.Focus()) != 0; });
+    WaitFor("for the address bar's focus", [&] { return program.AddressBarHasFocus(); });
     ExpectEnabled({IDM_TOOLBAR_CUT, IDM_TOOLBAR_COPY});
     ExpectGreyed({IDM_FILE_DELETE, IDM_FILE_RENAME, IDM_FILE_OPEN, IDM_EDIT_COPY_NAME, IDM_SENDTO_COPY_TO});
 

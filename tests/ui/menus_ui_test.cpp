@@ -119,7 +119,7 @@ class ContextMenusUi : public MenusUi {
         device.File(L"\\Ctx\\a.txt");
         device.File(L"\\Ctx\\b.zip");
         device.File(L"\\Ctx\\c.ZIP");
-        device.SetOption(ListOption::NoExtension, 0);
+        ShowExtensions();
         device.SetOption(ListOption::ViewStyle, LVS_LIST);
         program.Start(L"\\Ctx");
     }

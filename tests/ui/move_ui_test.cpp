@@ -7,24 +7,7 @@
 
 namespace {
 
-class MoveUi : public JobUi {
-  protected:
-    void SetUp() override {
-        JobUi::SetUp();
-        device.File(L"\\From\\a.txt", "new a");
-        device.File(L"\\From\\b.txt", "new b");
-        device.File(L"\\From\\Sub\\c.txt", "new c");
-        device.File(L"\\From\\Sub\\Deep\\d.txt", "new d");
-        device.Folder(L"\\To");
-    }
-
-    void MoveToTarget(const std::vector<std::wstring>& names, const std::wstring& target = L"\\To") {
-        StartIn(L"\\From");
-        Cut(names);
-        Show(target);
-        Paste();
-    }
-};
+class MoveUi : public TransferUi {};
 
 TEST_F(MoveUi, MovesFilesAndWholeFolders) {
     MoveToTarget({L"Sub", L"a.txt"});
@@ -122,7 +105,7 @@ TEST_F(MoveUi, SourcesThatVanishAreReported) {
     Cut({L"a.txt", L"b.txt"});
     Show(L"\\To");
     Paste();
-    program.WaitForDialog(L"Replace existing File?");
+    WaitForFileQuestion();
     device.Remove(L"\\From\\a.txt");
     device.Remove(L"\\From\\b.txt");
     AnswerFile(yesKey);

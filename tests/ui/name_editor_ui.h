@@ -5,14 +5,10 @@
 #include <vector>
 
 #include "tests/support/ui_test.h"
-
-inline const std::wstring forbiddenNameText = L"A filename cannot contain these characters:\n\n\\/:,;*?<>|";
-inline const std::wstring emptyNameText = L"Input file name.";
-inline const std::wstring renameFailedText = L"Cannot rename file.";
+#include "tests/ui/name_messages.h"
 
 class NameEditorUi : public UiTest {
   protected:
-    void ShowExtensions() { device.SetOption(ListOption::NoExtension, 0); }
     void StartIn(const std::wstring& folder) {
         device.Folder(folder);
         program.Start(L"\"" + folder + L"\"");
@@ -44,15 +40,6 @@ class NameEditorUi : public UiTest {
     void Rename(const std::wstring& shownName, const std::wstring& name) {
         BeginRename(shownName);
         Enter(name);
-    }
-    /// A message box with this text and an OK is up over the main window; answers it.
-    void ExpectMessage(const std::wstring& text) {
-        MessageBoxShown message = program.WaitForMessageBox();
-        EXPECT_EQ(message.Text(), text);
-        EXPECT_EQ(message.Caption(), L"");
-        EXPECT_EQ(message.Buttons(), std::vector<int>{IDOK});
-        EXPECT_EQ(message.Owner(), program.Window());
-        message.Answer(IDOK);
     }
     void ExpectNoMessage() {
         program.WaitUntilIdle();

@@ -14,7 +14,7 @@ class NavigationUi : public UiTest {
     void SetUp() override {
         device.Folder(L"\\Aa\\Bb\\Cc");
         device.Folder(L"\\Dd");
-        device.WriteWords(rebarKey, L"CmdBands", {0, 1});
+        ShowAddressBar();
     }
 
     void Visit(const std::wstring& folder) {
@@ -25,8 +25,7 @@ class NavigationUi : public UiTest {
     /// Types into the address bar as a person does, and presses Enter.
     void TypeAddress(const std::wstring& text) {
         PressKey(VK_F6);
-        WaitFor("for the address bar",
-                [&] { return IsChild(program.AddressBar().Window(), program.Focus()) != 0; });
+        WaitFor("for the address bar's focus", [&] { return program.AddressBarHasFocus(); });
         program.AddressBar().SetText(text);
         PressKey(VK_RETURN);
         WaitFor("for the address to be gone to",

@@ -182,13 +182,7 @@ TEST_F(NewFolderUi, WhereFoldersAreNotShownItIsMadeAllTheSame) {
 TEST_F(NewFolderUi, AmongSearchResultsThereIsNone) {
     device.File(home + L"\\note");
     StartIn(home);
-    program.PostCommand(IDM_FILE_SEARCH);
-    Dialog criteria = program.WaitForDialog(L"File Search");
-    criteria.Item(IDC_SEARCH_NAME).SetText(L"note");
-    criteria.Item(IDC_SEARCH_LOCATION).SetText(home);
-    criteria.Command(IDM_SEARCH_OK);
-    criteria.WaitUntilClosed();
-    program.WaitForFolder(L"File Search");
+    program.Search(L"note", home);
     NewFolder();
     EXPECT_FALSE(Editor());
     ExpectNoMessage();

@@ -38,14 +38,14 @@ TEST_F(OptionsCompressionUi, WithAnArchiverAllCanBeChosen) {
     EXPECT_TRUE(page.Item(IDC_ZIP).IsChecked());
     EXPECT_EQ(MarkedOf(page, boxes), std::vector<int>{});
     page.Item(IDC_EXTRACT_FOLDER).SetText(L"\\My Documents");
-    Mark(page, IDC_FOLDER_CREATION, true);
-    Mark(page, IDC_OPEN_ARCHIVES, true);
+    page.Mark(IDC_FOLDER_CREATION, true);
+    page.Mark(IDC_OPEN_ARCHIVES, true);
     ConfirmBoth(page);
     page = OpenCompression();
     EXPECT_EQ(page.Item(IDC_EXTRACT_FOLDER).Text(), L"\\My Documents");
     EXPECT_EQ(MarkedOf(page, boxes), (std::vector{IDC_FOLDER_CREATION, IDC_OPEN_ARCHIVES}));
-    Mark(page, IDC_EXTRACT_IN_PLACE, true);
-    Mark(page, IDC_OPEN_EXTRACTED, true);
+    page.Mark(IDC_EXTRACT_IN_PLACE, true);
+    page.Mark(IDC_OPEN_EXTRACTED, true);
     ConfirmBoth(page);
     program.Close();
     EXPECT_EQ(StoredBoxes(), (std::vector<std::uint32_t>{1, 1, 1, 1}));
@@ -101,7 +101,7 @@ TEST_F(OptionsCompressionUi, ALeftPageChangesNothing) {
     Dialog page = OpenCompression();
     page.Item(IDC_EXTRACT_FOLDER).SetText(L"\\F");
     for (const int box : boxes)
-        Mark(page, box, true);
+        page.Mark(box, true);
     PressRightSoftKey();
     page.WaitUntilClosed();
     Confirm(program.WaitForDialog(L"Options"));

@@ -76,7 +76,7 @@ TEST_F(OptionsFontUi, ThePageOffersTheFontsThatAreThere) {
     EXPECT_EQ(page.Item(IDC_PAGE_TITLE).Text(), L"Font");
     EXPECT_EQ(page.Item(IDC_CHANGE_FONT).Text(), L"Change the icon font");
     EXPECT_EQ(page.SoftKeys(), (Texts{L"Ok", L"Menu"}));
-    EXPECT_EQ(MenuTexts(page), (Texts{L"On Font Change", L"On Type", L"On Size"}));
+    EXPECT_EQ(page.SoftKeyMenu().Texts(), (Texts{L"On Font Change", L"On Type", L"On Size"}));
     ExpectUsable(program, page);
 
     const Control names = page.Item(IDC_FONT_NAMES);
@@ -114,7 +114,7 @@ TEST_F(OptionsFontUi, AConfirmedFontIsThePanesAtOnce) {
     device.WriteNumber(settingsKey, L"ShowFolder", 1);
     program.Start();
     Dialog page = OpenFont();
-    Mark(page, IDC_CHANGE_FONT, true);
+    page.Mark(IDC_CHANGE_FONT, true);
     WaitFor("for the lists", [&] { return page.Item(IDC_FONT_SIZES).IsEnabled(); });
     EXPECT_TRUE(page.Item(IDC_FONT_NAMES).IsEnabled());
     SelectIn(page.Item(IDC_FONT_NAMES), knownFont);
@@ -134,7 +134,7 @@ TEST_F(OptionsFontUi, TurnedOffInTheRunningProgramThePanesHaveTheSystemFontAgain
     program.Start();
     ExpectPanes(knownFont, 18);
     Dialog page = OpenFont();
-    Mark(page, IDC_CHANGE_FONT, false);
+    page.Mark(IDC_CHANGE_FONT, false);
     WaitFor("for the lists", [&] { return !page.Item(IDC_FONT_SIZES).IsEnabled(); });
     EXPECT_FALSE(page.Item(IDC_FONT_NAMES).IsEnabled());
     ConfirmBoth(page);
@@ -147,7 +147,7 @@ TEST_F(OptionsFontUi, TurnedOffInTheRunningProgramThePanesHaveTheSystemFontAgain
 TEST_F(OptionsFontUi, TheBoxCountsAtOnceAndTheListsDoNot) {
     program.Start();
     Dialog page = OpenFont();
-    Mark(page, IDC_CHANGE_FONT, true);
+    page.Mark(IDC_CHANGE_FONT, true);
     SelectIn(page.Item(IDC_FONT_NAMES), knownFont);
     SelectIn(page.Item(IDC_FONT_SIZES), L"26");
     PressBack();

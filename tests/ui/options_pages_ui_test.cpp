@@ -57,8 +57,8 @@ TEST_F(OptionPagesUi, ChangedIconsAreShownAtOnceEvenIfTheFirstPageIsLeft) {
     EXPECT_GT(ImageOf(L"a"), archiveImage);
     EXPECT_EQ(ImageOf(L"b"), archiveImage);
     Dialog page = OpenIcons();
-    Mark(page, IDC_GENERIC_ICONS, true);
-    Mark(page, IDC_ARCHIVE_ICONS, false);
+    page.Mark(IDC_GENERIC_ICONS, true);
+    page.Mark(IDC_ARCHIVE_ICONS, false);
     Confirm(page);
     Leave(program.WaitForDialog(L"Options"));
     program.WaitUntilIdle();
@@ -72,7 +72,7 @@ TEST_F(OptionPagesUi, FilesInRomHaveTheirOwnIconOrNot) {
     program.Start(L"\\Windows");
     EXPECT_EQ(ImageOf(L"Wallpaper"), romImage);
     Dialog page = OpenIcons();
-    Mark(page, IDC_ROM_ICONS, false);
+    page.Mark(IDC_ROM_ICONS, false);
     ConfirmBoth(page);
     EXPECT_GT(ImageOf(L"Wallpaper"), archiveImage);
 }
@@ -83,7 +83,7 @@ TEST_F(OptionPagesUi, ALeftIconsPageChangesNothing) {
     const int image = ImageOf(L"a");
     Dialog page = OpenIcons();
     for (const int box : iconBoxes)
-        Mark(page, box, !page.Item(box).IsChecked());
+        page.Mark(box, !page.Item(box).IsChecked());
     PressRightSoftKey();
     page.WaitUntilClosed();
     Confirm(program.WaitForDialog(L"Options"));
@@ -114,7 +114,7 @@ TEST_F(OptionPagesUi, ControlsAreTakenOverAndStored) {
     ASSERT_TRUE(program.List().HasHeader());
     Dialog page = OpenControls();
     for (const int box : controlBoxes)
-        Mark(page, box, box != IDC_UP_LEVEL);
+        page.Mark(box, box != IDC_UP_LEVEL);
     ConfirmBoth(page);
     EXPECT_EQ(program.List().Names(), Texts{L"a"});
     EXPECT_TRUE(program.List().Style() & LVS_NOCOLUMNHEADER);
@@ -135,7 +135,7 @@ TEST_F(OptionPagesUi, ALeftControlsPageChangesNothing) {
     program.Start();
     Dialog page = OpenControls();
     for (const int box : controlBoxes)
-        Mark(page, box, !page.Item(box).IsChecked());
+        page.Mark(box, !page.Item(box).IsChecked());
     PressBack();
     page.WaitUntilClosed();
     Confirm(program.WaitForDialog(L"Options"));
@@ -151,7 +151,7 @@ TEST_F(OptionPagesUi, WithDoubleTapsASingleOneOnlySelects) {
     device.Folder(L"\\F\\G");
     program.Start(L"\\F");
     Dialog page = OpenControls();
-    Mark(page, IDC_DOUBLE_TAP, true);
+    page.Mark(IDC_DOUBLE_TAP, true);
     ConfirmBoth(page);
     Tap(program.List().PointOf(L"G"));
     WaitFor("for the selection", [&] { return program.List().SelectedNames() == Texts{L"G"}; });

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 
-#include "tests/support/soft_keys.h"
 #include "tests/support/ui_test.h"
 #include "tests/ui/layout.h"
 
@@ -35,14 +34,6 @@ class OptionsUi : public UiTest {
         Confirm(program.WaitForDialog(L"Options"));
         program.WaitUntilIdle();
     }
-    /// Marks a box, or takes its mark away, by a click.
-    static void Mark(const Dialog& dialog, int box, bool marked) {
-        Control control = dialog.Item(box);
-        if (control.IsChecked() == marked)
-            return;
-        control.Click();
-        WaitFor("for a box to change", [&] { return control.IsChecked() == marked; });
-    }
     /// The numbers of those boxes that are marked.
     static std::vector<int> MarkedOf(const Dialog& dialog, const std::vector<int>& boxes) {
         std::vector<int> marked;
@@ -50,9 +41,6 @@ class OptionsUi : public UiTest {
             if (dialog.Item(box).IsChecked())
                 marked.push_back(box);
         return marked;
-    }
-    static Texts MenuTexts(const Dialog& dialog) {
-        return ReadMenu(dialog.Window(), SoftKeyPopup(dialog.Window(), IDM_SOFTKEY_MENU)).Texts();
     }
     bool HasFocus(const Dialog& dialog, int control) const {
         return program.Focus() == dialog.Item(control).Window();

@@ -19,7 +19,7 @@ TEST_F(OptionsUi, TheFirstPageHasTwoGroupsOfBoxesAndAMenuOfThePages) {
     EXPECT_EQ(dialog.Item(IDC_HIDE_CAPTION).Text(), L"Hide:");
     EXPECT_EQ(dialog.Item(IDC_OTHER_CAPTION).Text(), L"Other:");
     EXPECT_EQ(dialog.SoftKeys(), (Texts{L"Ok", L"Menu"}));
-    EXPECT_EQ(MenuTexts(dialog),
+    EXPECT_EQ(dialog.SoftKeyMenu().Texts(),
               (Texts{L"Icons", L"Font", L"Controls", L"Compression", L"System Path", L"About"}));
     EXPECT_EQ(MarkedOf(dialog, boxes), (std::vector{IDC_HIDE_HIDDEN, IDC_NO_EXTENSION}));
     ExpectUsable(program, dialog);
@@ -30,7 +30,7 @@ TEST_F(OptionsUi, TheBoxesAreMarkedByTheStoredWords) {
     device.SetOption(ListOption::HideHiddenFiles, 0);
     device.SetOption(ListOption::HideRomFiles, 7); // a word that no version of the program writes
     device.SetOption(ListOption::HideSystemFiles, 0);
-    device.SetOption(ListOption::NoExtension, 0);
+    ShowExtensions();
     device.SetOption(ListOption::RememberLastFolder, 1);
     device.SetOption(ListOption::NoShortcutMention, 1);
     program.Start();
@@ -54,9 +54,9 @@ TEST_F(OptionsUi, ConfirmingShowsTheListByTheNewFilters) {
     program.Start(L"\\F");
     EXPECT_EQ(program.List().Names(), (Texts{L"..", L"plain", L"system"}));
     Dialog dialog = Open();
-    Mark(dialog, IDC_HIDE_HIDDEN, false);
-    Mark(dialog, IDC_HIDE_SYSTEM, true);
-    Mark(dialog, IDC_NO_EXTENSION, false);
+    dialog.Mark(IDC_HIDE_HIDDEN, false);
+    dialog.Mark(IDC_HIDE_SYSTEM, true);
+    dialog.Mark(IDC_NO_EXTENSION, false);
     EXPECT_EQ(program.List().Names(), (Texts{L"..", L"plain", L"system"}));
     Confirm(dialog);
     program.WaitForNames({L"..", L"hidden.txt", L"plain.txt"});
@@ -72,7 +72,7 @@ TEST_F(OptionsUi, FilesInRomAreHidden) {
     program.Start(L"\\Windows");
     ASSERT_TRUE(program.List().Has(L"Wallpaper"));
     Dialog dialog = Open();
-    Mark(dialog, IDC_HIDE_ROM, true);
+    dialog.Mark(IDC_HIDE_ROM, true);
     Confirm(dialog);
     EXPECT_TRUE(Eventually([&] { return !program.List().Has(L"Wallpaper"); }));
 }
@@ -81,7 +81,7 @@ TEST_F(OptionsUi, TheFolderIsRememberedOnceThatIsAskedFor) {
     device.Folder(L"\\F");
     program.Start(L"\\F");
     Dialog dialog = Open();
-    Mark(dialog, IDC_REMEMBER_FOLDER, true);
+    dialog.Mark(IDC_REMEMBER_FOLDER, true);
     Confirm(dialog);
     program.Restart();
     EXPECT_EQ(program.Folder(), L"\\F");
@@ -94,7 +94,7 @@ TEST_F(OptionsUi, BackLeavesEverythingAsItWas) {
     program.Start(L"\\F");
     Dialog dialog = Open();
     for (const int box : boxes)
-        Mark(dialog, box, !dialog.Item(box).IsChecked());
+        dialog.Mark(box, !dialog.Item(box).IsChecked());
     PressBack();
     dialog.WaitUntilClosed();
     program.WaitUntilIdle();
@@ -150,7 +150,7 @@ TEST_F(OptionsUi, NewFavouritesAreInTheMenuAfterwards) {
 
 TEST_F(OptionsUi, ThePadAndTheSoftKeysAreEnough) {
     program.Start();
-    WaitFor("for the list to have the keyboard", [&] { return program.ListHasFocus(); });
+    program.WaitForListFocus();
     PressKey(VK_F4);
     Dialog dialog = program.WaitForDialog(L"Options");
     WaitFor("for the first box", [&] { return HasFocus(dialog, IDC_HIDE_HIDDEN); });

@@ -160,8 +160,7 @@ TEST_F(PaneLayoutUi, AHiddenTreeGivesTheFocusToTheList) {
 TEST_F(PaneLayoutUi, AHiddenAddressBarGivesTheFocusToTheList) {
     StartWith(1, 1, 0, 0);
     PressKey(VK_TAB);
-    WaitFor("for the address bar's focus",
-            [&] { return IsChild(program.AddressBar().Window(), program.Focus()) != 0; });
+    WaitFor("for the address bar's focus", [&] { return program.AddressBarHasFocus(); });
     program.Command(IDM_VIEW_ADDRESS_BAR);
     EXPECT_TRUE(program.ListHasFocus());
 }

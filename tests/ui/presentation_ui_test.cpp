@@ -17,12 +17,7 @@ class PresentationUi : public UiTest {
     DWORD Style() const { return program.List().Style() & ownStyleBits; }
 
     Texts CheckedStyles() const {
-        const Menu menu = program.SoftKeyMenu().Popup(L"View").Popup(L"View Style");
-        Texts texts;
-        for (const MenuItem& item : menu.Items())
-            if (item.checked)
-                texts.push_back(item.text);
-        return texts;
+        return program.SoftKeyMenu().Popup(L"View").Popup(L"View Style").CheckedTexts();
     }
 };
 

@@ -2,7 +2,6 @@
 
 // The properties of files, folders, shortcuts and several entries.
 
-#include "tests/support/soft_keys.h"
 #include "tests/support/text.h"
 #include "tests/support/ui_test.h"
 #include "tests/ui/layout.h"
@@ -26,12 +25,9 @@ class PropertiesUi : public UiTest {
         program.List().SelectNothing();
         for (const std::wstring& name : names)
             program.List().AddToSelection(name);
-        SetFocusToList();
+        program.WaitForListFocus();
         program.PostCommand(IDM_MENU_PROPERTIES);
         return program.WaitForDialog(L"Properties");
-    }
-    void SetFocusToList() {
-        WaitFor("for the list to have the keyboard", [&] { return program.ListHasFocus(); });
     }
     static void Confirm(Dialog& dialog) {
         dialog.Command(IDM_PROPERTIES_OK);
@@ -43,28 +39,10 @@ class PropertiesUi : public UiTest {
         program.WaitUntilIdle();
         EXPECT_FALSE(program.HasMessageBox());
     }
-    void ExpectMessage(const std::wstring& text) {
-        MessageBoxShown box = program.WaitForMessageBox();
-        EXPECT_EQ(box.Text(), text);
-        EXPECT_EQ(box.Caption(), L"");
-        EXPECT_EQ(box.Owner(), program.Window());
-        box.Answer(IDOK);
-    }
     /// The page that a menu entry of the properties opens over them.
-    Dialog OpenPage(Dialog& dialog, int command, int control) {
+    Dialog OpenPage(Dialog& dialog, int command) {
         dialog.Command(command);
-        HWND page = nullptr;
-        WaitFor("for the page", [&] {
-            for (HWND window : DialogsOf(program.ProcessId())) {
-                if (window != dialog.Window() && GetDlgItem(window, control))
-                    page = window;
-            }
-            return page != nullptr;
-        });
-        return Dialog(page);
-    }
-    static bool MenuEntryIsEnabled(const Dialog& dialog, UINT command) {
-        return ReadMenu(dialog.Window(), SoftKeyPopup(dialog.Window(), IDM_SOFTKEY_MENU)).IsEnabled(command);
+        return program.WaitForDialogOver(dialog);
     }
     static bool StartsWith(const std::wstring& text, const std::wstring& beginning) {
         return text.compare(0, beginning.size(), beginning) == 0;
@@ -85,8 +63,8 @@ TEST_F(PropertiesUi, OfAFile) {
     EXPECT_NE(dialog.Item(IDC_ENTRY_CREATED).Text(), L"");
     EXPECT_NE(dialog.Item(IDC_ENTRY_TYPE).Text(), L"");
     EXPECT_EQ(dialog.SoftKeys(), (std::vector<std::wstring>{L"Ok", L"Menu"}));
-    EXPECT_FALSE(MenuEntryIsEnabled(dialog, IDM_PROPERTIES_SHORTCUT));
-    EXPECT_FALSE(MenuEntryIsEnabled(dialog, IDM_PROPERTIES_CONTENTS));
+    EXPECT_FALSE(dialog.SoftKeyMenu().IsEnabled(IDM_PROPERTIES_SHORTCUT));
+    EXPECT_FALSE(dialog.SoftKeyMenu().IsEnabled(IDM_PROPERTIES_CONTENTS));
     for (const int box : {IDC_READ_ONLY, IDC_HIDDEN, IDC_ROM, IDC_ARCHIVE})
         EXPECT_TRUE(dialog.Item(box).IsEnabled());
     ExpectGoodLayout(dialog);
@@ -140,8 +118,7 @@ TEST_F(PropertiesUi, AnEmptyNameIsRefusedAndAttributesAreChangedAllTheSame) {
     device.File(L"\\Temp\\p\\a.txt");
     Dialog dialog = Open(L"\\Temp\\p", {L"a.txt"});
     dialog.Item(IDC_ENTRY_NAME).SetText(L"");
-    dialog.Item(IDC_READ_ONLY).Click();
-    WaitFor("for the mark", [&] { return dialog.Item(IDC_READ_ONLY).IsChecked(); });
+    dialog.Mark(IDC_READ_ONLY);
     dialog.Command(IDM_PROPERTIES_OK);
     ExpectMessage(cannotRename);
     program.WaitUntilIdle();
@@ -170,10 +147,10 @@ TEST_F(PropertiesUi, OfAFolderAndItsContents) {
     Dialog dialog = Open(L"\\Temp\\p", {L"box"});
     for (const int box : {IDC_READ_ONLY, IDC_HIDDEN, IDC_ROM, IDC_ARCHIVE})
         EXPECT_FALSE(dialog.Item(box).IsEnabled());
-    EXPECT_FALSE(MenuEntryIsEnabled(dialog, IDM_PROPERTIES_SHORTCUT));
-    EXPECT_TRUE(MenuEntryIsEnabled(dialog, IDM_PROPERTIES_CONTENTS));
+    EXPECT_FALSE(dialog.SoftKeyMenu().IsEnabled(IDM_PROPERTIES_SHORTCUT));
+    EXPECT_TRUE(dialog.SoftKeyMenu().IsEnabled(IDM_PROPERTIES_CONTENTS));
 
-    Dialog contents = OpenPage(dialog, IDM_PROPERTIES_CONTENTS, IDC_FOLDER_COUNT);
+    Dialog contents = OpenPage(dialog, IDM_PROPERTIES_CONTENTS);
     EXPECT_EQ(contents.Item(IDC_PAGE_TITLE).Text(), L"Properties of box");
     EXPECT_EQ(contents.Item(IDC_FOLDER_COUNT).Text(), L"Folders : 2");
     EXPECT_EQ(contents.Item(IDC_FILE_COUNT).Text(), L"Files :     3");
@@ -228,7 +205,7 @@ TEST_F(PropertiesUi, AFolderThatCannotBeReadCountsAsEmpty) {
     device.File(L"\\Temp\\p\\box\\b.txt", "123");
     device.Forbid("Temp/p/box/closed");
     Dialog dialog = Open(L"\\Temp\\p", {L"box"});
-    Dialog contents = OpenPage(dialog, IDM_PROPERTIES_CONTENTS, IDC_FOLDER_COUNT);
+    Dialog contents = OpenPage(dialog, IDM_PROPERTIES_CONTENTS);
     EXPECT_EQ(contents.Item(IDC_FOLDER_COUNT).Text(), L"Folders : 1");
     EXPECT_EQ(contents.Item(IDC_FILE_COUNT).Text(), L"Files :     1");
 }
@@ -237,7 +214,7 @@ TEST_F(PropertiesUi, LargeFoldersAreCountedWhileThePageAnswers) {
     for (int folder = 0; folder < 10; ++folder)
         device.Files(L"\\Temp\\p\\box\\" + std::to_wstring(folder), L"f", 300);
     Dialog dialog = Open(L"\\Temp\\p", {L"box"});
-    Dialog contents = OpenPage(dialog, IDM_PROPERTIES_CONTENTS, IDC_FOLDER_COUNT);
+    Dialog contents = OpenPage(dialog, IDM_PROPERTIES_CONTENTS);
     EXPECT_TRUE(Answers(contents.Window()));
     WaitFor(
         "for the count", [&] { return contents.Item(IDC_FILE_COUNT).Text() == L"Files :     3000"; }, 60000);
@@ -249,9 +226,9 @@ TEST_F(PropertiesUi, LargeFoldersAreCountedWhileThePageAnswers) {
 TEST_F(PropertiesUi, OfAShortcutAndItsTarget) {
     device.File(L"\\Temp\\p\\way.lnk", "28#\"\\My Documents\\Welcome.txt\"");
     Dialog dialog = Open(L"\\Temp\\p", {L"way.lnk"});
-    EXPECT_TRUE(MenuEntryIsEnabled(dialog, IDM_PROPERTIES_SHORTCUT));
-    EXPECT_FALSE(MenuEntryIsEnabled(dialog, IDM_PROPERTIES_CONTENTS));
-    Dialog page = OpenPage(dialog, IDM_PROPERTIES_SHORTCUT, IDC_TARGET);
+    EXPECT_TRUE(dialog.SoftKeyMenu().IsEnabled(IDM_PROPERTIES_SHORTCUT));
+    EXPECT_FALSE(dialog.SoftKeyMenu().IsEnabled(IDM_PROPERTIES_CONTENTS));
+    Dialog page = OpenPage(dialog, IDM_PROPERTIES_SHORTCUT);
     EXPECT_EQ(page.Item(IDC_SHORTCUT_NAME).Text(), L"way.lnk");
     EXPECT_EQ(page.Item(IDC_TARGET).Text(), L"\"\\My Documents\\Welcome.txt\"");
     EXPECT_NE(page.Item(IDC_TARGET_TYPE).Text(), L"");
@@ -268,7 +245,7 @@ TEST_F(PropertiesUi, OfAShortcutAndItsTarget) {
 TEST_F(PropertiesUi, AnEmptiedTargetIsRefused) {
     device.File(L"\\Temp\\p\\way.lnk", "8#\\Windows");
     Dialog dialog = Open(L"\\Temp\\p", {L"way.lnk"});
-    Dialog page = OpenPage(dialog, IDM_PROPERTIES_SHORTCUT, IDC_TARGET);
+    Dialog page = OpenPage(dialog, IDM_PROPERTIES_SHORTCUT);
     page.Item(IDC_TARGET).SetText(L"");
     Confirm(page);
     dialog.Command(IDM_PROPERTIES_OK);
@@ -280,13 +257,13 @@ TEST_F(PropertiesUi, ATargetThatIsGoneAndAFileThatIsNoShortcutAreInvalid) {
     device.File(L"\\Temp\\p\\gone.lnk", "12#\\Windows\\abc");
     device.File(L"\\Temp\\p\\none.lnk", "no shortcut at all");
     Dialog gone = Open(L"\\Temp\\p", {L"gone.lnk"});
-    Dialog page = OpenPage(gone, IDM_PROPERTIES_SHORTCUT, IDC_TARGET);
+    Dialog page = OpenPage(gone, IDM_PROPERTIES_SHORTCUT);
     EXPECT_EQ(page.Item(IDC_TARGET_TYPE).Text(), L"Invalid Shortcut");
     EXPECT_TRUE(page.Item(IDC_TARGET).IsEnabled());
     Confirm(page);
     ConfirmQuietly(gone);
     Dialog none = Open(L"\\Temp\\p", {L"none.lnk"});
-    Dialog nonePage = OpenPage(none, IDM_PROPERTIES_SHORTCUT, IDC_TARGET);
+    Dialog nonePage = OpenPage(none, IDM_PROPERTIES_SHORTCUT);
     EXPECT_EQ(nonePage.Item(IDC_TARGET_TYPE).Text(), L"Invalid Shortcut");
     EXPECT_FALSE(nonePage.Item(IDC_TARGET).IsEnabled());
 }
@@ -294,7 +271,7 @@ TEST_F(PropertiesUi, ATargetThatIsGoneAndAFileThatIsNoShortcutAreInvalid) {
 TEST_F(PropertiesUi, AShortcutInUseKeepsItsTarget) {
     device.File(L"\\Temp\\p\\way.lnk", "8#\\Windows");
     Dialog dialog = Open(L"\\Temp\\p", {L"way.lnk"});
-    Dialog page = OpenPage(dialog, IDM_PROPERTIES_SHORTCUT, IDC_TARGET);
+    Dialog page = OpenPage(dialog, IDM_PROPERTIES_SHORTCUT);
     page.Item(IDC_TARGET).SetText(L"\\Temp");
     Confirm(page);
     {
@@ -348,8 +325,7 @@ TEST_F(PropertiesUi, TheRomBoxTellsOfSystemFilesAndTakesNoClicks) {
 TEST_F(PropertiesUi, EachChangeThatFailsIsTold) {
     device.File(L"\\Temp\\p\\a.txt");
     Dialog dialog = Open(L"\\Temp\\p", {L"a.txt"});
-    dialog.Item(IDC_HIDDEN).Click();
-    WaitFor("for the mark", [&] { return dialog.Item(IDC_HIDDEN).IsChecked(); });
+    dialog.Mark(IDC_HIDDEN);
     dialog.Item(IDC_ENTRY_NAME).SetText(L"b.txt");
     device.Remove(L"\\Temp\\p\\a.txt");
     dialog.Command(IDM_PROPERTIES_OK);

@@ -2,10 +2,9 @@
 
 // The name of a new archive, asked for by the device's own dialog, and what an archiver has to say.
 
-#include <dlgs.h>
-
 #include "tests/ui/archives_ui.h"
 #include "tests/ui/layout.h"
+#include "tests/ui/save_dialog.h"
 
 namespace {
 
@@ -20,23 +19,7 @@ class SaveDialogUi : public ArchivesUi {
 
     Dialog Ask() {
         StartAndSelect(L"\\Docs", {L"a.txt"});
-        return AskAgain();
-    }
-    Dialog AskAgain() {
-        program.PostCommand(IDM_SENDTO_ZIP);
-        Dialog dialog = program.WaitForDialog(L"Compress Filename");
-        WaitFor("for the soft keys", [&] { return dialog.SoftKeys().size() == 2; });
-        return dialog;
-    }
-    void Save(Dialog& dialog, const std::wstring& name) {
-        Control(Field(dialog)).SetText(name);
-        PressLeftSoftKey();
-        dialog.WaitUntilClosed();
-        program.WaitUntilIdle();
-    }
-    static HWND Field(const Dialog& dialog) {
-        HWND list = GetDlgItem(dialog.Window(), cmb13);
-        return list ? list : GetDlgItem(dialog.Window(), edt1);
+        return AskForArchive(program);
     }
     static std::wstring Command(const std::wstring& archive) {
         return L"UnZip 2048 a \"" + archive + L"\" \"\\Docs\\\" \"\\Docs\\a.txt\" ";
@@ -59,7 +42,7 @@ TEST_F(SaveDialogUi, FitsTheScreenAndIsAnsweredBySoftKeys) {
 
 TEST_F(SaveDialogUi, GivesTheNameItsExtensionAndKeepsTheDevicesRoot) {
     Dialog dialog = Ask();
-    Save(dialog, L"\\To\\Inner\\new");
+    SaveAs(program, dialog, L"\\To\\Inner\\new");
     EXPECT_EQ(archiver->Calls(), Texts{Command(L"\\To\\Inner\\new.zip")});
     EXPECT_FALSE(program.HasMessageBox());
     // Paths still lead to the device.
@@ -69,14 +52,14 @@ TEST_F(SaveDialogUi, GivesTheNameItsExtensionAndKeepsTheDevicesRoot) {
 
 TEST_F(SaveDialogUi, AnExtensionOfOnesOwnStays) {
     Dialog dialog = Ask();
-    Save(dialog, L"\\To\\new.bak");
+    SaveAs(program, dialog, L"\\To\\new.bak");
     EXPECT_EQ(archiver->Calls(), Texts{Command(L"\\To\\new.bak")});
 }
 
 TEST_F(SaveDialogUi, AsksBeforeAFileIsReplaced) {
     device.File(L"\\To\\old.zip", "old");
     Dialog dialog = Ask();
-    Control(Field(dialog)).SetText(L"\\To\\old.zip");
+    NameFieldOf(dialog).SetText(L"\\To\\old.zip");
     PressLeftSoftKey();
     program.WaitForMessageBox().Answer(IDNO);
     EXPECT_EQ(archiver->Calls(), Texts{});
@@ -91,7 +74,7 @@ TEST_F(SaveDialogUi, AsksBeforeAFileIsReplaced) {
 TEST_F(SaveDialogUi, ALibraryWithoutItsDialogGivesWayToThePlatforms) {
     PutLibraryWithoutFunctions(L"getFiles.dll");
     Dialog dialog = Ask();
-    Save(dialog, L"here"); // it begins in the current folder then
+    SaveAs(program, dialog, L"here"); // it begins in the current folder then
     EXPECT_EQ(archiver->Calls(), Texts{Command(L"\\Docs\\here.zip")});
 }
 

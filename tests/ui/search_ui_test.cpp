@@ -18,7 +18,7 @@ class SearchUi : public UiTest {
   protected:
     Dialog Open(const std::wstring& folder) {
         if (!program.Process()) {
-            device.SetOption(ListOption::NoExtension, 0);
+            ShowExtensions();
             program.Start();
         }
         if (!folder.empty()) {
@@ -40,12 +40,6 @@ class SearchUi : public UiTest {
         Dialog dialog = Open(folder);
         dialog.Item(IDC_SEARCH_NAME).SetText(name);
         Search(dialog);
-    }
-    static void Check(Dialog& dialog, int box, bool checked) {
-        if (dialog.Item(box).IsChecked() == checked)
-            return;
-        dialog.Item(box).Click();
-        WaitFor("for the mark", [&] { return dialog.Item(box).IsChecked() == checked; });
     }
     static void SetDay(Dialog& dialog, int picker, WORD year, WORD month, WORD day) {
         const SYSTEMTIME time{year, month, 0, day, 12, 0, 0, 0};
@@ -86,8 +80,8 @@ TEST_F(SearchUi, TheDialogAsItOpens) {
 
 TEST_F(SearchUi, BoxesSwitchTheirControls) {
     Dialog dialog = Open(L"\\My Documents");
-    Check(dialog, IDC_SEARCH_DATE, true);
-    Check(dialog, IDC_SEARCH_SIZE, true);
+    dialog.Mark(IDC_SEARCH_DATE, true);
+    dialog.Mark(IDC_SEARCH_SIZE, true);
     program.WaitUntilIdle();
     for (const int control :
          {IDC_SEARCH_DATE_MODE, IDC_SEARCH_FIRST_DAY, IDC_SEARCH_SIZE_MODE, IDC_SEARCH_KILOBYTES})
@@ -99,7 +93,7 @@ TEST_F(SearchUi, BoxesSwitchTheirControls) {
     ExpectGoodLayout(dialog);
     dialog.Item(IDC_SEARCH_DATE_MODE).PickEntry(before);
     WaitFor("for the second day to go", [&] { return !dialog.Item(IDC_SEARCH_LAST_DAY).IsShown(); });
-    Check(dialog, IDC_SEARCH_DATE, false);
+    dialog.Mark(IDC_SEARCH_DATE, false);
     WaitFor("for the list to be off", [&] { return !dialog.Item(IDC_SEARCH_DATE_MODE).IsEnabled(); });
 }
 
@@ -118,7 +112,7 @@ TEST_F(SearchUi, WithoutSubfoldersOnlyTheFolderItself) {
     device.File(L"\\Temp\\s\\a\\two.txt");
     Dialog dialog = Open(L"\\Temp\\s");
     dialog.Item(IDC_SEARCH_NAME).SetText(L"txt");
-    Check(dialog, IDC_SEARCH_SUBFOLDERS, false);
+    dialog.Mark(IDC_SEARCH_SUBFOLDERS, false);
     Search(dialog);
     EXPECT_EQ(Found(), Texts{L"one.txt"});
 }
@@ -135,7 +129,7 @@ TEST_F(SearchUi, FindsTextWithAndWithoutCase) {
     EXPECT_EQ(Found(), (Texts{L"block.txt", L"end.txt", L"upper.txt"}));
     Dialog loose = Open(L"\\Temp\\s");
     loose.Item(IDC_SEARCH_TEXT).SetText(L"HELLO");
-    Check(loose, IDC_SEARCH_CASE, false);
+    loose.Mark(IDC_SEARCH_CASE, false);
     Search(loose);
     EXPECT_EQ(Found(), (Texts{L"block.txt", L"end.txt", L"lower.txt", L"upper.txt"}));
 }
@@ -157,7 +151,7 @@ TEST_F(SearchUi, FindsByDay) {
     for (const auto& [mode, found] : cases) {
         SCOPED_TRACE(mode);
         Dialog dialog = Open(L"\\Temp\\s");
-        Check(dialog, IDC_SEARCH_DATE, true);
+        dialog.Mark(IDC_SEARCH_DATE, true);
         if (mode >= 0)
             dialog.Item(IDC_SEARCH_DATE_MODE).PickEntry(mode);
         SetDay(dialog, IDC_SEARCH_FIRST_DAY, 2006, 5, 1);
@@ -184,7 +178,7 @@ TEST_F(SearchUi, FindsBySize) {
     for (const auto& [mode, kilobytes, found] : cases) {
         SCOPED_TRACE(Narrow(kilobytes));
         Dialog dialog = Open(L"\\Temp\\s");
-        Check(dialog, IDC_SEARCH_SIZE, true);
+        dialog.Mark(IDC_SEARCH_SIZE, true);
         if (mode >= 0)
             dialog.Item(IDC_SEARCH_SIZE_MODE).PickEntry(mode);
         dialog.Item(IDC_SEARCH_KILOBYTES).SetText(kilobytes);
@@ -266,19 +260,12 @@ TEST_F(SearchUi, StorageCardsAreSearched) {
 TEST_F(SearchUi, ExplorerChoosesTheLocation) {
     Dialog dialog = Open(L"\\My Documents");
     dialog.Command(IDM_SEARCH_EXPLORER);
-    HWND chooser = nullptr;
-    WaitFor("for the folder chooser", [&] {
-        for (HWND window : DialogsOf(program.ProcessId())) {
-            if (GetDlgItem(window, IDC_CHOOSER_TREE))
-                chooser = window;
-        }
-        return chooser != nullptr;
-    });
-    EXPECT_EQ(Dialog(chooser).Title(), L"File Search");
-    TreeView tree(GetDlgItem(chooser, IDC_CHOOSER_TREE));
+    Dialog chooser = program.WaitForDialogOver(dialog);
+    EXPECT_EQ(chooser.Title(), L"File Search");
+    TreeView tree(chooser.Item(IDC_CHOOSER_TREE).Window());
     EXPECT_EQ(tree.SelectedPath(), L"\\My Documents");
     tree.Select(L"\\Windows");
-    Dialog(chooser).Command(IDM_CHOOSER_OK);
+    chooser.Command(IDM_CHOOSER_OK);
     WaitFor("for the location", [&] { return dialog.Item(IDC_SEARCH_LOCATION).Text() == L"\\Windows"; });
     WaitFor("for the keyboard", [&] { return program.Focus() == dialog.Item(IDC_SEARCH_LOCATION).Window(); });
 }

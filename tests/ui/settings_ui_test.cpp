@@ -64,13 +64,6 @@ class SettingsUi : public UiTest {
     void WriteRecent(int number, const std::wstring& text) {
         device.WriteText(recentKey, L"Recent" + std::to_wstring(number), text);
     }
-    /// Types a folder into the address bar, which is shown, and goes there.
-    void GoByAddressBar(const std::wstring& folder) {
-        program.AddressBar().SetText(folder);
-        PostKey(FindWindowExW(program.AddressBar().Window(), nullptr, L"Edit", nullptr), VK_RETURN);
-        program.WaitUntilIdle(); // the bar's text alone would tell of the folder before it is shown
-        program.WaitForFolder(folder);
-    }
 };
 
 // --- Defaults ---
@@ -377,11 +370,11 @@ TEST_F(SettingsUi, RecentAddressesComeBackInTheirOrder) {
 }
 
 TEST_F(SettingsUi, NewAddressesGoAboveTheOldOnesThatStayedInTheRegistry) {
-    device.WriteWords(rebarKey, L"CmdBands", {0, 1});
+    ShowAddressBar();
     program.Start();
-    GoByAddressBar(L"\\Temp");
-    GoByAddressBar(L"\\Windows");
-    GoByAddressBar(L"\\My Documents");
+    program.GoByAddressBar(L"\\Temp");
+    program.GoByAddressBar(L"\\Windows");
+    program.GoByAddressBar(L"\\My Documents");
     for (int number = 1; number <= 8; ++number)
         WriteRecent(number, L"\\Old " + std::to_wstring(number));
     program.Close();

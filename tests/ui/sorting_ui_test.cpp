@@ -23,7 +23,7 @@ class SortingUi : public UiTest {
         device.SetWriteTime(L"\\Sort\\b.TXT", times[1]);
         device.SetWriteTime(L"\\Sort\\a.txt", times[2]);
         device.SetWriteTime(L"\\Sort\\Kiwi.doc", times[3]);
-        device.SetOption(ListOption::NoExtension, 0);
+        ShowExtensions();
     }
 
     void StartSorted(std::uint32_t key, std::uint32_t ascending) {
@@ -37,12 +37,7 @@ class SortingUi : public UiTest {
 
     /// Which of the five entries of "Arrange Icons By" are checked.
     Texts Checked() const {
-        const Menu menu = program.SoftKeyMenu().Popup(L"View").Popup(L"Arrange Icons By");
-        Texts texts;
-        for (const MenuItem& item : menu.Items())
-            if (item.checked)
-                texts.push_back(item.text);
-        return texts;
+        return program.SoftKeyMenu().Popup(L"View").Popup(L"Arrange Icons By").CheckedTexts();
     }
 };
 

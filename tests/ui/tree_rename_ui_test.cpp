@@ -2,11 +2,10 @@
 
 // Renaming a folder in the tree, in place.
 
+#include "tests/ui/name_messages.h"
 #include "tests/ui/tree_ui.h"
 
 namespace {
-
-const std::wstring forbiddenMessage = L"A filename cannot contain these characters:\n\n\\/:,;*?<>|";
 
 class TreeRenameUi : public TreeUi {
   protected:
@@ -38,15 +37,6 @@ class TreeRenameUi : public TreeUi {
     void RenameTo(const std::wstring& name) {
         BeginRename();
         Enter(name);
-    }
-    /// A message box with this text is up; answers it.
-    void ExpectMessage(const std::wstring& text) {
-        MessageBoxShown message = program.WaitForMessageBox();
-        EXPECT_EQ(message.Text(), text);
-        EXPECT_EQ(message.Caption(), L"");
-        EXPECT_EQ(message.Buttons(), std::vector<int>{IDOK});
-        EXPECT_EQ(message.Owner(), program.Window());
-        message.Answer(IDOK);
     }
     /// The editor is open again with the old name, and Back ends it with nothing changed.
     void ExpectEditorAgain(const std::wstring& oldName) {
@@ -100,16 +90,16 @@ TEST_F(TreeRenameUi, WhatIsOpenInTheFolderStaysUsable) {
 TEST_F(TreeRenameUi, ForbiddenCharactersAreToldAndTheEditorOpensAgain) {
     StartAt(L"\\Temp\\old");
     for (const wchar_t character : std::wstring(L"\\/:,;*?<>|"))
-        ExpectRefused(std::wstring(L"a") + character + L"b", forbiddenMessage);
+        ExpectRefused(std::wstring(L"a") + character + L"b", forbiddenNameText);
     EXPECT_EQ(device.NamesIn(L"\\Temp"), Texts{L"old"});
 }
 
 TEST_F(TreeRenameUi, AnEmptyNameIsToldAndTheEditorOpensAgain) {
     StartAt(L"\\Temp\\old");
-    ExpectRefused(L"", L"Input file name.");
+    ExpectRefused(L"", emptyNameText);
     // Refused once, it can still be renamed.
     RenameTo(L"");
-    ExpectMessage(L"Input file name.");
+    ExpectMessage(emptyNameText);
     Enter(L"new");
     EXPECT_TRUE(Eventually([&] { return device.Exists(L"\\Temp\\new"); }));
 }
@@ -118,15 +108,15 @@ TEST_F(TreeRenameUi, TheDeviceAndTheSearchResultsKeepTheirNames) {
     StartWithTree();
     FocusTree();
     RenameTo(L"phone");
-    ExpectMessage(L"Cannot rename file.");
+    ExpectMessage(renameFailedText);
     ExpectEditorAgain(L"My PocketPC");
     RenameTo(L"a:b"); // the characters come first
-    ExpectMessage(forbiddenMessage);
+    ExpectMessage(forbiddenNameText);
     ExpectEditorAgain(L"My PocketPC");
     Tap(Tree().PointOf(L"File Search"));
     program.WaitForFolder(L"File Search");
     RenameTo(L"results");
-    ExpectMessage(L"Cannot rename file.");
+    ExpectMessage(renameFailedText);
     ExpectEditorAgain(L"File Search");
     EXPECT_EQ(Tree().RootText(), L"My PocketPC");
     EXPECT_TRUE(Tree().Has(L"File Search"));
@@ -136,8 +126,8 @@ TEST_F(TreeRenameUi, ANameThatIsTakenIsRefused) {
     StartAt(L"\\Temp\\old");
     device.Folder(L"\\Temp\\folder");
     device.File(L"\\Temp\\file", "kept");
-    ExpectRefused(L"folder", L"Cannot rename file.");
-    ExpectRefused(L"FILE", L"Cannot rename file.");
+    ExpectRefused(L"folder", renameFailedText);
+    ExpectRefused(L"FILE", renameFailedText);
     EXPECT_EQ(device.Content(L"\\Temp\\file"), "kept");
     EXPECT_TRUE(device.Exists(L"\\Temp\\old"));
 }
@@ -147,7 +137,7 @@ TEST_F(TreeRenameUi, AFolderThatVanishedIsRefused) {
     BeginRename();
     RunOnHost("rmdir Temp/old"); // at once, although the program watches it
     Enter(L"new");
-    ExpectMessage(L"Cannot rename file.");
+    ExpectMessage(renameFailedText);
     ExpectEditorAgain(L"old");
     EXPECT_FALSE(device.Exists(L"\\Temp\\new"));
 }
@@ -165,7 +155,7 @@ TEST_F(TreeRenameUi, NamesUpToTheLongestPathAreTaken) {
     const std::wstring home = L"\\Temp\\" + std::wstring(120, L'h');
     StartAt(home + L"\\old");
     const std::size_t room = 259 - home.size() - 1;
-    ExpectRefused(std::wstring(room + 1, L'x'), L"Cannot rename file.");
+    ExpectRefused(std::wstring(room + 1, L'x'), renameFailedText);
     const std::wstring longest(room - 12, L'x'); // what the system lets a folder's path be
     RenameTo(longest);
     WaitFor("for the new name", [&] { return Tree().SelectedPath() == home + L"\\" + longest; });
@@ -201,7 +191,7 @@ TEST_F(TreeRenameUi, ATapElsewhereWithAForbiddenNameOpensTheEditorAgain) {
     BeginRename();
     Control(Editor()).SetText(L"a:b");
     Tap(program.List().EmptyPoint());
-    ExpectMessage(forbiddenMessage);
+    ExpectMessage(forbiddenNameText);
     ExpectEditorAgain(L"old");
     EXPECT_EQ(device.NamesIn(L"\\Temp"), Texts{L"old"});
 }

@@ -8,8 +8,7 @@
 class TreeUi : public UiTest {
   protected:
     void StartWithTree(const std::wstring& commandLine = L"") {
-        device.WriteNumber(settingsKey, L"ShowFolder", 1);
-        device.WriteNumber(settingsKey, L"TreeViewHeight", 130);
+        ShowTree();
         program.Start(commandLine);
     }
 

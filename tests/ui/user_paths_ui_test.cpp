@@ -2,8 +2,8 @@
 
 // The folders of the user's own in "Go to", and the dialog in which they are changed.
 
-#include "tests/support/soft_keys.h"
-#include "tests/ui/name_editor_ui.h"
+#include "tests/support/ui_test.h"
+#include "tests/ui/name_messages.h"
 
 namespace {
 
@@ -50,22 +50,11 @@ class UserPathsUi : public UiTest {
         dialog.WaitUntilClosed();
         program.WaitUntilIdle();
     }
-    void ExpectMessage(const std::wstring& text) {
-        MessageBoxShown message = program.WaitForMessageBox();
-        EXPECT_EQ(message.Text(), text);
-        EXPECT_EQ(message.Caption(), L"");
-        EXPECT_EQ(message.Owner(), program.Window());
-        message.Answer(IDOK);
-    }
     /// The texts in "Go to", from the separator in front of the paths on.
     Texts PathsInMenu() const {
         Texts texts = program.SoftKeyMenu().Popup(L"Go to").Texts();
         texts.erase(texts.begin(), texts.begin() + 5);
         return texts;
-    }
-    bool IsEnabled(const Dialog& dialog, UINT command) const {
-        HMENU menu = SoftKeyPopup(dialog.Window(), IDM_SOFTKEY_MENU);
-        return ReadMenu(dialog.Window(), menu).IsEnabled(command);
     }
 };
 
@@ -86,9 +75,9 @@ TEST_F(UserPathsUi, TheDialogBeginsEmpty) {
     GetClientRect(dialog.Window(), &client);
     EXPECT_EQ(place.right - place.left, client.right);
     EXPECT_TRUE(rows.Style() & LVS_SINGLESEL);
-    EXPECT_TRUE(IsEnabled(dialog, IDM_USER_PATH_ADD));
-    EXPECT_FALSE(IsEnabled(dialog, IDM_USER_PATH_DELETE));
-    EXPECT_FALSE(IsEnabled(dialog, IDM_USER_PATH_EDIT));
+    EXPECT_TRUE(dialog.SoftKeyMenu().IsEnabled(IDM_USER_PATH_ADD));
+    EXPECT_FALSE(dialog.SoftKeyMenu().IsEnabled(IDM_USER_PATH_DELETE));
+    EXPECT_FALSE(dialog.SoftKeyMenu().IsEnabled(IDM_USER_PATH_EDIT));
     Close(dialog);
     EXPECT_EQ(PathsInMenu(), (Texts{L"-", L"User Path"}));
 }
@@ -145,13 +134,13 @@ TEST_F(UserPathsUi, SixteenPathsAreAllThereCanBe) {
         dialog.Command(IDM_USER_PATH_ADD);
         Cancel(dialog);
     }
-    EXPECT_FALSE(IsEnabled(dialog, IDM_USER_PATH_ADD));
+    EXPECT_FALSE(dialog.SoftKeyMenu().IsEnabled(IDM_USER_PATH_ADD));
     dialog.Command(IDM_USER_PATH_ADD);
     EXPECT_TRUE(HoldsFor(200, [&] { return RowsOf(dialog).Count() == 16; }));
     RowsOf(dialog).Select(L"\\A");
     dialog.Command(IDM_USER_PATH_DELETE);
     WaitFor("for the path to go", [&] { return RowsOf(dialog).Count() == 15; });
-    EXPECT_TRUE(IsEnabled(dialog, IDM_USER_PATH_ADD));
+    EXPECT_TRUE(dialog.SoftKeyMenu().IsEnabled(IDM_USER_PATH_ADD));
     Close(dialog);
     EXPECT_EQ(PathsInMenu().size(), 15u + 3u);
 }
