@@ -1,81 +1,14 @@
 // Screens: 240x320
 
-// What a folder shows: its rows, what is kept out, the way up, the texts below, and folders that are odd.
+// What a folder shows: its rows, what is kept out, the way up, what is selected, the texts around.
 
-#include "tests/support/ui_test.h"
+#include "tests/ui/listing_ui.h"
 
 namespace {
 
 const std::wstring deviceKey = L"HKCR\\{000214A0-0000-0000-C000-000000000046}";
 constexpr std::uint64_t gigabyte = 1ull << 30;
 constexpr int iconSelectedAndFocused = LVIS_SELECTED | LVIS_FOCUSED;
-
-/// Names that the host allows in UTF-8: odd, unfit for the device, or no text at all.
-const std::string oddNames[] = {"100% %s%n%d",
-                                "a&b",
-                                "quote'",
-                                "semi;colon",
-                                "\xC3\xA4\xC3\xB6\xE2\x82\xAC",
-                                "tab\there",
-                                "star*",
-                                "line\nbreak",
-                                "what?",
-                                "\xF0\x9F\x98\x80",
-                                "quote\"",
-                                "pipe|",
-                                "back\\slash",
-                                "colon:",
-                                "\xE2\x80\xAE"
-                                "flipped",
-                                "blank ",
-                                "dot.",
-                                " blank",
-                                "...",
-                                "\xFF\xFE",
-                                "NUL",
-                                "com1",
-                                "<less",
-                                "e\xCC\x81"};
-
-class ListingUi : public UiTest {
-  protected:
-    /// Starts the program in a folder and tells the names it shows.
-    Texts NamesIn(const std::wstring& folder) {
-        program.Start(L"\"" + folder + L"\"");
-        return program.List().Names();
-    }
-    void ShowDetails() { device.SetOption(ListOption::ViewStyle, LVS_REPORT); }
-    void ShowExtensions() { device.SetOption(ListOption::NoExtension, 0); }
-    void ShowAddressBar() { device.WriteWords(rebarKey, L"CmdBands", {0, 1}); }
-    void GoUp() { program.Command(IDM_TOOLBAR_UP_FOLDER); }
-    /// Types into the address bar and presses Enter.
-    void GoByAddressBar(const std::wstring& address) {
-        program.AddressBar().SetText(address);
-        PostKey(FindWindowExW(program.AddressBar().Window(), nullptr, L"Edit", nullptr), VK_RETURN);
-        program.WaitUntilIdle(); // the bar's text alone would tell of the folder before it is shown
-        program.WaitForFolder(address);
-    }
-    /// Finds what is named so inside a folder, through the dialog, and shows it.
-    void Search(const std::wstring& name, const std::wstring& folder) {
-        program.PostCommand(IDM_FILE_SEARCH);
-        Dialog criteria = program.WaitForDialog(L"File Search");
-        criteria.Item(IDC_SEARCH_NAME).SetText(name);
-        criteria.Item(IDC_SEARCH_LOCATION).SetText(folder);
-        criteria.Command(IDM_SEARCH_OK);
-        criteria.WaitUntilClosed();
-        program.WaitForFolder(L"File Search");
-        program.WaitUntilIdle();
-    }
-    /// Opens every row in turn that is a folder, and comes back: none may do harm.
-    void VisitEveryFolder(const std::wstring& folder) {
-        for (int row = 1; row < program.List().Count(); ++row) {
-            if (!device.IsFolder(folder + L"\\" + program.List().Text(row)))
-                continue;
-            program.HandOverFolder(folder + L"\\" + program.List().Text(row));
-            program.HandOverFolder(folder);
-        }
-    }
-};
 
 // --- Rows ---
 
@@ -334,63 +267,6 @@ TEST_F(ListingUi, ATotalFromTwoGigabytesOnReadsAsANegativeNumberOfBytes) {
     EXPECT_EQ(program.Status().Texts(), (Texts{L"2 files", L"-2,147,483,648 bytes"}));
 }
 
-// --- Search results as a folder ---
-
-TEST_F(ListingUi, EmptySearchResultsHaveNoRowAndNoWayUp) {
-    ShowAddressBar();
-    program.Start(L"\\Temp");
-    GoByAddressBar(L"File Search");
-    EXPECT_EQ(program.List().Names(), (Texts{}));
-    EXPECT_EQ(program.Status().Texts(), (Texts{L"0 files", L"0 bytes"}));
-}
-
-TEST_F(ListingUi, InSearchResultsNothingIsMadeAndNothingLeadsUp) {
-    ShowAddressBar();
-    program.Start(L"\\Temp");
-    GoByAddressBar(L"File Search");
-    for (const UINT command : {IDM_FILE_NEW_FOLDER, IDM_FILE_SHORTCUT, IDM_TOOLBAR_PASTE,
-                               IDM_TOOLBAR_PASTE_SHORTCUT, IDM_TOOLBAR_UP_FOLDER, IDM_SENDTO_ZIP})
-        program.Command(command);
-    EXPECT_EQ(program.Folder(), L"File Search");
-    EXPECT_EQ(program.List().Names(), (Texts{}));
-    EXPECT_FALSE(program.HasDialog());
-    EXPECT_EQ(device.NamesIn(L"\\Temp"), (Texts{}));
-}
-
-TEST_F(ListingUi, SearchResultsCountEveryRow) {
-    ShowAddressBar();
-    device.File(L"\\A\\note one.txt", std::string(100, 'x'));
-    device.File(L"\\A\\B\\note two.txt", std::string(20, 'x'));
-    device.Folder(L"\\A\\B\\note folder");
-    program.Start(L"\\A");
-    Search(L"note*", L"\\A");
-    EXPECT_EQ(program.List().Names(), (Texts{L"note folder", L"note one", L"note two"}));
-    EXPECT_EQ(program.Status().Texts(), (Texts{L"3 files", L"120 bytes"}));
-    EXPECT_EQ(program.List().SelectedNames(), (Texts{L"note folder"}));
-}
-
-TEST_F(ListingUi, FoldersThatWereFoundAreListedEvenWhenFoldersStayOut) {
-    device.WriteWords(settingsKey, L"HideFolder", {1});
-    device.Folder(L"\\A\\B\\found");
-    program.Start(L"\\A");
-    EXPECT_EQ(program.List().Names(), (Texts{L".."}));
-    Search(L"found", L"\\A");
-    EXPECT_EQ(program.List().Names(), (Texts{L"found"}));
-}
-
-TEST_F(ListingUi, AResultThatVanishedIsDropped) {
-    device.Files(L"\\A", L"note", 3);
-    program.Start(L"\\A");
-    Search(L"note*", L"\\A");
-    ASSERT_EQ(program.List().Count(), 3);
-    device.Remove(L"\\A\\note1");
-    program.Command(IDM_MENU_REFRESH);
-    EXPECT_EQ(program.List().Names(), (Texts{L"note0", L"note2"}));
-    device.File(L"\\A\\note1");
-    program.Command(IDM_MENU_REFRESH);
-    EXPECT_EQ(program.List().Names(), (Texts{L"note0", L"note2"})) << "it is forgotten for good";
-}
-
 TEST_F(ListingUi, AfterDeletingTheTotalCountsAllFilesAlsoHiddenOnes) {
     for (const wchar_t* name : {L"one", L"two", L"hidden"})
         device.File(L"\\A\\" + std::wstring(name), std::string(1024, 'x'));
@@ -404,135 +280,6 @@ TEST_F(ListingUi, AfterDeletingTheTotalCountsAllFilesAlsoHiddenOnes) {
     EXPECT_TRUE(Eventually([&] {
         return program.Status().Texts() == Texts{L"1", L"2.00KB", L"A"};
     })) << testing::PrintToString(program.Status().Texts());
-}
-
-// --- Cards, links, folders that cannot be read ---
-
-TEST_F(ListingUi, AStorageCardIsAFolderAtTheTop) {
-    device.StorageCard("Storage Card", {"Music/song.mp3", "note.txt"});
-    program.Start();
-    const int card = program.List().Find(L"Storage Card");
-    ASSERT_GE(card, 0);
-    EXPECT_NE(program.List().Image(card), program.List().Image(program.List().Find(L"Temp")));
-    program.List().Select(L"Storage Card");
-    program.Command(IDM_FILE_OPEN);
-    EXPECT_EQ(program.List().Names(), (Texts{L"..", L"Music", L"note"}));
-}
-
-TEST_F(ListingUi, ALinkToAFolderIsListedAsAFolder) {
-    device.File(L"\\A\\Real\\inside.txt");
-    device.HostLink("A/Link", "Real");
-    EXPECT_EQ(NamesIn(L"\\A"), (Texts{L"..", L"Link", L"Real"}));
-    program.HandOverFolder(L"\\A\\Link");
-    EXPECT_EQ(program.List().Names(), (Texts{L"..", L"inside"}));
-}
-
-TEST_F(ListingUi, ALinkToItsOwnFolderDoesNoHarm) {
-    device.HostFolder("A");
-    device.HostLink("A/Loop", ".");
-    std::wstring folder = L"\\A";
-    NamesIn(folder);
-    for (int depth = 0; depth < 60; ++depth)
-        program.HandOverFolder(folder += L"\\Loop");
-    program.Command(IDM_GOTO_DEVICE);
-    EXPECT_EQ(program.Folder(), L"My PocketPC");
-}
-
-TEST_F(ListingUi, ADanglingLinkDoesNoHarm) {
-    device.HostFile("A/file.txt");
-    device.HostLink("A/dangling", "nowhere");
-    device.HostLink("A/itself", "itself");
-    device.HostLink("Card that is out", "nowhere");
-    NamesIn(L"\\A");
-    EXPECT_TRUE(program.List().Has(L"file"));
-    GoUp();
-    EXPECT_TRUE(program.List().Has(L"A"));
-}
-
-TEST_F(ListingUi, AFolderThatCannotBeReadShowsOnlyTheWayUp) {
-    device.File(L"\\Secret\\plan.txt");
-    device.Forbid("Secret");
-    EXPECT_EQ(NamesIn(L"\\Secret"), (Texts{L".."}));
-    EXPECT_EQ(program.Status().Texts(), (Texts{L"0", L"0.00KB", L"Secret"}));
-    EXPECT_FALSE(program.HasMessageBox());
-}
-
-TEST_F(ListingUi, AFolderThatVanishedShowsOnlyTheWayUp) {
-    device.Folder(L"\\A\\B");
-    NamesIn(L"\\A");
-    device.Remove(L"\\A\\B");
-    program.List().Select(L"B");
-    program.Command(IDM_FILE_OPEN);
-    EXPECT_EQ(program.List().Names(), (Texts{L".."}));
-}
-
-// --- Names that are odd, long, many ---
-
-TEST_F(ListingUi, OddNamesDoNoHarm) {
-    ShowDetails();
-    ShowExtensions();
-    std::vector<std::string> files;
-    for (const std::string& name : oddNames) {
-        files.push_back("A/" + name);
-        files.push_back("Folders/" + name + "/inside.txt");
-    }
-    device.HostFiles(files);
-    NamesIn(L"\\A");
-    for (const wchar_t* name : {L"100% %s%n%d", L"a&b", L"quote'", L"\x00E4\x00F6\x20AC"})
-        EXPECT_TRUE(program.List().Has(name)) << Narrow(name);
-    for (int row = 0; row < program.List().Count(); ++row)
-        program.List().Row(row);
-    program.HandOverFolder(L"\\Folders");
-    EXPECT_TRUE(program.List().Has(L"100% %s%n%d"));
-    VisitEveryFolder(L"\\Folders");
-    EXPECT_EQ(program.Folder(), L"\\Folders");
-}
-
-TEST_F(ListingUi, ANameOfTheLongestLengthIsShownWhole) {
-    ShowExtensions();
-    const std::wstring name(255, L'n');
-    device.HostFile(std::string(255, 'n'));
-    program.Start();
-    EXPECT_TRUE(program.List().Has(name));
-}
-
-TEST_F(ListingUi, EntriesWhosePathIsTooLongDoNoHarm) {
-    ShowDetails();
-    const std::string deep = std::string(100, 'a') + "/" + std::string(100, 'b');
-    device.HostFile(deep + "/" + std::string(57, 'f'));  // 260 characters: too long by one
-    device.HostFile(deep + "/" + std::string(200, 'g')); // far too long
-    device.HostFolder(deep + "/" + std::string(200, 'h'));
-    device.HostFile(deep + "/short.txt");
-    const std::wstring folder = L"\\" + std::wstring(100, L'a') + L"\\" + std::wstring(100, L'b');
-    NamesIn(folder);
-    EXPECT_TRUE(program.List().Has(L"short"));
-    for (int row = 0; row < program.List().Count(); ++row)
-        program.List().Row(row);
-    ASSERT_TRUE(program.List().Has(std::wstring(200, L'h')));
-    program.List().Select(std::wstring(200, L'h'));
-    program.PostCommand(IDM_FILE_OPEN);
-    program.WaitForMessageBox().Answer(IDOK);
-    EXPECT_EQ(program.Folder(), folder);
-}
-
-TEST_F(ListingUi, ATrailingBackslashStaysAsTyped) {
-    ShowAddressBar();
-    program.Start();
-    GoByAddressBar(L"\\My Documents\\");
-    EXPECT_TRUE(program.List().Has(L"Notes"));
-}
-
-TEST_F(ListingUi, TwentyThousandFilesOpen) {
-    device.Files(L"\\Many", L"file", 20000);
-    program.Start();
-    program.HandOverFolder(L"\\Many");
-    EXPECT_EQ(program.List().Count(), 20001);
-    EXPECT_EQ(program.List().Text(0), L"..");
-    EXPECT_EQ(program.List().Text(1), L"file0");
-    EXPECT_EQ(program.List().Text(20000), L"file9999");
-    EXPECT_EQ(program.Status().Texts().front(), L"20,000");
-    GoUp();
-    EXPECT_EQ(program.List().SelectedNames(), (Texts{L"Many"}));
 }
 
 } // namespace
