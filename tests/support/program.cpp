@@ -146,11 +146,19 @@ bool Program::TreeIsShown() const {
     return IsWindowVisible(Tree().Window());
 }
 
-HWND Program::Focus() const {
+GUITHREADINFO Program::Input() const {
     GUITHREADINFO info{};
     info.cbSize = sizeof(info);
     GetGUIThreadInfo(threadId_, &info);
-    return info.hwndFocus;
+    return info;
+}
+
+HWND Program::Focus() const {
+    return Input().hwndFocus;
+}
+
+bool Program::HoldsStylus() const {
+    return Input().hwndCapture == window_;
 }
 
 Menu Program::SoftKeyMenu() const {

@@ -57,6 +57,8 @@ class Program {
     HWND Focus() const;
     bool ListHasFocus() const { return Focus() == List().Window(); }
     bool TreeHasFocus() const { return Focus() == Tree().Window(); }
+    /// Whether the main window has the stylus for itself, as while something is dragged.
+    bool HoldsStylus() const;
     bool IsInFront() const { return GetForegroundWindow() == window_; }
 
     /// The right soft key's menu, its states brought up to date as for opening it.
@@ -100,6 +102,7 @@ class Program {
   private:
     void FindWindows();
     HWND Child(const wchar_t* className) const;
+    GUITHREADINFO Input() const;
 
     HANDLE process_ = nullptr;
     DWORD processId_ = 0;

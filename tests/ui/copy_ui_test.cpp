@@ -158,13 +158,7 @@ TEST_F(CopyUi, ALockedTargetIsStillThere) {
     StartIn(L"\\From");
     Copy({L"a.txt"});
     Show(L"\\To");
-    {
-        const HeldFile held = device.Hold(L"\\To\\a.txt");
-        Paste();
-        AnswerFile(yesKey);
-        EXPECT_EQ(ReadMessage(), L"'a.txt' cannot be copied.");
-        FinishJob();
-    }
+    PasteOverHeldFile();
     EXPECT_EQ(device.Content(L"\\To\\a.txt"), "old");
     EXPECT_EQ(device.NamesIn(L"\\To"), Texts{L"a.txt"});
 }

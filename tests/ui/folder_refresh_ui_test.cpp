@@ -29,20 +29,13 @@ class FolderRefreshUi : public TreeUi {
     }
     bool Refreshed() const { return program.List().Has(L"fresh"); }
 
-    /// The main window holds the stylus while something is dragged.
-    bool IsDragging() const {
-        GUITHREADINFO info{};
-        info.cbSize = sizeof(info);
-        return GetGUIThreadInfo(GetWindowThreadProcessId(program.Window(), nullptr), &info) &&
-               info.hwndCapture == program.Window();
-    }
     void PickUp(POINT from) {
         StylusDown(from);
         for (LONG step = 1; step <= 4; ++step) {
             Sleep(60);
             StylusMove({from.x + 8 * step, from.y + 2 * step});
         }
-        WaitFor("for the drag", [&] { return IsDragging(); });
+        WaitFor("for the drag", [&] { return program.HoldsStylus(); });
     }
 
     void ExpectToWait() {
@@ -91,7 +84,7 @@ TEST_F(FolderRefreshUi, WaitsWhileEntriesAreDraggedAndHomeLeavesThemThereToo) {
     PressKey(VK_HOME);
     ChangeByOthers();
     ExpectToWait();
-    EXPECT_TRUE(IsDragging());
+    EXPECT_TRUE(program.HoldsStylus());
     EXPECT_EQ(program.Folder(), L"\\T");
     PressKey(VK_ESCAPE);
     StylusUp();

@@ -113,4 +113,12 @@ class TransferUi : public JobUi {
         Show(target);
         Paste();
     }
+    /// Pastes a file over one that another program holds: the job is allowed to, and says that it cannot.
+    void PasteOverHeldFile() {
+        const HeldFile held = device.Hold(L"\\To\\a.txt");
+        Paste();
+        AnswerFile(yesKey);
+        EXPECT_EQ(ReadMessage(), L"'a.txt' cannot be copied.");
+        FinishJob();
+    }
 };

@@ -219,16 +219,10 @@ TEST_F(PaneLayoutUi, AStackedDragStopsTwentyPixelsBeforeTheTreesTopAndTheListsBo
 
 TEST_F(PaneLayoutUi, TheStylusIsHeldWhileTheBorderMoves) {
     StartWith(0, 1, 1, 1);
-    const auto captured = [&] {
-        GUITHREADINFO info{};
-        info.cbSize = sizeof(info);
-        return GetGUIThreadInfo(GetWindowThreadProcessId(program.Window(), nullptr), &info) &&
-               info.hwndCapture == program.Window();
-    };
     Ask(program.Window(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(treeWidth + 2, 30));
-    EXPECT_TRUE(captured());
+    EXPECT_TRUE(program.HoldsStylus());
     Ask(program.Window(), WM_LBUTTONUP, 0, MAKELPARAM(treeWidth + 2, 30));
-    EXPECT_FALSE(captured());
+    EXPECT_FALSE(program.HoldsStylus());
     Ask(program.Window(), WM_MOUSEMOVE, 0, MAKELPARAM(treeWidth + 30, 30));
     EXPECT_EQ(TreePlace().width, treeWidth);
 }
