@@ -16,10 +16,14 @@ constexpr JobLook look{{{216, 217, 107}, IDR_MENUBAR_JOB}, nullptr, L"'%s' canno
 
 constexpr DWORD linkedFolder = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
 
+/// From so many files and folders on it is worth announcing what is to be deleted.
+constexpr std::int32_t longSeries = 100;
+
 class DeleteJob final : public FileJob {
   public:
     DeleteJob(const Path& sourceFolder, std::span<SelectionEntry> entries)
-        : FileJob(look, sourceFolder.View(), entries), mode_(FirstDeleteMode(entries.size())) {}
+        : FileJob(look, sourceFolder.View(), entries), sourceFolder_(sourceFolder),
+          mode_(FirstDeleteMode(entries.size())) {}
 
     using FileJob::RunJob;
 
@@ -27,6 +31,7 @@ class DeleteJob final : public FileJob {
     const wchar_t* Work() override;
     int AnswerQuestion(UINT message, const wchar_t* subject, const wchar_t* source) override;
 
+    void Announce(ce::DeletionSeries& series);
     bool DeleteEntry(SelectionEntry& entry);
     bool DeleteFileEntry(SelectionEntry& entry);
     bool DeleteFolderEntry(SelectionEntry& entry);
@@ -36,6 +41,7 @@ class DeleteJob final : public FileJob {
     bool EmptyFolder();
     bool RemoveFound();
 
+    const Path& sourceFolder_;
     int mode_;
     bool stopped_ = false; // "Cancel" came while a folder was emptied
 
@@ -50,6 +56,9 @@ bool IsSystemFolder(const SelectionEntry& entry) {
 }
 
 const wchar_t* DeleteJob::Work() {
+    ce::DeletionSeries series(sourceFolder_.Text());
+    if (UnitCount() >= longSeries)
+        Announce(series);
     for (SelectionEntry& entry : Entries()) {
         if (IsCancelled())
             return L"Canceled";
@@ -65,6 +74,13 @@ const wchar_t* DeleteJob::Work() {
             return L"Canceled";
     }
     return L"Done";
+}
+
+void DeleteJob::Announce(ce::DeletionSeries& series) {
+    for (const SelectionEntry& entry : Entries())
+        if (entry.kind == ItemKind::Folder && path_.AssignChild(entry.folder.data(), entry.name.data()))
+            series.AddTree(path_.Text());
+    series.Begin();
 }
 
 bool DeleteJob::DeleteEntry(SelectionEntry& entry) {

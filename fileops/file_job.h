@@ -61,6 +61,8 @@ class FileJob : public CopyWatch, private DialogFrame {
 
     // --- For the worker ---
 
+    /// Files and folders that the job has to do with.
+    std::int32_t UnitCount() const { return total_; }
     bool IsCancelled() const { return cancelRequested_ != 0; }
     /// The name behind the last backslash becomes the status text.
     void ShowName(std::wstring_view path);

@@ -2,7 +2,11 @@
 // The phone calls as the desktop carries them out. Signatures are the platform's own; what is said here is
 // only what the device shell adds or does differently. All run on the user-interface thread unless said.
 
+#include <memory>
+
 #include "platform/ce_types.h"
+
+class LinkScan;
 
 // The phone has these names without a suffix; here they are calls of the shell's, not names for others.
 #undef SHGetFileInfo
@@ -32,6 +36,25 @@ BOOL RemoveDirectoryW(const wchar_t* path);
 
 /// Deletes a file, or a link to one and not what is behind it.
 BOOL DeleteFileW(const wchar_t* path);
+
+/// While it lives, its thread deletes what it names, each folder after what is in it: the desktop learns
+/// meanwhile whether there are links at all, and does the deleting faster when there are none.
+class DeletionSeries {
+  public:
+    /// Files right in `folder`.
+    explicit DeletionSeries(const wchar_t* folder);
+    DeletionSeries(const DeletionSeries&) = delete;
+    DeletionSeries& operator=(const DeletionSeries&) = delete;
+    ~DeletionSeries();
+
+    /// The folder `path` with all that lies below it.
+    void AddTree(const wchar_t* path);
+    /// All is named, and nothing deleted yet.
+    void Begin();
+
+  private:
+    std::unique_ptr<LinkScan> scan_;
+};
 
 /// Renames or moves a file, a folder, or a link alone: what is behind a link stays where it is. From one
 /// volume to another it fails with ERROR_NOT_SAME_DEVICE, where a copy that could be watched and stopped does

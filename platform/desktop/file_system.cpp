@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "platform/desktop/host_links.h"
+#include "platform/desktop/link_scan.h"
 #include "platform/desktop/own_entry.h"
 #include "platform/desktop/rooted_path.h"
 #include "platform/handles.h"
@@ -80,6 +81,14 @@ BOOL ChangeCase(const wchar_t* from, const wchar_t* to) {
     return FALSE;
 }
 
+/// Of this thread's series of deletions, while there is one.
+thread_local LinkScan* currentScan = nullptr;
+
+/// Whether a quick answer says so: to be asked of everything that goes, before it goes.
+bool IsSurelyNoLink(const wchar_t* path) {
+    return currentScan != nullptr && currentScan->IsNoLink(path);
+}
+
 bool IsRoot(std::wstring_view path) {
     path = RootedPart(path);
     return path.empty() || path == L"\\";
@@ -133,7 +142,7 @@ DWORD GetFileAttributesW(const wchar_t* path) {
 BOOL SetFileAttributesW(const wchar_t* path, DWORD attributes) {
     constexpr DWORD kept =
         FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE;
-    if (IsHostLink(path))
+    if (!IsSurelyNoLink(path) && IsHostLink(path))
         return TRUE; // a link has none of its own, and what is behind it is not meant
     const auto set = [path](DWORD wanted) {
         return ::SetFileAttributesW(path, wanted != 0 ? wanted : FILE_ATTRIBUTE_NORMAL);
@@ -145,6 +154,8 @@ BOOL SetFileAttributesW(const wchar_t* path, DWORD attributes) {
 }
 
 BOOL RemoveDirectoryW(const wchar_t* path) {
+    if (IsSurelyNoLink(path))
+        return ::RemoveDirectoryW(path);
     // The host marks a link to a folder, and some folders that are none.
     const DWORD attributes = ::GetFileAttributesW(path);
     if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0 || !IsHostLink(path))
@@ -156,9 +167,26 @@ BOOL RemoveDirectoryW(const wchar_t* path) {
 }
 
 BOOL DeleteFileW(const wchar_t* path) {
+    if (IsSurelyNoLink(path))
+        return ::DeleteFileW(path);
     if (const FileHandle entry(OpenOwnEntry(path)); entry)
         return DeleteOwnEntry(entry.Get());
     return IsHostLink(path) ? RemoveHostLink(path) : ::DeleteFileW(path);
+}
+
+DeletionSeries::DeletionSeries(const wchar_t* folder) : scan_(std::make_unique<LinkScan>(folder)) {}
+
+DeletionSeries::~DeletionSeries() {
+    currentScan = nullptr;
+}
+
+void DeletionSeries::AddTree(const wchar_t* path) {
+    scan_->AddTree(path);
+}
+
+void DeletionSeries::Begin() {
+    scan_->Begin();
+    currentScan = scan_.get();
 }
 
 BOOL MoveFileW(const wchar_t* from, const wchar_t* to) {

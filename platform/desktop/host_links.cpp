@@ -1,35 +1,14 @@
 #include "platform/desktop/host_links.h"
 
-#include <initializer_list>
 #include <string_view>
+#include <utility>
 #include <vector>
 
+#include "platform/desktop/host_process.h"
 #include "platform/desktop/rooted_path.h"
 #include "platform/handles.h"
 
 namespace {
-
-using HostPathOf = char* (*)(const wchar_t*);
-
-/// Wine's own call that tells a path on the host; null on Windows.
-HostPathOf HostPathCall() {
-    static const auto call = reinterpret_cast<HostPathOf>(
-        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32"), "wine_get_unix_file_name")));
-    return call;
-}
-
-/// `path` on the host, terminated; empty when its folder does not exist.
-std::vector<wchar_t> HostPath(const wchar_t* path) {
-    constexpr UINT hostCodePage = 65010; // the host's file names, whatever its locale
-    char* bytes = HostPathCall()(path);
-    if (bytes == nullptr)
-        return {};
-    std::vector<wchar_t> text(
-        static_cast<std::size_t>(MultiByteToWideChar(hostCodePage, 0, bytes, -1, nullptr, 0)));
-    MultiByteToWideChar(hostCodePage, 0, bytes, -1, text.data(), static_cast<int>(text.size()));
-    HeapFree(GetProcessHeap(), 0, bytes);
-    return text;
-}
 
 /// Where `path` leads once every link in it is followed; empty when it cannot be opened.
 std::vector<wchar_t> FinalPath(const wchar_t* path) {
@@ -53,30 +32,6 @@ bool FindEntry(const wchar_t* path, WIN32_FIND_DATAW& entry) {
     return true;
 }
 
-/// Starts a program of the host's. Wine tells when it has begun but not when it is done.
-bool StartOnHost(const wchar_t* program, const wchar_t* words,
-                 std::initializer_list<const std::vector<wchar_t>*> paths) {
-    std::vector<wchar_t> command(words, words + std::wstring_view(words).size());
-    for (const std::vector<wchar_t>* path : paths) {
-        const std::wstring_view text(path->data(), path->empty() ? 0 : path->size() - 1);
-        if (text.empty() || text.find(L'"') != std::wstring_view::npos) {
-            SetLastError(ERROR_PATH_NOT_FOUND);
-            return false;
-        }
-        for (const std::wstring_view part : {std::wstring_view(L" \""), text, std::wstring_view(L"\"")})
-            command.insert(command.end(), part.begin(), part.end());
-    }
-    command.push_back(L'\0');
-    STARTUPINFOW startup{};
-    startup.cb = sizeof(startup);
-    PROCESS_INFORMATION process{};
-    if (!::CreateProcessW(program, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                          &process))
-        return false;
-    const ObjectHandle started(process.hProcess), thread(process.hThread);
-    return true;
-}
-
 /// Waits until the host has done what it was started for. False when it does not within two seconds, which
 /// is how its refusal shows.
 template <class Condition>
@@ -94,7 +49,7 @@ BOOL WaitForHost(Condition done) {
 
 bool IsHostLink(const wchar_t* path) {
     WIN32_FIND_DATAW entry;
-    if (HostPathCall() == nullptr || !FindEntry(path, entry))
+    if (!HasHostPrograms() || !FindEntry(path, entry))
         return false;
     const std::wstring_view folderView = FolderPart(path);
     std::vector<wchar_t> folderText(folderView.begin(), folderView.end());
@@ -110,8 +65,8 @@ bool IsHostLink(const wchar_t* path) {
 }
 
 BOOL RemoveHostLink(const wchar_t* path) {
-    const std::vector<wchar_t> host = HostPath(path);
-    if (!StartOnHost(L"\\\\?\\unix\\bin\\rm", L"rm -f --", {&host}))
+    const std::vector<wchar_t> host[] = {HostPath(path)};
+    if (!StartOnHost(L"\\\\?\\unix\\bin\\rm", L"rm -f --", host))
         return FALSE;
     return WaitForHost([&] { return ::GetFileAttributesW(path) == INVALID_FILE_ATTRIBUTES; });
 }
@@ -134,9 +89,9 @@ BOOL MoveHostLink(const wchar_t* from, const wchar_t* to, bool replace) {
         target.insert(target.end(), name.begin(), name.end());
         target.push_back(L'\0');
     }
-    const std::vector<wchar_t> source = HostPath(from);
+    const std::vector<wchar_t> paths[] = {HostPath(from), std::move(target)};
     const wchar_t* words = replace ? L"mv -fT --" : L"mv -nT --";
-    if (!StartOnHost(L"\\\\?\\unix\\bin\\mv", words, {&source, &target}))
+    if (!StartOnHost(L"\\\\?\\unix\\bin\\mv", words, paths))
         return FALSE;
     return WaitForHost([&] {
         WIN32_FIND_DATAW entry;

@@ -42,6 +42,14 @@ inline BOOL MoveAndCloseFile(HANDLE file, const wchar_t* from, const wchar_t* to
     return ::MoveFileW(from, to);
 }
 
+/// The phone has no links.
+class DeletionSeries {
+  public:
+    explicit DeletionSeries(const wchar_t*) {}
+    void AddTree(const wchar_t*) {}
+    void Begin() {}
+};
+
 using ::CommandBar_Create;
 using ::CommandBar_Height;
 using ::CommandBar_InsertComboBox;

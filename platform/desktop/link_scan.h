@@ -1,0 +1,51 @@
+#pragma once
+// Asks the host once, for a whole job, what host_links.h would ask for every file: whether there are links
+// among what is to be deleted. The answer comes while the job is at work already.
+
+#include <string_view>
+#include <vector>
+
+#include <windows.h>
+
+class LinkScan {
+  public:
+    /// The files right in `folder` are to be looked at.
+    explicit LinkScan(const wchar_t* folder);
+    LinkScan(const LinkScan&) = delete;
+    LinkScan& operator=(const LinkScan&) = delete;
+    ~LinkScan();
+
+    /// And all that lies below the folder `path`, and whether that is a link itself.
+    void AddTree(const wchar_t* path);
+
+    /// Sends the host looking. It does nothing on Windows, where no answer comes.
+    void Begin();
+
+    /// Whether the host has answered.
+    bool HasAnswer();
+
+    /// Whether `path`, about to be deleted, is certainly no link. Has to be asked for each entry that goes,
+    /// in the order of the tree and before it goes: so it knows which changes of a folder are the job's own.
+    /// Where somebody else has changed a folder since the host was sent looking, nothing is certain any more.
+    bool IsNoLink(const wchar_t* path);
+
+  private:
+    /// A folder on the way down to the last entry asked for.
+    struct Level {
+        std::size_t length; // of its path
+        bool isUnchanged;
+    };
+
+    void Follow(std::wstring_view folder);
+    bool IsScanned(std::wstring_view folder) const;
+    bool IsUnchanged(std::wstring_view folder) const;
+
+    std::vector<std::vector<wchar_t>> paths_; // the folder, then the trees
+    std::vector<wchar_t> answerFile_;         // empty before the start, and where none is possible
+    ULONGLONG start_ = 0;                     // as file times
+    bool hasAnswer_ = false;
+    bool foundNone_ = false;
+
+    std::vector<wchar_t> folder_; // of the last entry asked for
+    std::vector<Level> levels_;
+};

@@ -1,0 +1,138 @@
+#include "platform/desktop/link_scan.h"
+
+#include <filesystem>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "platform/ce_api.h"
+#include "tests/support/host.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A tree "Goes" beside a file, all of it last changed long ago, and a folder "Stays" outside of them.
+class LinkScanOfHost : public testing::Test {
+  protected:
+    LinkScanOfHost() {
+        RunOnHost("rm -rf Temp/Scan\n"
+                  "mkdir -p Temp/Scan/Goes/One/Deep Temp/Scan/Goes/Two Temp/Scan/Stays\n"
+                  "echo kept > Temp/Scan/Stays/kept.txt\n"
+                  "for i in 1 2 3; do for f in . Goes Goes/One Goes/One/Deep Goes/Two; do\n"
+                  "  echo text > Temp/Scan/$f/$i.txt; done; done\n"
+                  "find Temp/Scan -exec touch -h -d '1 hour ago' {} +\n");
+    }
+    ~LinkScanOfHost() override { RunOnHost("chmod -R u+rwx Temp/Scan; rm -rf Temp/Scan"); }
+
+    /// What the host says of "Goes" and the files beside it.
+    void Begin() {
+        scan_.AddTree(L"\\Temp\\Scan\\Goes");
+        scan_.Begin();
+    }
+    void BeginAndWait() {
+        Begin();
+        for (int tries = 0; tries < 1000 && !scan_.HasAnswer(); ++tries)
+            Sleep(10);
+        ASSERT_TRUE(scan_.HasAnswer());
+    }
+    bool IsNoLink(const std::wstring& below) { return scan_.IsNoLink((L"\\Temp\\Scan\\" + below).c_str()); }
+
+    LinkScan scan_{L"\\Temp\\Scan"};
+};
+
+TEST_F(LinkScanOfHost, IsSureOfFilesWhereThereIsNoLink) {
+    BeginAndWait();
+    for (const wchar_t* file : {L"Goes\\One\\Deep\\1.txt", L"Goes\\One\\2.txt", L"Goes\\3.txt", L"1.txt"})
+        EXPECT_TRUE(IsNoLink(file)) << file;
+}
+
+TEST_F(LinkScanOfHost, IsSureOfNothingBeforeTheAnswer) {
+    EXPECT_FALSE(IsNoLink(L"Goes\\1.txt"));
+    EXPECT_FALSE(scan_.HasAnswer());
+}
+
+TEST_F(LinkScanOfHost, SaysNothingOfWhatItWasNotToldOf) {
+    BeginAndWait();
+    EXPECT_FALSE(IsNoLink(L"Stays\\kept.txt")); // only the files right in the folder were looked at
+    EXPECT_FALSE(IsNoLink(L"Goes too\\1.txt"));
+    EXPECT_FALSE(scan_.IsNoLink(L"\\Temp\\1.txt"));
+    EXPECT_FALSE(scan_.IsNoLink(L"\\1.txt"));
+    EXPECT_FALSE(scan_.IsNoLink(L""));
+}
+
+TEST_F(LinkScanOfHost, IsSureOfNothingWhereALinkLies) {
+    RunOnHost("ln -s ../../../Stays/kept.txt Temp/Scan/Goes/One/Deep/link.txt\n"
+              "find Temp/Scan -exec touch -h -d '1 hour ago' {} +\n");
+    BeginAndWait();
+    EXPECT_FALSE(IsNoLink(L"Goes\\One\\Deep\\link.txt"));
+    EXPECT_FALSE(IsNoLink(L"Goes\\Two\\1.txt"));
+}
+
+TEST_F(LinkScanOfHost, SeesALinkBesideTheTreesAndATreeThatIsOne) {
+    RunOnHost("ln -s Stays/kept.txt Temp/Scan/link.txt\n"
+              "find Temp/Scan -exec touch -h -d '1 hour ago' {} +\n");
+    BeginAndWait();
+    EXPECT_FALSE(IsNoLink(L"1.txt"));
+
+    RunOnHost("rm Temp/Scan/link.txt; ln -s Goes Temp/Scan/Linked; ln -s ../Goes/Two Temp/Scan/Stays/Linked\n"
+              "find Temp/Scan -exec touch -h -d '1 hour ago' {} +\n");
+    LinkScan ofLink(L"\\Temp\\Scan\\Goes");
+    ofLink.AddTree(L"\\Temp\\Scan\\Stays\\Linked");
+    ofLink.Begin();
+    for (int tries = 0; tries < 1000 && !ofLink.HasAnswer(); ++tries)
+        Sleep(10);
+    EXPECT_TRUE(ofLink.HasAnswer());
+    EXPECT_FALSE(ofLink.IsNoLink(L"\\Temp\\Scan\\Stays\\Linked\\1.txt"));
+}
+
+TEST_F(LinkScanOfHost, IsSureOfNothingWhereTheHostCannotLook) {
+    RunOnHost("chmod 0 Temp/Scan/Goes/One/Deep");
+    BeginAndWait();
+    EXPECT_FALSE(IsNoLink(L"Goes\\Two\\1.txt"));
+}
+
+TEST_F(LinkScanOfHost, IsUnsureOfAFolderThatSomebodyHasChangedSince) {
+    BeginAndWait();
+    RunOnHost("ln -s ../../Stays/kept.txt Temp/Scan/Goes/One/1.link");
+    EXPECT_FALSE(IsNoLink(L"Goes\\One\\1.link"));
+    EXPECT_FALSE(IsNoLink(L"Goes\\One\\1.txt"));
+    EXPECT_TRUE(IsNoLink(L"Goes\\Two\\1.txt"));
+}
+
+TEST_F(LinkScanOfHost, StaysSureOfAFolderThatTheJobItselfHasChanged) {
+    BeginAndWait();
+    for (const wchar_t* folder : {L"Goes\\One\\Deep", L"Goes\\One", L"Goes"}) {
+        const std::wstring path = std::wstring(L"\\Temp\\Scan\\") + folder;
+        for (const wchar_t* name : {L"\\1.txt", L"\\2.txt", L"\\3.txt"}) {
+            EXPECT_TRUE(scan_.IsNoLink((path + name).c_str())) << folder << name;
+            EXPECT_TRUE(DeleteFileW((path + name).c_str()));
+        }
+        if (folder != std::wstring_view(L"Goes")) { // which is not empty yet
+            EXPECT_TRUE(RemoveDirectoryW(path.c_str()));
+        }
+    }
+    EXPECT_TRUE(IsNoLink(L"1.txt"));
+}
+
+TEST_F(LinkScanOfHost, TakesWhatHasGoneMeanwhileForNoLink) {
+    RunOnHost("rm -r Temp/Scan/Stays; touch -d '1 hour ago' Temp/Scan");
+    scan_.AddTree(L"\\Temp\\Scan\\Stays");
+    BeginAndWait();
+    EXPECT_TRUE(IsNoLink(L"Goes\\Two\\1.txt"));
+}
+
+TEST_F(LinkScanOfHost, ASeriesOfDeletionsLeavesWhatALinkMadeMeanwhilePointsTo) {
+    ce::DeletionSeries series(L"\\Temp\\Scan");
+    series.AddTree(L"\\Temp\\Scan\\Goes");
+    series.Begin();
+    ASSERT_TRUE(ce::DeleteFileW(L"\\Temp\\Scan\\Goes\\Two\\1.txt"));
+    Sleep(1000); // the host has answered long ago
+    RunOnHost("ln -s ../../Stays/kept.txt Temp/Scan/Goes/One/link.txt");
+    EXPECT_TRUE(ce::DeleteFileW(L"\\Temp\\Scan\\Goes\\One\\link.txt"));
+    EXPECT_TRUE(ce::DeleteFileW(L"\\Temp\\Scan\\Goes\\Two\\2.txt"));
+    RunOnHost("test ! -L Temp/Scan/Goes/One/link.txt; test ! -e Temp/Scan/Goes/Two/2.txt");
+    EXPECT_TRUE(fs::exists(L"\\Temp\\Scan\\Stays\\kept.txt"));
+}
+
+} // namespace
