@@ -158,11 +158,18 @@ Times MoveRound() {
     return times;
 }
 
+/// What is deleted has lain for a moment, as a user's files have: the disk is done with it, and nobody seems
+/// to be changing it.
+void MakeSettledSample(const wchar_t* base) {
+    MakeSample(base);
+    Sleep(300);
+}
+
 Times DeleteRound() {
     Times times{};
-    MakeSample(L"\\Temp\\Bare");
+    MakeSettledSample(L"\\Temp\\Bare");
     times.bare = WallTimeOf([] { RemoveSample(L"\\Temp\\Bare"); });
-    MakeSample(L"\\Temp\\Bare");
+    MakeSettledSample(L"\\Temp\\Bare");
     times.own = WallTimeOf([] { Deleted(L"Bare"); });
     return times;
 }
