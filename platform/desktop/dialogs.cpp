@@ -1,5 +1,6 @@
 #include "platform/ce_api.h"
 #include "platform/desktop/device_shell.h"
+#include "platform/desktop/subclass.h"
 
 namespace {
 
@@ -7,17 +8,13 @@ constexpr LONG FRAME_STYLES =
     WS_CAPTION | WS_BORDER | WS_DLGFRAME | WS_THICKFRAME | WS_SYSMENU | DS_MODALFRAME;
 constexpr LONG FRAME_EX_STYLES = WS_EX_DLGMODALFRAME | WS_EX_WINDOWEDGE | WS_EX_CLIENTEDGE | WS_EX_STATICEDGE;
 constexpr DWORD SIZE_FLAGS = SHIDIF_SIZEDLG | SHIDIF_SIZEDLGFULLSCREEN | SHIDIF_FULLSCREENNOMENUBAR;
-constexpr UINT_PTR WHITE_DIALOG_ID = 2;
 constexpr wchar_t PHONE_DIALOG[] = L"TarvikPhoneDialog";
 
 /// The phone's dialogs are white. What the dialog has coloured itself stays as it is.
-LRESULT CALLBACK WhiteDialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                 DWORD_PTR) {
-    if (message == WM_NCDESTROY) {
+LRESULT CALLBACK WhiteDialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_NCDESTROY)
         RemovePropW(dialog, PHONE_DIALOG);
-        RemoveWindowSubclass(dialog, WhiteDialogProc, WHITE_DIALOG_ID);
-    }
-    LRESULT brush = DefSubclassProc(dialog, message, wParam, lParam);
+    LRESULT brush = CallNextProc(WhiteDialogProc, dialog, message, wParam, lParam);
     bool asksColor = message == WM_CTLCOLORDLG || message == WM_CTLCOLORSTATIC || message == WM_CTLCOLORBTN;
     if (!asksColor || brush != reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE)))
         return brush;
@@ -57,7 +54,7 @@ BOOL ce::SHInitDialog(SHINITDLGINFO* info) {
     if (!info || !(info->dwMask & SHIDIM_FLAGS) || !IsWindow(info->hDlg))
         return FALSE;
     FollowWindow(info->hDlg);
-    SetWindowSubclass(info->hDlg, WhiteDialogProc, WHITE_DIALOG_ID, 0);
+    Subclass(info->hDlg, WhiteDialogProc);
     SetPropW(info->hDlg, PHONE_DIALOG, reinterpret_cast<HANDLE>(1));
     if (info->dwFlags & SIZE_FLAGS)
         FillScreen(info->hDlg, !(info->dwFlags & SHIDIF_FULLSCREENNOMENUBAR));

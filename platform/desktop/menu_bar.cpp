@@ -343,11 +343,10 @@ void UpdateMenuBar(HWND parent, bool raise) {
     MenuBar* bar = BarOfParent(parent);
     if (!bar)
         return;
-    bool show = IsWindowVisible(parent) && !bar->hidden;
-    UINT visibility = bar->hidden ? 0 : show ? SWP_SHOWWINDOW : SWP_HIDEWINDOW;
-    bool appears = show && !IsWindowVisible(bar->window);
-    UINT order = raise || appears ? 0 : SWP_NOZORDER;
-    SetWindowPos(bar->window, HWND_TOP, 0, 0, 0, 0,
-                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | visibility | order);
+    bool isShown = IsWindowVisible(bar->window);
+    bool show = bar->hidden ? isShown : IsWindowVisible(parent) != FALSE;
+    if (raise || show != isShown)
+        SetWindowPos(bar->window, HWND_TOP, 0, 0, 0, 0,
+                     SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | (show ? SWP_SHOWWINDOW : SWP_HIDEWINDOW));
     InvalidateRect(bar->window, nullptr, FALSE);
 }

@@ -4,11 +4,11 @@
 
 #include "platform/ce_api.h"
 #include "platform/desktop/device_shell.h"
+#include "platform/desktop/subclass.h"
 
 namespace {
 
 constexpr DWORD MENU_WINDOW_ATOM = 32768;
-constexpr UINT_PTR MENU_WINDOW_ID = 1;
 
 bool IsSeparator(HMENU menu, int position) {
     MENUITEMINFOW item{};
@@ -30,10 +30,7 @@ int PositionOfNumber(HMENU menu, int number) {
     return -1;
 }
 
-LRESULT CALLBACK MenuWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                DWORD_PTR) {
-    if (message == WM_NCDESTROY)
-        RemoveWindowSubclass(window, MenuWindowProc, MENU_WINDOW_ID);
+LRESULT CALLBACK MenuWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_WINDOWPOSCHANGING && lParam) {
         auto place = reinterpret_cast<WINDOWPOS*>(lParam);
         RECT area = WorkArea();
@@ -42,7 +39,7 @@ LRESULT CALLBACK MenuWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM
             place->y = std::max<int>(std::min<int>(place->y, area.bottom - place->cy), area.top);
         }
     }
-    return DefSubclassProc(window, message, wParam, lParam);
+    return CallNextProc(MenuWindowProc, window, message, wParam, lParam);
 }
 
 } // namespace
@@ -68,5 +65,5 @@ bool PickByNumber(HMENU menu, wchar_t character, LRESULT* answer) {
 
 void KeepMenuInWorkArea(HWND menuWindow) {
     if (GetClassLongW(menuWindow, GCW_ATOM) == MENU_WINDOW_ATOM)
-        SetWindowSubclass(menuWindow, MenuWindowProc, MENU_WINDOW_ID, 0);
+        Subclass(menuWindow, MenuWindowProc);
 }

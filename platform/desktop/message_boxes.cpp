@@ -8,10 +8,10 @@
 #include "platform/ce_api.h"
 #include "platform/desktop/device_shell.h"
 #include "platform/desktop/menu_bar_layout.h"
+#include "platform/desktop/subclass.h"
 
 namespace {
 
-constexpr UINT_PTR MESSAGE_BOX_ID = 1;
 constexpr int TEXT_CONTROL = 0xFFFF;
 constexpr int MARGIN = 8;
 constexpr int EDGE = 4; // what the widest box leaves free beside it
@@ -157,16 +157,13 @@ void LayOut(HWND box) {
     FrameAndCenter(box, width, rowTop + buttonHeight + MARGIN);
 }
 
-LRESULT CALLBACK MessageBoxProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                DWORD_PTR) {
-    bool appears = message == WM_SHOWWINDOW && wParam;
-    if (appears || message == WM_NCDESTROY)
-        RemoveWindowSubclass(dialog, MessageBoxProc, MESSAGE_BOX_ID);
+LRESULT CALLBACK MessageBoxProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    bool appears = message == WM_SHOWWINDOW && wParam && !ce::SHFindMenuBar(dialog);
     if (appears && TextControl(dialog)) {
         LayOut(dialog);
         AddSoftKeys(dialog);
     }
-    return DefSubclassProc(dialog, message, wParam, lParam);
+    return CallNextProc(MessageBoxProc, dialog, message, wParam, lParam);
 }
 
 } // namespace
@@ -175,5 +172,5 @@ void FitMessageBox(HWND window, const CREATESTRUCTW& made) {
     bool dialog = GetClassLongW(window, GCW_ATOM) == reinterpret_cast<UINT_PTR>(WC_DIALOG);
     // The program's own dialogs come from its module, message boxes do not.
     if (dialog && made.hInstance != ShellInstance())
-        SetWindowSubclass(window, MessageBoxProc, MESSAGE_BOX_ID, 0);
+        Subclass(window, MessageBoxProc);
 }

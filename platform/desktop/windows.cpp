@@ -1,12 +1,11 @@
 #include "platform/ce_api.h"
 #include "platform/desktop/device_shell.h"
+#include "platform/desktop/subclass.h"
 
 namespace {
 
 HINSTANCE shellInstance;
 
-constexpr UINT_PTR FOLLOW_ID = 1;
-constexpr UINT_PTR CHILD_ID = 2;
 constexpr wchar_t FILLS_WORK_AREA[] = L"TarvikFillsWorkArea";
 constexpr UINT UM_RENEW_MESSAGE_TIME = WM_APP;
 
@@ -17,7 +16,7 @@ void MaximizeToWorkArea(MINMAXINFO* limits) {
     limits->ptMaxSize = {area.right - area.left, area.bottom - area.top};
 }
 
-LRESULT CALLBACK FollowedProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
+LRESULT CALLBACK FollowedProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_INITMENUPOPUP:
         LimitMenuHeight(reinterpret_cast<HMENU>(wParam));
@@ -29,11 +28,10 @@ LRESULT CALLBACK FollowedProc(HWND window, UINT message, WPARAM wParam, LPARAM l
         break;
     case WM_NCDESTROY:
         RemovePropW(window, FILLS_WORK_AREA);
-        RemoveWindowSubclass(window, FollowedProc, FOLLOW_ID);
         break;
     }
 
-    LRESULT result = DefSubclassProc(window, message, wParam, lParam);
+    LRESULT result = CallNextProc(FollowedProc, window, message, wParam, lParam);
 
     switch (message) {
     case WM_GETMINMAXINFO:
@@ -58,21 +56,19 @@ LRESULT CALLBACK FollowedProc(HWND window, UINT message, WPARAM wParam, LPARAM l
 
 /// The phone keeps every window from drawing over its neighbours, which the desktop does only for a style. So
 /// the pixels that a pane would take along when it moves can be a neighbour's: it is painted anew instead.
-LRESULT CALLBACK ChildProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
-    if (message == WM_NCDESTROY)
-        RemoveWindowSubclass(window, ChildProc, CHILD_ID);
+LRESULT CALLBACK ChildProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_WINDOWPOSCHANGING && lParam)
         reinterpret_cast<WINDOWPOS*>(lParam)->flags |= SWP_NOCOPYBITS;
     if (message == WM_SYSKEYDOWN && NotifyOfKeyWithAlt(window, wParam))
         return DefWindowProcW(window, message, wParam, lParam);
-    return DefSubclassProc(window, message, wParam, lParam);
+    return CallNextProc(ChildProc, window, message, wParam, lParam);
 }
 
 void OnWindowMade(HWND window, const CREATESTRUCTW& made) {
     KeepMenuInWorkArea(window);
     FitMessageBox(window, made);
     if ((made.style & WS_CHILD) && GetPropW(made.hwndParent, FILLS_WORK_AREA))
-        SetWindowSubclass(window, ChildProc, CHILD_ID, 0);
+        Subclass(window, ChildProc);
 }
 
 /// Wine asks the X server for the keyboard with the time of the message that this thread fetched last. The
@@ -142,7 +138,7 @@ RECT WorkArea() {
 }
 
 void FollowWindow(HWND window) {
-    SetWindowSubclass(window, FollowedProc, FOLLOW_ID, 0);
+    Subclass(window, FollowedProc);
 }
 
 void PassActivationOn() {
