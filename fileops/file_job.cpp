@@ -33,17 +33,21 @@ FileJob::FileJob(const JobLook& look, std::wstring_view sourceFolder, std::span<
 
 void FileJob::RunJob() {
     appState.changeWatcher.PauseWatcher();
+    dialogShown_.Reset(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+    if (dialogShown_)
+        thread_.Reset(CreateThread(nullptr, 0, ThreadProcedure, this, 0, nullptr));
     Run(appState.mainWindow);
     EndWorker();
     appState.changeWatcher.ResumeWatcher();
 }
 
-/// The dialog went with the program's windows while the worker was at it: nothing of the job may go before
-/// the worker has ended. Its messages to the dialog come back at once now.
+/// The dialog did not come up, or went with the program's windows while the worker was at it: nothing of the
+/// job may go before the worker has ended. Its messages to the dialog come back at once now.
 void FileJob::EndWorker() {
     if (!thread_)
         return;
     cancelRequested_ = 1;
+    ce::EventModify(dialogShown_.Get(), EVENT_SET);
     WaitForSingleObject(thread_.Get(), INFINITE);
     thread_.Reset();
 }
@@ -56,8 +60,9 @@ HWND FileJob::OnInit() {
     SetDlgItemTextW(Window(), IDC_JOB_STATUS, L"Processing...");
     ShowWindow(Window(), SW_SHOW);
     SetTimer(Window(), idleTimer, idlePeriod, nullptr);
-    thread_.Reset(CreateThread(nullptr, 0, ThreadProcedure, this, 0, nullptr));
-    if (!thread_) {
+    if (thread_) {
+        ce::EventModify(dialogShown_.Get(), EVENT_SET);
+    } else {
         finished_ = 1;
         PostMessageW(Window(), UM_JOBFINISHED, 0, 0);
     }
@@ -119,7 +124,13 @@ void FileJob::OnReport() {
 
 DWORD WINAPI FileJob::ThreadProcedure(void* parameter) {
     auto* job = static_cast<FileJob*>(parameter);
-    job->CountUnits();
+    // Counted while the dialog comes up, and not by it: it answers its keys meanwhile.
+    job->total_ = CountSelection(job->sourceFolder_, job->entries_);
+    WaitForSingleObject(job->dialogShown_.Get(), INFINITE);
+    if (!job->Window())
+        return 0;
+    SendDlgItemMessageW(job->Window(), IDC_JOB_BAR, PBM_SETRANGE, 0, MAKELPARAM(0, job->total_));
+    job->ShowProgress();
     const wchar_t* lastText = job->Work();
     job->ShowProgress();
     SetDlgItemTextW(job->Window(), IDC_JOB_STATUS, lastText);
@@ -127,13 +138,6 @@ DWORD WINAPI FileJob::ThreadProcedure(void* parameter) {
     job->finished_ = 1;
     PostMessageW(job->Window(), UM_JOBFINISHED, 0, 0);
     return 0;
-}
-
-/// Done here and not by the dialog, which answers its keys meanwhile.
-void FileJob::CountUnits() {
-    total_ = CountSelection(sourceFolder_, entries_);
-    SendDlgItemMessageW(Window(), IDC_JOB_BAR, PBM_SETRANGE, 0, MAKELPARAM(0, total_));
-    ShowProgress();
 }
 
 bool FileJob::KeepGoing() {

@@ -93,12 +93,12 @@ class FileJob : public CopyWatch, private DialogFrame {
     void OnQuestion(UINT message);
     void OnReport();
     void SendSubject(UINT message, const wchar_t* subject, const wchar_t* source);
-    void CountUnits();
     void ShowProgress();
 
     const JobLook& look_;
     std::wstring_view sourceFolder_;
     std::span<SelectionEntry> entries_;
+    ObjectHandle dialogShown_; // an event: the worker may send messages and begin
     ObjectHandle thread_;
     volatile LONG cancelRequested_ = 0; // set by the dialog, read by the worker
     volatile LONG finished_ = 0;        // set by the worker with its last step
