@@ -2,14 +2,15 @@
 
 #include "app/entry_walk.h"
 
-std::int32_t CountEntries(std::wstring_view folder) {
+std::int32_t CountEntries(std::wstring_view folder, const volatile LONG* stop) {
     std::int32_t count = 0;
-    for (EntryWalk walk(folder); walk.HasEntry(); walk.Next())
+    for (EntryWalk walk(folder); walk.HasEntry() && !(stop && *stop); walk.Next())
         ++count;
     return count;
 }
 
-std::int32_t CountSelection(std::wstring_view baseFolder, std::span<const SelectionEntry> entries) {
+std::int32_t CountSelection(std::wstring_view baseFolder, std::span<const SelectionEntry> entries,
+                            const volatile LONG* stop) {
     std::int32_t count = 0;
     for (const SelectionEntry& entry : entries) {
         Path folder;
@@ -17,7 +18,8 @@ std::int32_t CountSelection(std::wstring_view baseFolder, std::span<const Select
             ++count;
         else if (entry.kind == ItemKind::Folder)
             count +=
-                1 + (folder.AssignChild(baseFolder, entry.name.data()) ? CountEntries(folder.View()) : 0);
+                1 +
+                (folder.AssignChild(baseFolder, entry.name.data()) ? CountEntries(folder.View(), stop) : 0);
     }
     return count;
 }

@@ -1,6 +1,7 @@
 #include "fileops/delete.h"
 
 #include <array>
+#include <optional>
 
 #include "app/app_state.h"
 #include "app/text.h"
@@ -31,7 +32,9 @@ class DeleteJob final : public FileJob {
     const wchar_t* Work() override;
     int AnswerQuestion(UINT message, const wchar_t* subject, const wchar_t* source) override;
 
-    void Announce(ce::DeletionSeries& series);
+    const wchar_t* DeleteAll();
+    void Announce();
+    void AskMode(const wchar_t* question);
     bool DeleteEntry(SelectionEntry& entry);
     bool DeleteFileEntry(SelectionEntry& entry);
     bool DeleteFolderEntry(SelectionEntry& entry);
@@ -45,6 +48,8 @@ class DeleteJob final : public FileJob {
     int mode_;
     bool stopped_ = false; // "Cancel" came while a folder was emptied
 
+    std::optional<ce::DeletionSeries> series_;
+
     Path path_; // grows and shrinks with the way down
     WIN32_FIND_DATAW found_{};
 };
@@ -56,9 +61,32 @@ bool IsSystemFolder(const SelectionEntry& entry) {
 }
 
 const wchar_t* DeleteJob::Work() {
-    ce::DeletionSeries series(sourceFolder_.Text());
-    if (UnitCount() >= longSeries)
-        Announce(series);
+    Announce();
+    const wchar_t* lastText = DeleteAll();
+    series_.reset();
+    return lastText;
+}
+
+/// Lets the platform prepare for what goes.
+void DeleteJob::Announce() {
+    if (UnitCount() < longSeries)
+        return;
+    series_.emplace(sourceFolder_.Text());
+    Path tree;
+    for (const SelectionEntry& entry : Entries())
+        if (entry.kind == ItemKind::Folder && tree.AssignChild(entry.folder.data(), entry.name.data()))
+            series_->AddTree(tree.Text());
+    series_->Begin();
+}
+
+/// Asks with the delete mode, and announces what is left anew: a user may take long to answer.
+void DeleteJob::AskMode(const wchar_t* question) {
+    series_.reset();
+    mode_ = Ask(UM_ASKREPLACEFILE, question);
+    Announce();
+}
+
+const wchar_t* DeleteJob::DeleteAll() {
     for (SelectionEntry& entry : Entries()) {
         if (IsCancelled())
             return L"Canceled";
@@ -74,13 +102,6 @@ const wchar_t* DeleteJob::Work() {
             return L"Canceled";
     }
     return L"Done";
-}
-
-void DeleteJob::Announce(ce::DeletionSeries& series) {
-    for (const SelectionEntry& entry : Entries())
-        if (entry.kind == ItemKind::Folder && path_.AssignChild(entry.folder.data(), entry.name.data()))
-            series.AddTree(path_.Text());
-    series.Begin();
 }
 
 bool DeleteJob::DeleteEntry(SelectionEntry& entry) {
@@ -103,7 +124,7 @@ bool DeleteJob::DeleteFileEntry(SelectionEntry& entry) {
         return false;
     QuestionText question{};
     if (DeleteAsks(mode_) && WriteFileQuestion(question, path_.View(), attributes))
-        mode_ = Ask(UM_ASKREPLACEFILE, question.data());
+        AskMode(question.data());
     if (mode_ == modeSkipped || mode_ == modeStop)
         return true;
     entry.done = RemoveFile(attributes);
@@ -114,7 +135,7 @@ bool DeleteJob::DeleteFolderEntry(SelectionEntry& entry) {
     QuestionText question{};
     WriteFolderQuestion(question, path_.View());
     if (DeleteAsks(mode_))
-        mode_ = Ask(UM_ASKREPLACEFILE, question.data());
+        AskMode(question.data());
     if (mode_ == modeSkipped || mode_ == modeStop)
         return true;
     const DWORD attributes = ce::GetFileAttributesW(path_.Text());

@@ -125,7 +125,7 @@ void FileJob::OnReport() {
 DWORD WINAPI FileJob::ThreadProcedure(void* parameter) {
     auto* job = static_cast<FileJob*>(parameter);
     // Counted while the dialog comes up, and not by it: it answers its keys meanwhile.
-    job->total_ = CountSelection(job->sourceFolder_, job->entries_);
+    job->total_ = CountSelection(job->sourceFolder_, job->entries_, &job->cancelRequested_);
     WaitForSingleObject(job->dialogShown_.Get(), INFINITE);
     if (!job->Window())
         return 0;

@@ -37,8 +37,10 @@ BOOL RemoveDirectoryW(const wchar_t* path);
 /// Deletes a file, or a link to one and not what is behind it.
 BOOL DeleteFileW(const wchar_t* path);
 
-/// While it lives, its thread deletes what it names, each folder after what is in it: the desktop learns
-/// meanwhile whether there are links at all, and does the deleting faster when there are none.
+/// Announces what this thread is about to delete, each folder after what is in it, until it goes: the desktop
+/// learns meanwhile whether there are links at all, and DeleteFileW is the faster when there are none. What
+/// is put in the place of a file while its folder is being emptied may not be noticed: end it before the user
+/// is asked.
 class DeletionSeries {
   public:
     /// Files right in `folder`.

@@ -27,6 +27,13 @@ std::vector<wchar_t> HostPath(const wchar_t* path) {
     std::vector<wchar_t> text(
         static_cast<std::size_t>(MultiByteToWideChar(hostCodePage, 0, bytes, -1, nullptr, 0)));
     MultiByteToWideChar(hostCodePage, 0, bytes, -1, text.data(), static_cast<int>(text.size()));
+    // A name of the host's that is no proper text would arrive there as another name.
+    std::vector<char> back(static_cast<std::size_t>(
+        WideCharToMultiByte(hostCodePage, 0, text.data(), -1, nullptr, 0, nullptr, nullptr)));
+    WideCharToMultiByte(hostCodePage, 0, text.data(), -1, back.data(), static_cast<int>(back.size()), nullptr,
+                        nullptr);
+    if (back.empty() || std::string_view(back.data()) != bytes)
+        text.clear();
     HeapFree(GetProcessHeap(), 0, bytes);
     return text;
 }

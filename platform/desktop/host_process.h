@@ -9,7 +9,8 @@
 /// Whether the host is one that runs such programs: Wine's. Windows has none.
 bool HasHostPrograms();
 
-/// `path` as the host writes it, terminated; empty when its folder does not exist.
+/// `path` as the host writes it, terminated; empty when its folder does not exist, and when it has a name
+/// that the host cannot be told of.
 std::vector<wchar_t> HostPath(const wchar_t* path);
 
 /// Starts a program of the host's with the words and behind them the paths, each of HostPath. Wine tells when

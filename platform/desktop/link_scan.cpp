@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <limits>
 
 #include "platform/desktop/host_process.h"
 #include "platform/desktop/rooted_path.h"
@@ -10,25 +11,43 @@
 
 namespace {
 
+/// What stands for the folder in the script when there is none to look at.
+constexpr wchar_t noFolder[] = L"-";
+
 /// Writes "none" into the file $0 when there is no link right in the folder $1 nor below the others, and
-/// "some" when there is one or when something could not be looked at. What the job has deleted meanwhile does
-/// not count.
+/// "some" when there is one or when something could not be looked at. What is not there any more has been
+/// deleted meanwhile.
 constexpr wchar_t script[] = LR"(sh -c "folder=$1; shift; export LC_ALL=C
 {
-    find \"$folder/.\" -mindepth 1 -maxdepth 1 -type l -printf 'a link\n' -quit
-    test $# = 0 || find \"$@\" -type l -printf 'a link\n' -quit
+    test \"$folder\" = - || find \"$folder/.\" -mindepth 1 -maxdepth 1 -type l -printf 'a link\n' -quit ||
+        test $? = 1 || echo no find
+    test $# = 0 || find \"$@\" -type l -printf 'a link\n' -quit || test $? = 1 || echo no find
 } 2>&1 | grep -qv ': No such file or directory$'
 case $? in 1) answer=none ;; *) answer=some ;; esac
 test -e \"$0\" && printf $answer >\"$0\"")";
 
 /// How far a file's time may lie behind the clock that the start is read from.
-constexpr ULONGLONG clockStep = 100 * 10'000; // 100 ms
+constexpr LONGLONG clockStep = 100 * 10'000; // 100 ms
 
 /// Characters for paths in a command line of the host's; the trees behind them are not looked through.
 constexpr std::size_t commandRoom = 30'000;
 
-ULONGLONG Ticks(const FILETIME& time) {
-    return (static_cast<ULONGLONG>(time.dwHighDateTime) << 32) | time.dwLowDateTime;
+/// When anything about the folder was last changed, its name, place and times included. Later than any time
+/// when that cannot be told.
+LONGLONG TimeOfChange(const wchar_t* folder) {
+    constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const FileHandle opened(CreateFileW(folder, FILE_READ_ATTRIBUTES, shareAll, nullptr, OPEN_EXISTING,
+                                        FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    FILE_BASIC_INFO info{};
+    if (!opened || !GetFileInformationByHandleEx(opened.Get(), FileBasicInfo, &info, sizeof(info)))
+        return std::numeric_limits<LONGLONG>::max() - clockStep;
+    return info.ChangeTime.QuadPart;
+}
+
+std::vector<wchar_t> Terminated(std::wstring_view text) {
+    std::vector<wchar_t> copy(text.begin(), text.end());
+    copy.push_back(L'\0');
+    return copy;
 }
 
 bool IsAtOrBelow(std::wstring_view path, std::wstring_view folder) {
@@ -41,9 +60,7 @@ std::wstring_view TextOf(const std::vector<wchar_t>& terminated) {
 
 } // namespace
 
-LinkScan::LinkScan(const wchar_t* folder) {
-    AddTree(folder);
-}
+LinkScan::LinkScan(const wchar_t* folder) : folder_(Terminated(folder)) {}
 
 LinkScan::~LinkScan() {
     if (!answerFile_.empty())
@@ -51,27 +68,28 @@ LinkScan::~LinkScan() {
 }
 
 void LinkScan::AddTree(const wchar_t* path) {
-    const std::wstring_view text(path);
-    paths_.emplace_back(text.begin(), text.end()).push_back(L'\0');
+    trees_.push_back(Terminated(path));
 }
 
 void LinkScan::Begin() {
-    std::array<wchar_t, MAX_PATH> folder{}, file{};
-    if (!HasHostPrograms() || GetTempPathW(MAX_PATH, folder.data()) == 0 ||
-        GetTempFileNameW(folder.data(), L"lnk", 0, file.data()) == 0)
+    std::array<wchar_t, MAX_PATH> temporary{}, file{};
+    if (!HasHostPrograms() || GetTempPathW(MAX_PATH, temporary.data()) == 0 ||
+        GetTempFileNameW(temporary.data(), L"lnk", 0, file.data()) == 0)
         return;
-    answerFile_.assign(file.begin(), file.end());
     std::vector<std::vector<wchar_t>> hostPaths{HostPath(file.data())};
-    std::size_t length = hostPaths.front().size();
+    hostPaths.push_back(TextOf(folder_).empty() ? Terminated(noFolder) : HostPath(folder_.data()));
+    std::size_t length = hostPaths[0].size() + hostPaths[1].size();
     std::size_t count = 0;
-    for (; count < paths_.size() && length < commandRoom; ++count)
-        length += hostPaths.emplace_back(HostPath(paths_[count].data())).size() + 3; // quotes and a blank
-    paths_.resize(count);
+    for (; count < trees_.size() && length < commandRoom; ++count)
+        length += hostPaths.emplace_back(HostPath(trees_[count].data())).size() + 3; // quotes and a blank
+    trees_.resize(count);
     FILETIME now{};
     GetSystemTimeAsFileTime(&now);
-    start_ = Ticks(now);
-    if (!StartOnHost(L"\\\\?\\unix\\bin\\sh", script, hostPaths))
-        paths_.clear();
+    start_ = static_cast<LONGLONG>((static_cast<ULONGLONG>(now.dwHighDateTime) << 32) | now.dwLowDateTime);
+    if (StartOnHost(L"\\\\?\\unix\\bin\\sh", script, hostPaths))
+        answerFile_.assign(file.begin(), file.end());
+    else
+        ::DeleteFileW(file.data());
 }
 
 bool LinkScan::HasAnswer() {
@@ -92,38 +110,33 @@ bool LinkScan::IsNoLink(const wchar_t* path) {
     if (answerFile_.empty() || (hasAnswer_ && !foundNone_))
         return false;
     Follow(FolderPart(path));
-    return HasAnswer() && foundNone_ && !levels_.empty() && levels_.back().isUnchanged;
+    return HasAnswer() && foundNone_ && !levels_.empty() && levels_.back().isTrusted;
 }
 
 /// Brings the levels to `folder`, and judges those that are new. The folders on the way down are judged with
 /// it, for they will have changed when the job comes back to them.
 void LinkScan::Follow(std::wstring_view folder) {
-    if (folder == std::wstring_view(folder_.data(), folder_.size()))
+    if (folder == std::wstring_view(lastFolder_.data(), lastFolder_.size()))
         return;
-    while (!levels_.empty() && !IsAtOrBelow(folder, {folder_.data(), levels_.back().length}))
+    while (!levels_.empty() && !IsAtOrBelow(folder, {lastFolder_.data(), levels_.back().length}))
         levels_.pop_back();
-    folder_.assign(folder.begin(), folder.end());
+    lastFolder_.assign(folder.begin(), folder.end());
     for (std::size_t length = levels_.empty() ? 0 : levels_.back().length; length < folder.size();) {
+        const std::wstring_view parent = folder.substr(0, length);
         length = std::min(folder.find(L'\\', length + 1), folder.size());
-        levels_.push_back({length, IsUnchanged(folder.substr(0, length))});
+        // With a folder that is trusted no more goes all below it: it may have been moved there.
+        const bool isDoubtful = IsScanned(parent) && !levels_.empty() && !levels_.back().isTrusted;
+        levels_.push_back({length, !isDoubtful && IsTrusted(folder.substr(0, length))});
     }
 }
 
 bool LinkScan::IsScanned(std::wstring_view folder) const {
-    if (paths_.empty())
-        return false;
-    return folder == TextOf(paths_.front()) ||
-           std::any_of(paths_.begin() + 1, paths_.end(),
-                       [&](const std::vector<wchar_t>& tree) { return IsAtOrBelow(folder, TextOf(tree)); });
+    return (!folder.empty() && folder == TextOf(folder_)) ||
+           std::ranges::any_of(
+               trees_, [&](const std::vector<wchar_t>& tree) { return IsAtOrBelow(folder, TextOf(tree)); });
 }
 
-/// Whether the folder is as the host has seen it or before.
-bool LinkScan::IsUnchanged(std::wstring_view folder) const {
-    if (!IsScanned(folder))
-        return false;
-    std::vector<wchar_t> path(folder.begin(), folder.end());
-    path.push_back(L'\0');
-    WIN32_FILE_ATTRIBUTE_DATA data{};
-    return ::GetFileAttributesExW(path.data(), GetFileExInfoStandard, &data) &&
-           Ticks(data.ftLastWriteTime) + clockStep < start_;
+/// Whether the folder is as it was when the host was sent looking.
+bool LinkScan::IsTrusted(std::wstring_view folder) const {
+    return IsScanned(folder) && TimeOfChange(Terminated(folder).data()) + clockStep < start_;
 }

@@ -9,7 +9,7 @@
 
 class LinkScan {
   public:
-    /// The files right in `folder` are to be looked at.
+    /// The files right in `folder` are to be looked at; in the root, "", they are not.
     explicit LinkScan(const wchar_t* folder);
     LinkScan(const LinkScan&) = delete;
     LinkScan& operator=(const LinkScan&) = delete;
@@ -24,28 +24,30 @@ class LinkScan {
     /// Whether the host has answered.
     bool HasAnswer();
 
-    /// Whether `path`, about to be deleted, is certainly no link. Has to be asked for each entry that goes,
-    /// in the order of the tree and before it goes: so it knows which changes of a folder are the job's own.
-    /// Where somebody else has changed a folder since the host was sent looking, nothing is certain any more.
+    /// Whether `path`, about to be deleted, is known to be no link. Has to be asked for each entry that goes,
+    /// in the order of the tree and before it goes: a folder is looked at when the job first comes to
+    /// something in it, and is trusted from there on when nobody has changed it since the host was sent
+    /// looking.
     bool IsNoLink(const wchar_t* path);
 
   private:
     /// A folder on the way down to the last entry asked for.
     struct Level {
         std::size_t length; // of its path
-        bool isUnchanged;
+        bool isTrusted;
     };
 
     void Follow(std::wstring_view folder);
     bool IsScanned(std::wstring_view folder) const;
-    bool IsUnchanged(std::wstring_view folder) const;
+    bool IsTrusted(std::wstring_view folder) const;
 
-    std::vector<std::vector<wchar_t>> paths_; // the folder, then the trees
-    std::vector<wchar_t> answerFile_;         // empty before the start, and where none is possible
-    ULONGLONG start_ = 0;                     // as file times
+    std::vector<wchar_t> folder_;
+    std::vector<std::vector<wchar_t>> trees_;
+    std::vector<wchar_t> answerFile_; // empty before the start, and where none is possible
+    LONGLONG start_ = 0;              // as file times
     bool hasAnswer_ = false;
     bool foundNone_ = false;
 
-    std::vector<wchar_t> folder_; // of the last entry asked for
+    std::vector<wchar_t> lastFolder_; // of the last entry asked for
     std::vector<Level> levels_;
 };

@@ -347,6 +347,7 @@ void UpdateMenuBar(HWND parent, bool raise) {
     bool show = bar->hidden ? isShown : IsWindowVisible(parent) != FALSE;
     if (raise || show != isShown)
         SetWindowPos(bar->window, HWND_TOP, 0, 0, 0, 0,
-                     SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | (show ? SWP_SHOWWINDOW : SWP_HIDEWINDOW));
+                     SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE |
+                         (show ? SWP_SHOWWINDOW : SWP_HIDEWINDOW | SWP_NOZORDER));
     InvalidateRect(bar->window, nullptr, FALSE);
 }

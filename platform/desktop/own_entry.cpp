@@ -6,6 +6,7 @@
 #include <cstring>
 #include <string_view>
 
+#include "platform/desktop/host_process.h"
 #include "platform/desktop/rooted_path.h"
 #include "platform/handles.h"
 
@@ -29,12 +30,10 @@ using QueryObject = LONG(WINAPI*)(HANDLE object, int what, void* answer, ULONG s
 /// Null on Windows, where the plain calls act on links themselves.
 QueryObject QueryObjectCall() {
     static const QueryObject call = [] {
-        const bool isWine =
-            GetProcAddress(GetModuleHandleW(L"kernel32"), "wine_get_unix_file_name") != nullptr;
         HMODULE system = GetModuleHandleW(L"ntdll");
-        return isWine ? reinterpret_cast<QueryObject>(
-                            reinterpret_cast<void*>(GetProcAddress(system, "NtQueryObject")))
-                      : nullptr;
+        return HasHostPrograms() ? reinterpret_cast<QueryObject>(
+                                       reinterpret_cast<void*>(GetProcAddress(system, "NtQueryObject")))
+                                 : nullptr;
     }();
     return call;
 }

@@ -163,6 +163,24 @@ TEST_F(DeleteUi, ALinkGoesAloneAndWhatItPointsToStays) {
     EXPECT_EQ(device.Content(L"\\Outside\\kept.txt"), "kept");
 }
 
+TEST_F(DeleteUi, ALinkPutInAFilesPlaceWhileAQuestionIsOpenGoesAlone) {
+    device.HostFile("Outside/kept.txt", "kept");
+    device.Files(L"\\T\\Many", L"f", 150);
+    device.SetAttributes(L"\\T\\b.txt", FILE_ATTRIBUTE_READONLY);
+    StartIn(L"\\T");
+    Select({L"Many", L"b.txt", L"c.txt"});
+    Give(IDM_FILE_DELETE);
+    AnswerDelete(yesKey);
+    AnswerDelete(yesKey);
+    const Dialog question = WaitForDeleteQuestion();
+    RunOnHost("ln -sf ../Outside/kept.txt T/c.txt");
+    Answer(question, yesKey);
+    FinishJob();
+    RunOnHost("test ! -L T/c.txt");
+    EXPECT_EQ(device.Content(L"\\Outside\\kept.txt"), "kept");
+    EXPECT_EQ(device.NamesIn(L"\\T"), (Texts{L"Sub", L"a.txt"}));
+}
+
 TEST_F(DeleteUi, ACardIsEmptiedButItsFolderStays) {
     device.StorageCard("Card", {"x.txt", "Sub/y.txt"});
     StartIn(L"");

@@ -68,6 +68,15 @@ TEST_F(EntryCount, CountsFilesAndFoldersAtAnyDepth) {
     EXPECT_EQ(CountEntries(root_ + L"\\one\\deeper\\empty"), 0);
 }
 
+TEST_F(EntryCount, EndsWhenItIsToldTo) {
+    MakeFile(root_ + L"\\a");
+    MakeFile(root_ + L"\\b");
+    LONG stop = 0;
+    EXPECT_EQ(CountEntries(root_, &stop), 2);
+    stop = 1;
+    EXPECT_EQ(CountEntries(root_, &stop), 0);
+}
+
 TEST_F(EntryCount, GoesDownAsFarAsPathsReach) {
     std::wstring path = root_;
     int folders = 0;

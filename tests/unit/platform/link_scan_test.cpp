@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A tree "Goes" beside a file, all of it last changed long ago, and a folder "Stays" outside of them.
+/// A tree "Goes" beside files, all of it last changed a while ago, and a folder "Stays" outside of them.
 class LinkScanOfHost : public testing::Test {
   protected:
     LinkScanOfHost() {
@@ -21,7 +21,7 @@ class LinkScanOfHost : public testing::Test {
                   "echo kept > Temp/Scan/Stays/kept.txt\n"
                   "for i in 1 2 3; do for f in . Goes Goes/One Goes/One/Deep Goes/Two; do\n"
                   "  echo text > Temp/Scan/$f/$i.txt; done; done\n"
-                  "find Temp/Scan -exec touch -h -d '1 hour ago' {} +\n");
+                  "sleep 0.2\n");
     }
     ~LinkScanOfHost() override { RunOnHost("chmod -R u+rwx Temp/Scan; rm -rf Temp/Scan"); }
 
@@ -63,7 +63,7 @@ TEST_F(LinkScanOfHost, SaysNothingOfWhatItWasNotToldOf) {
 
 TEST_F(LinkScanOfHost, IsSureOfNothingWhereALinkLies) {
     RunOnHost("ln -s ../../../Stays/kept.txt Temp/Scan/Goes/One/Deep/link.txt\n"
-              "find Temp/Scan -exec touch -h -d '1 hour ago' {} +\n");
+              "sleep 0.2\n");
     BeginAndWait();
     EXPECT_FALSE(IsNoLink(L"Goes\\One\\Deep\\link.txt"));
     EXPECT_FALSE(IsNoLink(L"Goes\\Two\\1.txt"));
@@ -71,12 +71,12 @@ TEST_F(LinkScanOfHost, IsSureOfNothingWhereALinkLies) {
 
 TEST_F(LinkScanOfHost, SeesALinkBesideTheTreesAndATreeThatIsOne) {
     RunOnHost("ln -s Stays/kept.txt Temp/Scan/link.txt\n"
-              "find Temp/Scan -exec touch -h -d '1 hour ago' {} +\n");
+              "sleep 0.2\n");
     BeginAndWait();
     EXPECT_FALSE(IsNoLink(L"1.txt"));
 
     RunOnHost("rm Temp/Scan/link.txt; ln -s Goes Temp/Scan/Linked; ln -s ../Goes/Two Temp/Scan/Stays/Linked\n"
-              "find Temp/Scan -exec touch -h -d '1 hour ago' {} +\n");
+              "sleep 0.2\n");
     LinkScan ofLink(L"\\Temp\\Scan\\Goes");
     ofLink.AddTree(L"\\Temp\\Scan\\Stays\\Linked");
     ofLink.Begin();
@@ -100,6 +100,52 @@ TEST_F(LinkScanOfHost, IsUnsureOfAFolderThatSomebodyHasChangedSince) {
     EXPECT_TRUE(IsNoLink(L"Goes\\Two\\1.txt"));
 }
 
+TEST_F(LinkScanOfHost, IsUnsureOfAllBelowAFolderThatWasMovedThere) {
+    RunOnHost(
+        "mkdir -p Temp/Scan/Stays/Moved/Deep; ln -s ../../kept.txt Temp/Scan/Stays/Moved/Deep/link.txt\n"
+        "sleep 0.2\n");
+    BeginAndWait();
+    EXPECT_TRUE(IsNoLink(L"Goes\\One\\1.txt"));
+    RunOnHost("mv Temp/Scan/Stays/Moved Temp/Scan/Goes/One/");
+    EXPECT_FALSE(IsNoLink(L"Goes\\One\\Moved\\Deep\\link.txt"));
+    EXPECT_FALSE(IsNoLink(L"Goes\\One\\Moved\\1.txt"));
+}
+
+TEST_F(LinkScanOfHost, IsNotDeceivedByATimeThatWasSetBack) {
+    BeginAndWait();
+    RunOnHost(
+        "ln -s ../../Stays/kept.txt Temp/Scan/Goes/One/1.link; touch -d '1 hour ago' Temp/Scan/Goes/One");
+    EXPECT_FALSE(IsNoLink(L"Goes\\One\\1.link"));
+}
+
+TEST_F(LinkScanOfHost, LooksAtTreesOfTheRoot) {
+    LinkScan ofRoot(L"");
+    ofRoot.AddTree(L"\\Temp\\Scan");
+    ofRoot.Begin();
+    for (int tries = 0; tries < 1000 && !ofRoot.HasAnswer(); ++tries)
+        Sleep(10);
+    EXPECT_TRUE(ofRoot.HasAnswer());
+    EXPECT_TRUE(ofRoot.IsNoLink(L"\\Temp\\Scan\\1.txt"));
+    EXPECT_FALSE(ofRoot.IsNoLink(L"\\Scan.txt"));
+}
+
+TEST_F(LinkScanOfHost, DoesNotLookUnderANameThatTheHostCannotBeTold) {
+    RunOnHost(
+        "d=Temp/Scan/Goes/$(printf 'A\\351'); mkdir \"$d\"; ln -s ../../Stays/kept.txt \"$d/link.txt\"\n"
+        "sleep 0.2\n");
+    WIN32_FIND_DATAW found{};
+    const HANDLE find = FindFirstFileW(L"\\Temp\\Scan\\Goes\\A*", &found);
+    ASSERT_NE(find, INVALID_HANDLE_VALUE);
+    FindClose(find);
+    const std::wstring folder = std::wstring(L"\\Temp\\Scan\\Goes\\") + found.cFileName;
+    ce::DeletionSeries series(L"\\Temp\\Scan\\Goes");
+    series.AddTree(folder.c_str());
+    series.Begin();
+    Sleep(500); // more than the host would need
+    ce::DeleteFileW((folder + L"\\link.txt").c_str());
+    EXPECT_TRUE(fs::exists(L"\\Temp\\Scan\\Stays\\kept.txt"));
+}
+
 TEST_F(LinkScanOfHost, StaysSureOfAFolderThatTheJobItselfHasChanged) {
     BeginAndWait();
     for (const wchar_t* folder : {L"Goes\\One\\Deep", L"Goes\\One", L"Goes"}) {
@@ -116,7 +162,7 @@ TEST_F(LinkScanOfHost, StaysSureOfAFolderThatTheJobItselfHasChanged) {
 }
 
 TEST_F(LinkScanOfHost, TakesWhatHasGoneMeanwhileForNoLink) {
-    RunOnHost("rm -r Temp/Scan/Stays; touch -d '1 hour ago' Temp/Scan");
+    RunOnHost("rm -r Temp/Scan/Stays; sleep 0.2");
     scan_.AddTree(L"\\Temp\\Scan\\Stays");
     BeginAndWait();
     EXPECT_TRUE(IsNoLink(L"Goes\\Two\\1.txt"));
