@@ -102,10 +102,14 @@ void MakeSample(const wchar_t* base) {
     ForEachFile(base, base, [](const wchar_t* file, const wchar_t*) { WriteFileOf(file, sample.fileSize); });
 }
 
-void RemoveSample(const wchar_t* base) {
-    ForEachFile(base, base, [](const wchar_t* file, const wchar_t*) { DeleteFileW(file); });
+void RemoveFolders(const wchar_t* base) {
     ForEachFolder(base, [](const wchar_t* folder) { RemoveDirectoryW(folder); });
     RemoveDirectoryW(base);
+}
+
+void RemoveSample(const wchar_t* base) {
+    ForEachFile(base, base, [](const wchar_t* file, const wchar_t*) { DeleteFileW(file); });
+    RemoveFolders(base);
 }
 
 std::vector<SelectionEntry> EntryNamed(const wchar_t* name, ItemKind kind) {
@@ -166,21 +170,18 @@ Times CopyRound() {
     return times;
 }
 
+void MoveTree(const wchar_t* from, const wchar_t* to) {
+    MakeFolders(to);
+    ForEachFile(from, to, [](const wchar_t* source, const wchar_t* target) { MoveFileW(source, target); });
+    RemoveFolders(from);
+}
+
 Times MoveRound() {
     Times times{};
-    times.bare = BareTimeOf([] {
-        MakeFolders(L"\\Temp\\Bare");
-        ForEachFile(L"\\Temp\\Source", L"\\Temp\\Bare",
-                    [](const wchar_t* from, const wchar_t* to) { MoveFileW(from, to); });
-    });
-    ForEachFile(L"\\Temp\\Bare", L"\\Temp\\Source",
-                [](const wchar_t* from, const wchar_t* to) { MoveFileW(from, to); });
-    RemoveSample(L"\\Temp\\Bare");
+    times.bare = BareTimeOf([] { MoveTree(L"\\Temp\\Source", L"\\Temp\\Bare"); });
+    MoveTree(L"\\Temp\\Bare", L"\\Temp\\Source");
     times.own = WallTimeOf([] { Transferred(Transfer::Move, L"Source", ItemKind::Folder); });
-    MakeFolders(L"\\Temp\\Source");
-    ForEachFile(L"\\Temp\\Target\\Source", L"\\Temp\\Source",
-                [](const wchar_t* from, const wchar_t* to) { MoveFileW(from, to); });
-    RemoveSample(L"\\Temp\\Target\\Source");
+    MoveTree(L"\\Temp\\Target\\Source", L"\\Temp\\Source");
     return times;
 }
 
