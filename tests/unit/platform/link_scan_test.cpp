@@ -32,9 +32,12 @@ class LinkScanOfHost : public testing::Test {
     }
     void BeginAndWait() {
         Begin();
-        for (int tries = 0; tries < 1000 && !scan_.HasAnswer(); ++tries)
+        WaitForAnswer(scan_);
+    }
+    static void WaitForAnswer(LinkScan& scan) {
+        for (int tries = 0; tries < 1000 && !scan.HasAnswer(); ++tries)
             Sleep(10);
-        ASSERT_TRUE(scan_.HasAnswer());
+        ASSERT_TRUE(scan.HasAnswer());
     }
     bool IsNoLink(const std::wstring& below) { return scan_.IsNoLink((L"\\Temp\\Scan\\" + below).c_str()); }
 
@@ -80,9 +83,7 @@ TEST_F(LinkScanOfHost, SeesALinkBesideTheTreesAndATreeThatIsOne) {
     LinkScan ofLink(L"\\Temp\\Scan\\Goes");
     ofLink.AddTree(L"\\Temp\\Scan\\Stays\\Linked");
     ofLink.Begin();
-    for (int tries = 0; tries < 1000 && !ofLink.HasAnswer(); ++tries)
-        Sleep(10);
-    EXPECT_TRUE(ofLink.HasAnswer());
+    WaitForAnswer(ofLink);
     EXPECT_FALSE(ofLink.IsNoLink(L"\\Temp\\Scan\\Stays\\Linked\\1.txt"));
 }
 
@@ -122,9 +123,7 @@ TEST_F(LinkScanOfHost, LooksAtTreesOfTheRoot) {
     LinkScan ofRoot(L"");
     ofRoot.AddTree(L"\\Temp\\Scan");
     ofRoot.Begin();
-    for (int tries = 0; tries < 1000 && !ofRoot.HasAnswer(); ++tries)
-        Sleep(10);
-    EXPECT_TRUE(ofRoot.HasAnswer());
+    WaitForAnswer(ofRoot);
     EXPECT_TRUE(ofRoot.IsNoLink(L"\\Temp\\Scan\\1.txt"));
     EXPECT_FALSE(ofRoot.IsNoLink(L"\\Scan.txt"));
 }
