@@ -43,10 +43,10 @@ class Screen:
             self._shown.release()
 
     def end(self):
-        """Tells every page that the program has ended."""
+        """Tells every page that the program has ended. A page is told once its x11vnc is gone."""
         self._bell.close()
         for _ in range(self._pages):
-            self._shown.acquire(timeout=1)
+            self._shown.acquire(timeout=5)
 
     def _carry(self, page):
         """Returns the reason to close the web socket with; None when the page has closed it."""
