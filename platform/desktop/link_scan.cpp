@@ -118,25 +118,41 @@ bool LinkScan::IsNoLink(const wchar_t* path) {
 void LinkScan::Follow(std::wstring_view folder) {
     if (folder == std::wstring_view(lastFolder_.data(), lastFolder_.size()))
         return;
+    const std::size_t depth = levels_.size();
     while (!levels_.empty() && !IsAtOrBelow(folder, {lastFolder_.data(), levels_.back().length}))
         levels_.pop_back();
+    if (!levels_.empty() && levels_.back().isTrusted) {
+        Level& level = levels_.back();
+        const LONGLONG change = LastLevelsChange();
+        const bool comesBack = levels_.size() < depth; // the job has changed nothing in it since it left
+        level.isTrusted = !comesBack || change == level.change;
+        level.change = change;
+    }
     lastFolder_.assign(folder.begin(), folder.end());
     for (std::size_t length = levels_.empty() ? 0 : levels_.back().length; length < folder.size();) {
-        const std::wstring_view parent = folder.substr(0, length);
         length = std::min(folder.find(L'\\', length + 1), folder.size());
-        // With a folder that is trusted no more goes all below it: it may have been moved there.
-        const bool isDoubtful = IsScanned(parent) && !levels_.empty() && !levels_.back().isTrusted;
-        levels_.push_back({length, !isDoubtful && IsTrusted(folder.substr(0, length))});
+        Push(folder.substr(0, length));
     }
+}
+
+/// Judges a folder in the last level. With one that is trusted no more goes all below it: it may have been
+/// moved there.
+void LinkScan::Push(std::wstring_view folder) {
+    const bool isDoubtful =
+        !levels_.empty() && !levels_.back().isTrusted && IsScanned(folder.substr(0, levels_.back().length));
+    levels_.push_back({folder.size(), false, 0});
+    if (isDoubtful || !IsScanned(folder))
+        return;
+    levels_.back().change = LastLevelsChange();
+    levels_.back().isTrusted = levels_.back().change + clockStep < start_;
+}
+
+LONGLONG LinkScan::LastLevelsChange() const {
+    return TimeOfChange(Terminated({lastFolder_.data(), levels_.back().length}).data());
 }
 
 bool LinkScan::IsScanned(std::wstring_view folder) const {
     return (!folder.empty() && folder == TextOf(folder_)) ||
            std::ranges::any_of(
                trees_, [&](const std::vector<wchar_t>& tree) { return IsAtOrBelow(folder, TextOf(tree)); });
-}
-
-/// Whether the folder is as it was when the host was sent looking.
-bool LinkScan::IsTrusted(std::wstring_view folder) const {
-    return IsScanned(folder) && TimeOfChange(Terminated(folder).data()) + clockStep < start_;
 }

@@ -35,11 +35,13 @@ class LinkScan {
     struct Level {
         std::size_t length; // of its path
         bool isTrusted;
+        LONGLONG change; // its time of change when the job last went on to something below it
     };
 
     void Follow(std::wstring_view folder);
     bool IsScanned(std::wstring_view folder) const;
-    bool IsTrusted(std::wstring_view folder) const;
+    void Push(std::wstring_view folder);
+    LONGLONG LastLevelsChange() const;
 
     std::vector<wchar_t> folder_;
     std::vector<std::vector<wchar_t>> trees_;

@@ -112,6 +112,15 @@ TEST_F(LinkScanOfHost, IsUnsureOfAllBelowAFolderThatWasMovedThere) {
     EXPECT_FALSE(IsNoLink(L"Goes\\One\\Moved\\1.txt"));
 }
 
+TEST_F(LinkScanOfHost, IsUnsureOfAFolderThatWasChangedWhileTheJobWasBelowIt) {
+    BeginAndWait();
+    EXPECT_TRUE(IsNoLink(L"Goes\\One\\1.txt"));
+    RunOnHost("ln -sf ../Stays/kept.txt Temp/Scan/Goes/3.txt; ln -sf Stays/kept.txt Temp/Scan/3.txt");
+    EXPECT_TRUE(IsNoLink(L"Goes\\One\\2.txt"));
+    EXPECT_FALSE(IsNoLink(L"Goes\\3.txt"));
+    EXPECT_FALSE(IsNoLink(L"3.txt"));
+}
+
 TEST_F(LinkScanOfHost, IsNotDeceivedByATimeThatWasSetBack) {
     BeginAndWait();
     RunOnHost(
@@ -154,6 +163,7 @@ TEST_F(LinkScanOfHost, StaysSureOfAFolderThatTheJobItselfHasChanged) {
             EXPECT_TRUE(DeleteFileW((path + name).c_str()));
         }
         if (folder != std::wstring_view(L"Goes")) { // which is not empty yet
+            EXPECT_TRUE(scan_.IsNoLink(path.c_str())) << folder;
             EXPECT_TRUE(RemoveDirectoryW(path.c_str()));
         }
     }
