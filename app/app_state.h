@@ -8,6 +8,7 @@
 #include "app/settings.h"
 #include "filelist/file_list.h"
 #include "fileops/archive_types.h"
+#include "fileops/job_worker.h"
 #include "foldertree/folder_tree.h"
 #include "platform/ce_api.h"
 
@@ -34,6 +35,7 @@ struct AppState {
     FileList fileList;
     FolderTree folderTree;
     ChangeWatcher changeWatcher;
+    JobWorker jobWorker;
 
     // Sticky keys, for phones without modifier keys
     bool ctrlLatched = false;

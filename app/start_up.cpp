@@ -80,6 +80,7 @@ int ProgramMain(HINSTANCE instance, wchar_t* commandLine) {
     LoadDecimalSeparator();
     appState.archivers = FindArchivers();
     appState.changeWatcher.StartWatcher();
+    appState.jobWorker.Prepare();
     appState.instance = instance;
     CreateMainWindow();
     ShowMainWindow();

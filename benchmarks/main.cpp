@@ -31,6 +31,7 @@ void StartProgram() {
     StartDeviceShell(instance);
     LoadDecimalSeparator();
     appState.changeWatcher.StartWatcher();
+    appState.jobWorker.Prepare();
     appState.instance = instance;
     CreateMainWindow();
     ShowMainWindow();

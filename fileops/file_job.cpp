@@ -1,5 +1,7 @@
 #include "fileops/file_job.h"
 
+#include <utility>
+
 #include "app/app_state.h"
 #include "app/entry_count.h"
 #include "app/text.h"
@@ -34,8 +36,7 @@ FileJob::FileJob(const JobLook& look, std::wstring_view sourceFolder, std::span<
 void FileJob::RunJob() {
     appState.changeWatcher.PauseWatcher();
     dialogShown_.Reset(CreateEventW(nullptr, TRUE, FALSE, nullptr));
-    if (dialogShown_)
-        thread_.Reset(CreateThread(nullptr, 0, ThreadProcedure, this, 0, nullptr));
+    isStarted_ = dialogShown_ && appState.jobWorker.Start(DoSteps, this);
     Run(appState.mainWindow);
     EndWorker();
     appState.changeWatcher.ResumeWatcher();
@@ -44,12 +45,11 @@ void FileJob::RunJob() {
 /// The dialog did not come up, or went with the program's windows while the worker was at it: nothing of the
 /// job may go before the worker has ended. Its messages to the dialog come back at once now.
 void FileJob::EndWorker() {
-    if (!thread_)
+    if (!isStarted_)
         return;
     cancelRequested_ = 1;
     ce::EventModify(dialogShown_.Get(), EVENT_SET);
-    WaitForSingleObject(thread_.Get(), INFINITE);
-    thread_.Reset();
+    appState.jobWorker.Finish();
 }
 
 // --- The dialog, on the user-interface thread ---
@@ -60,7 +60,7 @@ HWND FileJob::OnInit() {
     SetDlgItemTextW(Window(), IDC_JOB_STATUS, L"Processing...");
     ShowWindow(Window(), SW_SHOW);
     SetTimer(Window(), idleTimer, idlePeriod, nullptr);
-    if (thread_) {
+    if (isStarted_) {
         ce::EventModify(dialogShown_.Get(), EVENT_SET);
     } else {
         finished_ = 1;
@@ -101,9 +101,8 @@ void FileJob::OnCancelKey() {
 void FileJob::OnFinished() {
     if (!finished_)
         return;
-    if (thread_)
-        WaitForSingleObject(thread_.Get(), INFINITE); // it has no more to do than to end
-    thread_.Reset();
+    if (std::exchange(isStarted_, false))
+        appState.jobWorker.Finish(); // it has nothing more to do
     KillTimer(Window(), idleTimer);
     End(0);
 }
@@ -122,13 +121,13 @@ void FileJob::OnReport() {
 
 // --- The worker ---
 
-DWORD WINAPI FileJob::ThreadProcedure(void* parameter) {
+void FileJob::DoSteps(void* parameter) {
     auto* job = static_cast<FileJob*>(parameter);
     // Counted while the dialog comes up, and not by it: it answers its keys meanwhile.
     job->total_ = CountSelection(job->sourceFolder_, job->entries_, &job->cancelRequested_);
     WaitForSingleObject(job->dialogShown_.Get(), INFINITE);
     if (!job->Window())
-        return 0;
+        return;
     SendDlgItemMessageW(job->Window(), IDC_JOB_BAR, PBM_SETRANGE, 0, MAKELPARAM(0, job->total_));
     job->ShowProgress();
     const wchar_t* lastText = job->Work();
@@ -137,7 +136,6 @@ DWORD WINAPI FileJob::ThreadProcedure(void* parameter) {
     // Posted: a dialog that is ended by a sent message swallows the next one in the queue.
     job->finished_ = 1;
     PostMessageW(job->Window(), UM_JOBFINISHED, 0, 0);
-    return 0;
 }
 
 bool FileJob::KeepGoing() {

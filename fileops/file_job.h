@@ -81,7 +81,7 @@ class FileJob : public CopyWatch, private DialogFrame {
     std::span<SelectionEntry> Entries() const { return entries_; }
 
   private:
-    static DWORD WINAPI ThreadProcedure(void* job);
+    static void DoSteps(void* job);
     HWND OnInit() override;
     void OnCommand(int id, int notification) override;
     INT_PTR OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -99,7 +99,7 @@ class FileJob : public CopyWatch, private DialogFrame {
     std::wstring_view sourceFolder_;
     std::span<SelectionEntry> entries_;
     ObjectHandle dialogShown_; // an event: the worker may send messages and begin
-    ObjectHandle thread_;
+    bool isStarted_ = false;   // the worker has taken this job and may be at it
     volatile LONG cancelRequested_ = 0; // set by the dialog, read by the worker
     volatile LONG finished_ = 0;        // set by the worker with its last step
     const wchar_t* subject_ = nullptr;  // of the question or report that the worker waits for
