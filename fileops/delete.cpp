@@ -1,7 +1,6 @@
 #include "fileops/delete.h"
 
 #include <array>
-#include <optional>
 
 #include "app/app_state.h"
 #include "app/text.h"
@@ -17,9 +16,6 @@ constexpr JobLook look{{{216, 217, 107}, IDR_MENUBAR_JOB}, nullptr, L"'%s' canno
 
 constexpr DWORD linkedFolder = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
 
-/// From so many files and folders on it is worth announcing what is to be deleted.
-constexpr std::int32_t longSeries = 100;
-
 class DeleteJob final : public FileJob {
   public:
     DeleteJob(const Path& sourceFolder, std::span<SelectionEntry> entries)
@@ -29,12 +25,10 @@ class DeleteJob final : public FileJob {
     using FileJob::RunJob;
 
   private:
+    bool RemovesEntries() const override { return true; }
     const wchar_t* Work() override;
     int AnswerQuestion(UINT message, const wchar_t* subject, const wchar_t* source) override;
 
-    const wchar_t* DeleteAll();
-    void Announce();
-    void AskMode(const wchar_t* question);
     bool DeleteEntry(SelectionEntry& entry);
     bool DeleteFileEntry(SelectionEntry& entry);
     bool DeleteFolderEntry(SelectionEntry& entry);
@@ -48,8 +42,6 @@ class DeleteJob final : public FileJob {
     int mode_;
     bool stopped_ = false; // "Cancel" came while a folder was emptied
 
-    std::optional<ce::DeletionSeries> series_;
-
     Path path_; // grows and shrinks with the way down
     WIN32_FIND_DATAW found_{};
 };
@@ -61,32 +53,6 @@ bool IsSystemFolder(const SelectionEntry& entry) {
 }
 
 const wchar_t* DeleteJob::Work() {
-    Announce();
-    const wchar_t* lastText = DeleteAll();
-    series_.reset();
-    return lastText;
-}
-
-/// Lets the platform prepare for what goes.
-void DeleteJob::Announce() {
-    if (UnitCount() < longSeries)
-        return;
-    series_.emplace(sourceFolder_.Text());
-    Path tree;
-    for (const SelectionEntry& entry : Entries())
-        if (entry.kind == ItemKind::Folder && tree.AssignChild(entry.folder.data(), entry.name.data()))
-            series_->AddTree(tree.Text());
-    series_->Begin();
-}
-
-/// Asks with the delete mode, and announces what is left anew: a user may take long to answer.
-void DeleteJob::AskMode(const wchar_t* question) {
-    series_.reset();
-    mode_ = Ask(UM_ASKREPLACEFILE, question);
-    Announce();
-}
-
-const wchar_t* DeleteJob::DeleteAll() {
     for (SelectionEntry& entry : Entries()) {
         if (IsCancelled())
             return L"Canceled";
@@ -124,7 +90,7 @@ bool DeleteJob::DeleteFileEntry(SelectionEntry& entry) {
         return false;
     QuestionText question{};
     if (DeleteAsks(mode_) && WriteFileQuestion(question, path_.View(), attributes))
-        AskMode(question.data());
+        mode_ = Ask(UM_ASKREPLACEFILE, question.data());
     if (mode_ == modeSkipped || mode_ == modeStop)
         return true;
     entry.done = RemoveFile(attributes);
@@ -135,7 +101,7 @@ bool DeleteJob::DeleteFolderEntry(SelectionEntry& entry) {
     QuestionText question{};
     WriteFolderQuestion(question, path_.View());
     if (DeleteAsks(mode_))
-        AskMode(question.data());
+        mode_ = Ask(UM_ASKREPLACEFILE, question.data());
     if (mode_ == modeSkipped || mode_ == modeStop)
         return true;
     const DWORD attributes = ce::GetFileAttributesW(path_.Text());

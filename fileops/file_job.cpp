@@ -12,6 +12,9 @@ namespace {
 constexpr UINT_PTR idleTimer = 1;
 constexpr UINT idlePeriod = 10000; // milliseconds
 
+/// From so many files and folders on it is worth announcing what goes.
+constexpr std::int32_t longSeries = 100;
+
 /// Shorter than what an eye can follow, long against the time of a small file.
 constexpr DWORD showInterval = 100; // milliseconds
 
@@ -130,7 +133,9 @@ void FileJob::DoSteps(void* parameter) {
         return;
     SendDlgItemMessageW(job->Window(), IDC_JOB_BAR, PBM_SETRANGE, 0, MAKELPARAM(0, job->total_));
     job->ShowProgress();
+    job->Announce();
     const wchar_t* lastText = job->Work();
+    job->series_.reset();
     job->ShowProgress();
     SetDlgItemTextW(job->Window(), IDC_JOB_STATUS, lastText);
     // Posted: a dialog that is ended by a sent message swallows the next one in the queue.
@@ -154,6 +159,18 @@ void FileJob::ShowProgress() {
     lastShown_ = GetTickCount();
 }
 
+/// Lets the platform prepare for what goes.
+void FileJob::Announce() {
+    Path folder, tree;
+    if (!RemovesEntries() || total_ < longSeries || !folder.Assign(sourceFolder_))
+        return;
+    series_.emplace(folder.Text());
+    for (const SelectionEntry& entry : entries_)
+        if (entry.kind == ItemKind::Folder && tree.AssignChild(entry.folder.data(), entry.name.data()))
+            series_->AddTree(tree.Text());
+    series_->Begin();
+}
+
 void FileJob::ShowName(std::wstring_view path) {
     CopyTextTo(shownName_, LeafOf(path));
     KeepGoing();
@@ -168,7 +185,11 @@ void FileJob::CompleteUnit() {
 }
 
 int FileJob::Ask(UINT message, const wchar_t* subject, const wchar_t* source) {
+    const bool wasAnnounced = series_.has_value();
+    series_.reset(); // a user may take long to answer
     SendSubject(message, subject, source);
+    if (wasAnnounced && answer_ != modeStop)
+        Announce();
     return answer_;
 }
 

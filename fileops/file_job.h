@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -54,15 +55,14 @@ class FileJob : public CopyWatch, private DialogFrame {
     /// Shows the dialog and does the work; returns when the dialog has closed.
     void RunJob();
 
+    /// Whether what the job goes through leaves its folder.
+    virtual bool RemovesEntries() const = 0;
     /// The steps, on the worker thread. Returns the last status text.
     virtual const wchar_t* Work() = 0;
     /// A question of the worker's, on the user-interface thread. Returns the answer.
     virtual int AnswerQuestion(UINT message, const wchar_t* subject, const wchar_t* source) = 0;
 
     // --- For the worker ---
-
-    /// Files and folders that the job has to do with.
-    std::int32_t UnitCount() const { return total_; }
     bool IsCancelled() const { return cancelRequested_ != 0; }
     /// The name behind the last backslash becomes the status text.
     void ShowName(std::wstring_view path);
@@ -92,14 +92,15 @@ class FileJob : public CopyWatch, private DialogFrame {
     bool IsAsked() const { return subject_ && idleResetAllowed_; }
     void OnQuestion(UINT message);
     void OnReport();
+    void Announce();
     void SendSubject(UINT message, const wchar_t* subject, const wchar_t* source);
     void ShowProgress();
 
     const JobLook& look_;
     std::wstring_view sourceFolder_;
     std::span<SelectionEntry> entries_;
-    ObjectHandle dialogShown_; // an event: the worker may send messages and begin
-    bool isStarted_ = false;   // the worker has taken this job and may be at it
+    ObjectHandle dialogShown_;          // an event: the worker may send messages and begin
+    bool isStarted_ = false;            // the worker has taken this job and may be at it
     volatile LONG cancelRequested_ = 0; // set by the dialog, read by the worker
     volatile LONG finished_ = 0;        // set by the worker with its last step
     const wchar_t* subject_ = nullptr;  // of the question or report that the worker waits for
@@ -108,6 +109,7 @@ class FileJob : public CopyWatch, private DialogFrame {
     int answer_ = 0;
 
     // The worker's own: what the dialog shows follows it at short intervals, so that showing costs little.
+    std::optional<ce::RemovalSeries> series_;
     PathText shownName_{};
     std::int32_t total_ = 0;
     std::int32_t completed_ = 0;

@@ -38,6 +38,7 @@ class TransferJob final : public FileJob {
     using FileJob::RunJob;
 
   private:
+    bool RemovesEntries() const override { return isMove_; }
     const wchar_t* Work() override;
     int AnswerQuestion(UINT message, const wchar_t* subject, const wchar_t* source) override;
 

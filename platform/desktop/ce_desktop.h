@@ -37,21 +37,21 @@ BOOL RemoveDirectoryW(const wchar_t* path);
 /// Deletes a file, or a link to one and not what is behind it.
 BOOL DeleteFileW(const wchar_t* path);
 
-/// Announces what this thread is about to delete, each folder after what is in it, until it goes: the desktop
-/// learns meanwhile whether there are links at all, and DeleteFileW is the faster when there are none. What
-/// is put in the place of a file while its folder is being emptied may not be noticed: end it before the user
-/// is asked.
-class DeletionSeries {
+/// Announces what this thread is about to delete or to move, each folder after what is in it, until it goes:
+/// the desktop learns meanwhile whether there are links at all, and DeleteFileW and MoveFileW are the faster
+/// when there are none. What is put in the place of a file while its folder is being emptied may not be
+/// noticed: end it before the user is asked.
+class RemovalSeries {
   public:
     /// Files right in `folder`.
-    explicit DeletionSeries(const wchar_t* folder);
-    DeletionSeries(const DeletionSeries&) = delete;
-    DeletionSeries& operator=(const DeletionSeries&) = delete;
-    ~DeletionSeries();
+    explicit RemovalSeries(const wchar_t* folder);
+    RemovalSeries(const RemovalSeries&) = delete;
+    RemovalSeries& operator=(const RemovalSeries&) = delete;
+    ~RemovalSeries();
 
     /// The folder `path` with all that lies below it.
     void AddTree(const wchar_t* path);
-    /// All is named, and nothing deleted yet.
+    /// All is named, and nothing has gone yet.
     void Begin();
 
   private:

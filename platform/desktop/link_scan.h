@@ -1,6 +1,6 @@
 #pragma once
 // Asks the host once, for a whole job, what host_links.h would ask for every file: whether there are links
-// among what is to be deleted. The answer comes while the job is at work already.
+// among what is to be deleted or moved. The answer comes while the job is at work already.
 
 #include <string_view>
 #include <vector>
@@ -24,9 +24,9 @@ class LinkScan {
     /// Whether the host has answered.
     bool HasAnswer();
 
-    /// Whether `path`, about to be deleted, is known to be no link. Has to be asked for each entry that goes,
-    /// in the order of the tree and before it goes: a folder is looked at when the job first comes to
-    /// something in it, and is trusted from there on when nobody has changed it since the host was sent
+    /// Whether `path`, about to be deleted or moved, is known to be no link. Has to be asked for each entry
+    /// that goes, in the order of the tree and before it goes: a folder is looked at when the job first comes
+    /// to something in it, and is trusted from there on when nobody has changed it since the host was sent
     /// looking.
     bool IsNoLink(const wchar_t* path);
 

@@ -88,10 +88,14 @@ bool IsItself(HANDLE file, std::wstring_view path) {
 
 } // namespace
 
+HANDLE OpenEntry(const wchar_t* path) {
+    return CreateFileW(path, DELETE | SYNCHRONIZE, shareAll, nullptr, OPEN_EXISTING, 0, nullptr);
+}
+
 HANDLE OpenOwnEntry(const wchar_t* path) {
     if (QueryObjectCall() == nullptr)
         return INVALID_HANDLE_VALUE;
-    FileHandle file(CreateFileW(path, DELETE | SYNCHRONIZE, shareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+    FileHandle file(OpenEntry(path));
     return file && IsItself(file.Get(), path) ? file.Release() : INVALID_HANDLE_VALUE;
 }
 

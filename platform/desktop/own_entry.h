@@ -8,6 +8,9 @@
 /// names a link, when that cannot be told, and on Windows: the careful way is left then.
 HANDLE OpenOwnEntry(const wchar_t* path);
 
+/// The same for a path that is known to name no link, or where links are not followed.
+HANDLE OpenEntry(const wchar_t* path);
+
 /// Deletes what OpenOwnEntry opened, with the handle's closing.
 BOOL DeleteOwnEntry(HANDLE entry);
 

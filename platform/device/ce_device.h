@@ -43,9 +43,9 @@ inline BOOL MoveAndCloseFile(HANDLE file, const wchar_t* from, const wchar_t* to
 }
 
 /// The phone has no links.
-class DeletionSeries {
+class RemovalSeries {
   public:
-    explicit DeletionSeries(const wchar_t*) {}
+    explicit RemovalSeries(const wchar_t*) {}
     void AddTree(const wchar_t*) {}
     void Begin() {}
 };

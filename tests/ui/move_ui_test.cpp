@@ -93,6 +93,22 @@ TEST_F(MoveUi, LinksMoveAloneAndWhatIsBehindThemStays) {
     EXPECT_EQ(device.Content(L"\\To\\Sub\\c.txt"), "new c");
 }
 
+TEST_F(MoveUi, ALinkPutInAFilesPlaceWhileAQuestionIsOpenMovesAlone) {
+    device.HostFile("Outside/kept.txt", "kept");
+    device.Files(L"\\From\\Many", L"f", 150);
+    device.File(L"\\To\\a.txt", "old a");
+    MoveToTarget({L"Many", L"a.txt", L"b.txt"});
+    const Dialog question = WaitForFileQuestion();
+    RunOnHost("ln -sf ../Outside/kept.txt From/b.txt");
+    Answer(question, yesKey);
+    FinishJob();
+    RunOnHost("test ! -L From/b.txt; test -L To/b.txt; test ! -L To/a.txt");
+    EXPECT_EQ(device.Content(L"\\Outside\\kept.txt"), "kept");
+    EXPECT_EQ(device.Content(L"\\To\\a.txt"), "new a");
+    EXPECT_EQ(device.NamesIn(L"\\To\\Many").size(), 150u);
+    EXPECT_FALSE(device.Exists(L"\\From\\Many"));
+}
+
 TEST_F(MoveUi, SourcesThatVanishAreReported) {
     StartIn(L"\\From");
     device.File(L"\\To\\a.txt", "old");

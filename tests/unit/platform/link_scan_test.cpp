@@ -146,7 +146,7 @@ TEST_F(LinkScanOfHost, DoesNotLookUnderANameThatTheHostCannotBeTold) {
     ASSERT_NE(find, INVALID_HANDLE_VALUE);
     FindClose(find);
     const std::wstring folder = std::wstring(L"\\Temp\\Scan\\Goes\\") + found.cFileName;
-    ce::DeletionSeries series(L"\\Temp\\Scan\\Goes");
+    ce::RemovalSeries series(L"\\Temp\\Scan\\Goes");
     series.AddTree(folder.c_str());
     series.Begin();
     Sleep(500); // more than the host would need
@@ -178,7 +178,7 @@ TEST_F(LinkScanOfHost, TakesWhatHasGoneMeanwhileForNoLink) {
 }
 
 TEST_F(LinkScanOfHost, ASeriesOfDeletionsLeavesWhatALinkMadeMeanwhilePointsTo) {
-    ce::DeletionSeries series(L"\\Temp\\Scan");
+    ce::RemovalSeries series(L"\\Temp\\Scan");
     series.AddTree(L"\\Temp\\Scan\\Goes");
     series.Begin();
     ASSERT_TRUE(ce::DeleteFileW(L"\\Temp\\Scan\\Goes\\Two\\1.txt"));
@@ -187,6 +187,21 @@ TEST_F(LinkScanOfHost, ASeriesOfDeletionsLeavesWhatALinkMadeMeanwhilePointsTo) {
     EXPECT_TRUE(ce::DeleteFileW(L"\\Temp\\Scan\\Goes\\One\\link.txt"));
     EXPECT_TRUE(ce::DeleteFileW(L"\\Temp\\Scan\\Goes\\Two\\2.txt"));
     RunOnHost("test ! -L Temp/Scan/Goes/One/link.txt; test ! -e Temp/Scan/Goes/Two/2.txt");
+    EXPECT_TRUE(fs::exists(L"\\Temp\\Scan\\Stays\\kept.txt"));
+}
+
+TEST_F(LinkScanOfHost, ASeriesOfMovesMovesALinkMadeMeanwhileAsItStands) {
+    ce::RemovalSeries series(L"\\Temp\\Scan");
+    series.AddTree(L"\\Temp\\Scan\\Goes");
+    series.Begin();
+    Sleep(1000); // the host has answered long ago
+    ASSERT_TRUE(ce::MoveFileW(L"\\Temp\\Scan\\Goes\\Two\\1.txt", L"\\Temp\\Scan\\Stays\\1.txt"));
+    ASSERT_TRUE(ce::DeleteAndRenameFile(L"\\Temp\\Scan\\Stays\\1.txt", L"\\Temp\\Scan\\Goes\\Two\\2.txt"));
+    EXPECT_FALSE(ce::MoveFileW(L"\\Temp\\Scan\\Goes\\Two\\3.txt", L"\\Temp\\Scan\\Stays\\1.txt"));
+    RunOnHost("ln -s \"$PWD/Temp/Scan/Stays/kept.txt\" Temp/Scan/Goes/One/link.txt");
+    EXPECT_TRUE(ce::MoveFileW(L"\\Temp\\Scan\\Goes\\One\\link.txt", L"\\Temp\\Scan\\Stays\\link.txt"));
+    RunOnHost("test -L Temp/Scan/Stays/link.txt; test ! -e Temp/Scan/Goes/One/link.txt\n"
+              "test ! -e Temp/Scan/Goes/Two/2.txt; test -e Temp/Scan/Goes/Two/3.txt");
     EXPECT_TRUE(fs::exists(L"\\Temp\\Scan\\Stays\\kept.txt"));
 }
 
