@@ -32,32 +32,20 @@ double WallTime() {
     return 1e6 * static_cast<double>(now.QuadPart) / static_cast<double>(perSecond.QuadPart);
 }
 
+/// A user's commands come with pauses: the disk is done with what there is, nobody seems to be changing it,
+/// and the system gives a thread that has rested its processor sooner, whether it makes bare calls or a
+/// job's.
+void Rest() {
+    Sleep(300);
+}
+
+/// How long `run` takes after a rest.
 template <class Run>
 double WallTimeOf(Run run) {
+    Rest();
     const double start = WallTime();
     run();
     return WallTime() - start;
-}
-
-template <class Run>
-DWORD WINAPI RunOnWorker(void* run) {
-    (*static_cast<Run*>(run))();
-    return 0;
-}
-
-/// The time of bare calls made as a job makes its own: on a thread of their own, while the program's window
-/// answers messages. A system that has to share its processors otherwise runs the two differently.
-template <class Run>
-double BareTimeOf(Run run) {
-    return WallTimeOf([&] {
-        const ObjectHandle worker(CreateThread(nullptr, 0, RunOnWorker<Run>, &run, 0, nullptr));
-        HANDLE done = worker.Get();
-        while (MsgWaitForMultipleObjects(1, &done, FALSE, INFINITE, QS_ALLINPUT) != WAIT_OBJECT_0) {
-            MSG message{};
-            while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
-                DispatchMessageW(&message);
-        }
-    });
 }
 
 const wchar_t* Named(Name& name, const wchar_t* format, const wchar_t* base, int folder = 0, int file = 0) {
@@ -140,9 +128,10 @@ DWORD WINAPI AnswerYes(void* when) {
     return 0;
 }
 
-/// The time of a deletion from the user's "Yes" on.
+/// The time of a deletion after a rest, from the user's "Yes" on.
 double DeletionTimeOf(const wchar_t* name) {
     std::vector<SelectionEntry> entries = EntryNamed(name, ItemKind::Folder);
+    Rest();
     double start = 0;
     const ObjectHandle answer(CreateThread(nullptr, 0, AnswerYes, &start, 0, nullptr));
     DeleteEntries(PathNamed(L"\\Temp"), entries);
@@ -159,7 +148,7 @@ struct Times {
 
 Times CopyRound() {
     Times times{};
-    times.bare = BareTimeOf([] {
+    times.bare = WallTimeOf([] {
         MakeFolders(L"\\Temp\\Bare");
         ForEachFile(L"\\Temp\\Source", L"\\Temp\\Bare",
                     [](const wchar_t* from, const wchar_t* to) { CopyFileW(from, to, FALSE); });
@@ -170,40 +159,40 @@ Times CopyRound() {
     return times;
 }
 
+void MoveFiles(const wchar_t* from, const wchar_t* to) {
+    ForEachFile(from, to, [](const wchar_t* source, const wchar_t* target) { MoveFileW(source, target); });
+}
+
 void MoveTree(const wchar_t* from, const wchar_t* to) {
     MakeFolders(to);
-    ForEachFile(from, to, [](const wchar_t* source, const wchar_t* target) { MoveFileW(source, target); });
+    MoveFiles(from, to);
     RemoveFolders(from);
 }
 
+/// The job also makes and removes the folders; the bare calls find them made.
 Times MoveRound() {
     Times times{};
-    times.bare = BareTimeOf([] { MoveTree(L"\\Temp\\Source", L"\\Temp\\Bare"); });
-    MoveTree(L"\\Temp\\Bare", L"\\Temp\\Source");
+    MakeFolders(L"\\Temp\\Bare");
+    times.bare = WallTimeOf([] { MoveFiles(L"\\Temp\\Source", L"\\Temp\\Bare"); });
+    MoveFiles(L"\\Temp\\Bare", L"\\Temp\\Source");
+    RemoveFolders(L"\\Temp\\Bare");
     times.own = WallTimeOf([] { Transferred(Transfer::Move, L"Source", ItemKind::Folder); });
     MoveTree(L"\\Temp\\Target\\Source", L"\\Temp\\Source");
     return times;
 }
 
-/// What is deleted has lain for a moment, as a user's files have: the disk is done with it, and nobody seems
-/// to be changing it.
-void MakeSettledSample(const wchar_t* base) {
-    MakeSample(base);
-    Sleep(300);
-}
-
 Times DeleteRound() {
     Times times{};
-    MakeSettledSample(L"\\Temp\\Bare");
-    times.bare = BareTimeOf([] { RemoveSample(L"\\Temp\\Bare"); });
-    MakeSettledSample(L"\\Temp\\Bare");
+    MakeSample(L"\\Temp\\Bare");
+    times.bare = WallTimeOf([] { RemoveSample(L"\\Temp\\Bare"); });
+    MakeSample(L"\\Temp\\Bare");
     times.own = DeletionTimeOf(L"Bare");
     return times;
 }
 
 Times LargeRound() {
     Times times{};
-    times.bare = BareTimeOf([] { CopyFileW(L"\\Temp\\large", L"\\Temp\\Target\\bare", FALSE); });
+    times.bare = WallTimeOf([] { CopyFileW(L"\\Temp\\large", L"\\Temp\\Target\\bare", FALSE); });
     DeleteFileW(L"\\Temp\\Target\\bare");
     times.own = WallTimeOf([] { Transferred(Transfer::Copy, L"large", ItemKind::File); });
     DeleteFileW(L"\\Temp\\Target\\large");
