@@ -199,38 +199,33 @@ Times LargeRound() {
     return times;
 }
 
-/// The smallest times of some rounds: what else runs on the machine only makes them larger.
-template <class Round>
-Times BestOf(int rounds, Round round) {
-    Times best{1e12, 1e12};
-    for (int i = 0; i < rounds; ++i) {
-        const Times times = round();
-        best = {std::min(best.own, times.own), std::min(best.bare, times.bare)};
-    }
-    return best;
-}
-
 /// The middle one of some rounds' ratios: the two times of a round lie side by side, so that a machine that
-/// is slower for a while slows both.
+/// is slower for a while slows both. `alone` is what of the job is left out.
 template <class Round>
-void ReportRound(const char* what, int rounds, Round round, double limit) {
+double MiddleRatio(int rounds, Round round, double alone = 0) {
     std::vector<double> ratios;
     for (int i = 0; i < rounds; ++i) {
         const Times times = round();
-        ratios.push_back(times.own / times.bare);
+        ratios.push_back((times.own - alone) / times.bare);
     }
     const auto middle = ratios.begin() + rounds / 2;
     std::nth_element(ratios.begin(), middle, ratios.end());
-    ReportRatio(what, *middle, limit);
+    return *middle;
 }
 
+/// The middle one of the times that a job takes in some rounds.
 template <class Round>
-Times TimesWith(int folders, int rounds, Round round) {
+double MiddleTime(int rounds, Round round) {
+    return MiddleRatio(rounds, [&] { return Times{round().own, 1}; });
+}
+
+template <class Measure>
+double WithEmptyFiles(int folders, Measure measure) {
     sample = {folders, 0};
     MakeSample(L"\\Temp\\Source");
-    const Times best = BestOf(rounds, round);
+    const double measured = measure();
     RemoveSample(L"\\Temp\\Source");
-    return best;
+    return measured;
 }
 
 /// How a file's cost grows from 1,000 files to 50,000. They are empty: what there is beside their contents is
@@ -238,10 +233,10 @@ Times TimesWith(int folders, int rounds, Round round) {
 /// tell how much of the growth is the platform's.
 template <class Round>
 void ReportGrowth(const char* what, Round round) {
-    const double empty = TimesWith(0, 5, round).own;
-    const Times few = TimesWith(1'000 / filesPerFolder, 10, round);
-    const Times many = TimesWith(50'000 / filesPerFolder, 2, round);
-    ReportRatio(what, (many.own - empty) / many.bare / ((few.own - empty) / few.bare), 1.25);
+    const double alone = WithEmptyFiles(0, [&] { return MiddleTime(5, round); });
+    const double few = WithEmptyFiles(1'000 / filesPerFolder, [&] { return MiddleRatio(15, round, alone); });
+    const double many = WithEmptyFiles(50'000 / filesPerFolder, [&] { return MiddleRatio(3, round, alone); });
+    ReportRatio(what, many / few, 1.25);
 }
 
 } // namespace
@@ -250,12 +245,12 @@ void MeasureJobs() {
     constexpr DWORD largeSize = 1u << 30;
     CreateDirectoryW(L"\\Temp\\Target", nullptr);
     MakeSample(L"\\Temp\\Source");
-    ReportRound("copying 2,000 files of 4 KB in 50 folders, to CopyFileW", 9, CopyRound, 1.25);
-    ReportRound("moving them within the device, to MoveFileW", 9, MoveRound, 1.3);
+    ReportRatio("copying 2,000 files of 4 KB in 50 folders, to CopyFileW", MiddleRatio(9, CopyRound), 1.25);
+    ReportRatio("moving them within the device, to MoveFileW", MiddleRatio(9, MoveRound), 1.3);
     RemoveSample(L"\\Temp\\Source");
-    ReportRound("deleting 2,000 files in 50 folders, to DeleteFileW", 15, DeleteRound, 1.3);
+    ReportRatio("deleting 2,000 files in 50 folders, to DeleteFileW", MiddleRatio(15, DeleteRound), 1.3);
     WriteFileOf(L"\\Temp\\large", largeSize);
-    ReportRound("copying one file of 1 GB, to CopyFileW", 5, LargeRound, 1.05);
+    ReportRatio("copying one file of 1 GB, to CopyFileW", MiddleRatio(5, LargeRound), 1.05);
     DeleteFileW(L"\\Temp\\large");
     ReportGrowth("copying one of 50,000 files, to one of 1,000", CopyRound);
     ReportGrowth("moving one of 50,000 files, to one of 1,000", MoveRound);

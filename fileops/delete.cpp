@@ -19,8 +19,7 @@ constexpr DWORD linkedFolder = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE
 class DeleteJob final : public FileJob {
   public:
     DeleteJob(const Path& sourceFolder, std::span<SelectionEntry> entries)
-        : FileJob(look, sourceFolder.View(), entries), sourceFolder_(sourceFolder),
-          mode_(FirstDeleteMode(entries.size())) {}
+        : FileJob(look, sourceFolder.View(), entries), mode_(FirstDeleteMode(entries.size())) {}
 
     using FileJob::RunJob;
 
@@ -38,7 +37,6 @@ class DeleteJob final : public FileJob {
     bool EmptyFolder();
     bool RemoveFound();
 
-    const Path& sourceFolder_;
     int mode_;
     bool stopped_ = false; // "Cancel" came while a folder was emptied
 

@@ -162,7 +162,7 @@ void FileJob::ShowProgress() {
 /// Lets the platform prepare for what goes.
 void FileJob::Announce() {
     Path folder, tree;
-    if (!RemovesEntries() || total_ < longSeries || !folder.Assign(sourceFolder_))
+    if (!RemovesEntries() || IsCancelled() || total_ < longSeries || !folder.Assign(sourceFolder_))
         return;
     series_.emplace(folder.Text());
     for (const SelectionEntry& entry : entries_)
@@ -186,7 +186,8 @@ void FileJob::CompleteUnit() {
 
 int FileJob::Ask(UINT message, const wchar_t* subject, const wchar_t* source) {
     const bool wasAnnounced = series_.has_value();
-    series_.reset(); // a user may take long to answer
+    series_.reset();    // a user may take long to answer
+    answer_ = modeStop; // of a dialog that is gone
     SendSubject(message, subject, source);
     if (wasAnnounced && answer_ != modeStop)
         Announce();

@@ -108,8 +108,9 @@ class FileJob : public CopyWatch, private DialogFrame {
     bool idleResetAllowed_ = true; // no question is open
     int answer_ = 0;
 
+    std::optional<ce::RemovalSeries> series_; // the worker's own
+
     // The worker's own: what the dialog shows follows it at short intervals, so that showing costs little.
-    std::optional<ce::RemovalSeries> series_;
     PathText shownName_{};
     std::int32_t total_ = 0;
     std::int32_t completed_ = 0;

@@ -40,7 +40,7 @@ BOOL DeleteFileW(const wchar_t* path);
 /// Announces what this thread is about to delete or to move, each folder after what is in it, until it goes:
 /// the desktop learns meanwhile whether there are links at all, and DeleteFileW and MoveFileW are the faster
 /// when there are none. What is put in the place of a file while its folder is being emptied may not be
-/// noticed: end it before the user is asked.
+/// noticed: end it before the user is asked. It ends by itself with the first move to another volume.
 class RemovalSeries {
   public:
     /// Files right in `folder`.
@@ -51,7 +51,7 @@ class RemovalSeries {
 
     /// The folder `path` with all that lies below it.
     void AddTree(const wchar_t* path);
-    /// All is named, and nothing has gone yet.
+    /// All is named that is still to go.
     void Begin();
 
   private:

@@ -89,10 +89,18 @@ bool IsSurelyNoLink(const wchar_t* path) {
     return currentScan != nullptr && currentScan->IsNoLink(path);
 }
 
-/// Opens a file to move it, when it is no link or that is to be told quickly. By its handle a file is moved
-/// with fewer calls than by its name.
+/// Opens a file to move it, when it is known, or can quickly be told, to be no link. By its handle a file is
+/// moved with fewer calls than by its name.
 HANDLE OpenNoLink(const wchar_t* path) {
     return IsSurelyNoLink(path) ? OpenEntry(path) : OpenOwnEntry(path);
+}
+
+/// To another volume files are copied, which takes longer than a folder may be trusted.
+BOOL MoveOpened(HANDLE entry, const wchar_t* to) {
+    const BOOL moved = RenameOwnEntry(entry, to, false);
+    if (!moved && GetLastError() == ERROR_NOT_SAME_DEVICE)
+        currentScan = nullptr;
+    return moved;
 }
 
 bool IsRoot(std::wstring_view path) {
@@ -199,7 +207,7 @@ BOOL MoveFileW(const wchar_t* from, const wchar_t* to) {
     const bool sameButCase = SameText(from, to) && std::wstring_view(from) != to;
     if (!sameButCase) // which a rename by the open file takes for done
         if (const FileHandle entry(OpenNoLink(from)); entry)
-            return RenameOwnEntry(entry.Get(), to, false);
+            return MoveOpened(entry.Get(), to);
     if (IsHostLink(from))
         return MoveHostLink(from, to, false);
     return sameButCase ? ChangeCase(from, to) : ::MoveFileExW(from, to, 0);

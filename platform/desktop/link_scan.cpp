@@ -22,7 +22,7 @@ constexpr wchar_t noFolder[] = L"-";
 
 /// Writes "none" into the file $0 when there is no link right in the folder $1 nor below the others, and
 /// "some" when there is one or when something could not be looked at. What is not there any more has been
-/// deleted meanwhile.
+/// deleted or moved meanwhile.
 constexpr wchar_t script[] = LR"(sh -c "folder=$1; shift; export LC_ALL=C
 {
     test \"$folder\" = - || find \"$folder/.\" -mindepth 1 -maxdepth 1 -type l -printf 'a link\n' -quit ||
@@ -119,15 +119,18 @@ bool LinkScan::HasAnswer() {
 bool LinkScan::IsNoLink(const wchar_t* path) {
     if (answerFile_.empty() || (hasAnswer_ && !foundNone_))
         return false;
-    Follow(FolderPart(path));
+    const std::wstring_view folder = FolderPart(path);
+    if (folder != std::wstring_view(lastFolder_.data(), lastFolder_.size())) {
+        if (!IsScanned(folder)) // the way through the trees goes on where it was
+            return false;
+        Follow(folder);
+    }
     return HasAnswer() && foundNone_ && !levels_.empty() && levels_.back().isTrusted;
 }
 
 /// Brings the levels to `folder`, and judges those that are new. The folders on the way down are judged with
 /// it, for they will have changed when the job comes back to them.
 void LinkScan::Follow(std::wstring_view folder) {
-    if (folder == std::wstring_view(lastFolder_.data(), lastFolder_.size()))
-        return;
     const std::size_t depth = levels_.size();
     while (!levels_.empty() && !IsAtOrBelow(folder, {lastFolder_.data(), levels_.back().length}))
         levels_.pop_back();

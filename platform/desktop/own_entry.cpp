@@ -6,6 +6,8 @@
 #include <cstring>
 #include <string_view>
 
+#include <winternl.h>
+
 #include "platform/desktop/host_process.h"
 #include "platform/desktop/rooted_path.h"
 #include "platform/handles.h"
@@ -25,34 +27,25 @@ struct ObjectName {
     std::wstring_view View() const { return {text, bytes / sizeof(wchar_t)}; }
 };
 
-using QueryObject = LONG(WINAPI*)(HANDLE object, int what, void* answer, ULONG size, ULONG* written);
-
-/// Null on Windows, where the plain calls act on links themselves.
-QueryObject QueryObjectCall() {
-    static const QueryObject call = [] {
-        HMODULE system = GetModuleHandleW(L"ntdll");
-        return HasHostPrograms() ? reinterpret_cast<QueryObject>(
-                                       reinterpret_cast<void*>(GetProcAddress(system, "NtQueryObject")))
-                                 : nullptr;
-    }();
-    return call;
-}
-
 /// The place of an open file with every link on the way followed. False when it has none that fits.
 bool RealName(HANDLE file, ObjectName& name) {
-    constexpr int objectName = 1;
-    return QueryObjectCall()(file, objectName, &name, sizeof(name), nullptr) >= 0 && name.text;
+    constexpr auto objectName = static_cast<OBJECT_INFORMATION_CLASS>(1);
+    return NT_SUCCESS(NtQueryObject(file, objectName, &name, sizeof(name), nullptr)) && name.text;
 }
 
-/// A folder's path and its real place, kept because a job takes one file of a folder after another. Another
-/// real place than this only makes a file look like a link, which is then dealt with as one.
+/// How long a folder's real place is taken for granted: it changes when a link on the way to it does.
+constexpr DWORD knownFor = 100; // milliseconds
+
+/// A folder's path and its real place, kept because a job takes one file of a folder after another.
 struct KnownFolder {
     std::array<wchar_t, nameCapacity> path{};
     std::size_t pathLength = 0;
     ObjectName real{};
+    DWORD learned = 0;
 
     bool IsFor(std::wstring_view folder) const {
-        return real.text && folder == std::wstring_view(path.data(), pathLength);
+        return real.text && folder == std::wstring_view(path.data(), pathLength) &&
+               GetTickCount() - learned < knownFor;
     }
 };
 
@@ -66,6 +59,7 @@ bool Learn(std::wstring_view folder) {
     *std::copy(folder.begin(), folder.end(), known.path.begin()) = L'\\';
     known.path[folder.size() + 1] = L'\0';
     known.pathLength = folder.size();
+    known.learned = GetTickCount();
     const FileHandle opened(CreateFileW(known.path.data(), 0, shareAll, nullptr, OPEN_EXISTING,
                                         FILE_FLAG_BACKUP_SEMANTICS, nullptr));
     return opened && RealName(opened.Get(), known.real);
@@ -93,7 +87,7 @@ HANDLE OpenEntry(const wchar_t* path) {
 }
 
 HANDLE OpenOwnEntry(const wchar_t* path) {
-    if (QueryObjectCall() == nullptr)
+    if (!HasHostPrograms()) // on Windows the plain calls act on links themselves
         return INVALID_HANDLE_VALUE;
     FileHandle file(OpenEntry(path));
     return file && IsItself(file.Get(), path) ? file.Release() : INVALID_HANDLE_VALUE;

@@ -235,6 +235,17 @@ TEST_F(CopyUi, ClosingTheProgramInTheMiddleLeavesNoPart) {
     EXPECT_EQ(device.Content(L"\\To\\huge"), "old");
 }
 
+TEST_F(CopyUi, ClosingTheProgramWhileAQuestionIsOpenReplacesNothing) {
+    device.File(L"\\To\\a.txt", "old a");
+    device.File(L"\\To\\b.txt", "old b");
+    CopyToTarget({L"a.txt", L"b.txt"});
+    WaitForFileQuestion();
+    program.Close();
+    EXPECT_EQ(device.Content(L"\\To\\a.txt"), "old a");
+    EXPECT_EQ(device.Content(L"\\To\\b.txt"), "old b");
+    EXPECT_EQ(device.NamesIn(L"\\To"), (Texts{L"a.txt", L"b.txt"}));
+}
+
 TEST_F(CopyUi, MessagesOfOthersToTheDialogDoNothing) {
     device.File(L"\\To\\a.txt", "old");
     CopyToTarget({L"a.txt", L"b.txt"});

@@ -64,6 +64,16 @@ TEST_F(HostLinks, ToFilesAreDeletedAlone) {
     ExpectTargetsKept();
 }
 
+TEST_F(HostLinks, AreDeletedAloneWhereALinkedFolderHasBecomeARealOne) {
+    RunOnHost("echo other > Temp/Far/other.txt");
+    ASSERT_TRUE(ce::DeleteFileW(L"\\Temp\\Links\\far\\other.txt"));
+    RunOnHost("rm Temp/Links/far; mkdir Temp/Links/far; ln -s ../../Far/far.txt Temp/Links/far/far.txt\n"
+              "sleep 0.2\n");
+    EXPECT_TRUE(ce::DeleteFileW(L"\\Temp\\Links\\far\\far.txt"));
+    RunOnHost("test ! -L Temp/Links/far/far.txt");
+    ExpectTargetsKept();
+}
+
 TEST_F(HostLinks, AreMovedAlone) {
     EXPECT_TRUE(ce::MoveFileW(L"\\Temp\\Links\\near", L"\\Temp\\Links\\moved"));
     RunOnHost("test -L Temp/Links/moved; test ! -L Temp/Links/near");

@@ -205,4 +205,28 @@ TEST_F(LinkScanOfHost, ASeriesOfMovesMovesALinkMadeMeanwhileAsItStands) {
     EXPECT_TRUE(fs::exists(L"\\Temp\\Scan\\Stays\\kept.txt"));
 }
 
+TEST_F(LinkScanOfHost, IsNotLedAstrayByWhatLiesOutside) {
+    BeginAndWait();
+    EXPECT_TRUE(IsNoLink(L"Goes\\One\\1.txt"));
+    ASSERT_TRUE(DeleteFileW(L"\\Temp\\Scan\\Goes\\One\\1.txt"));
+    EXPECT_FALSE(IsNoLink(L"Stays\\kept.txt"));
+    EXPECT_TRUE(IsNoLink(L"Goes\\One\\2.txt"));
+}
+
+TEST_F(LinkScanOfHost, ASeriesOfMovesTrustsNoFolderThatIsCopiedFrom) {
+    RunOnHost("disk=\"/dev/shm/$(basename \"$(dirname \"$TARVIK_WORK\")\")-scan\"\n"
+              "mkdir -p \"$disk\"; ln -sfn \"$disk\" Temp/Scan/Stays/Disk\n"
+              "sleep 0.2\n");
+    ce::RemovalSeries series(L"\\Temp\\Scan");
+    series.AddTree(L"\\Temp\\Scan\\Goes");
+    series.Begin();
+    Sleep(1000); // the host has answered long ago
+    EXPECT_FALSE(ce::MoveFileW(L"\\Temp\\Scan\\Goes\\One\\1.txt", L"\\Temp\\Scan\\Stays\\Disk\\1.txt"));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_NOT_SAME_DEVICE));
+    RunOnHost("ln -sf ../../Stays/kept.txt Temp/Scan/Goes/One/2.txt");
+    EXPECT_TRUE(ce::DeleteFileW(L"\\Temp\\Scan\\Goes\\One\\2.txt"));
+    RunOnHost("test ! -L Temp/Scan/Goes/One/2.txt; rm -r \"$(readlink Temp/Scan/Stays/Disk)\"");
+    EXPECT_TRUE(fs::exists(L"\\Temp\\Scan\\Stays\\kept.txt"));
+}
+
 } // namespace
