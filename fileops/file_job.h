@@ -63,6 +63,7 @@ class FileJob : public CopyWatch, private DialogFrame {
     virtual int AnswerQuestion(UINT message, const wchar_t* subject, const wchar_t* source) = 0;
 
     // --- For the worker ---
+
     bool IsCancelled() const { return cancelRequested_ != 0; }
     /// The name behind the last backslash becomes the status text.
     void ShowName(std::wstring_view path);

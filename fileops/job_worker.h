@@ -17,7 +17,7 @@ class JobWorker {
     using Steps = void (*)(void* job);
     bool Start(Steps steps, void* job);
 
-    /// Makes the thread beforehand.
+    /// Makes the thread long before the first job, so that it has waited then. False when it cannot be made.
     bool Prepare();
 
     /// Waits until the steps have been done, if any.

@@ -8,7 +8,7 @@
 /// names a link, when that cannot be told, and on Windows: the careful way is left then.
 HANDLE OpenOwnEntry(const wchar_t* path);
 
-/// The same for a path that is known to name no link, or where links are not followed.
+/// The same without looking, for a path that is known to name no link.
 HANDLE OpenEntry(const wchar_t* path);
 
 /// Deletes what OpenOwnEntry opened, with the handle's closing.
