@@ -21,6 +21,8 @@ class DeleteJob final : public FileJob {
     DeleteJob(const Path& sourceFolder, std::span<SelectionEntry> entries)
         : FileJob(look, sourceFolder.View(), entries), mode_(FirstDeleteMode(entries.size())) {}
 
+    using FileJob::DropJob;
+    using FileJob::PrepareJob;
     using FileJob::RunJob;
 
   private:
@@ -182,9 +184,9 @@ int DeleteJob::AnswerQuestion(UINT, const wchar_t* subject, const wchar_t*) {
 bool DeleteEntries(const Path& sourceFolder, std::span<SelectionEntry> entries) {
     QuestionText question{};
     WriteOpeningQuestion(question, entries);
-    if (!AgreesTo(ConfirmDelete(appState.mainWindow, question.data())))
-        return false;
     DeleteJob job(sourceFolder, entries);
-    job.RunJob();
-    return true;
+    job.PrepareJob();
+    const bool agreed = AgreesTo(ConfirmDelete(appState.mainWindow, question.data()));
+    agreed ? job.RunJob() : job.DropJob();
+    return agreed;
 }

@@ -36,13 +36,22 @@ int JobAnswerOf(int command) {
 FileJob::FileJob(const JobLook& look, std::wstring_view sourceFolder, std::span<SelectionEntry> entries)
     : DialogFrame(look.dialog), look_(look), sourceFolder_(sourceFolder), entries_(entries) {}
 
-void FileJob::RunJob() {
-    appState.changeWatcher.PauseWatcher();
+void FileJob::PrepareJob() {
     dialogShown_.Reset(CreateEventW(nullptr, TRUE, FALSE, nullptr));
     isStarted_ = dialogShown_ && appState.jobWorker.Start(DoSteps, this);
+}
+
+void FileJob::RunJob() {
+    appState.changeWatcher.PauseWatcher();
+    if (!isStarted_)
+        PrepareJob();
     Run(appState.mainWindow);
     EndWorker();
     appState.changeWatcher.ResumeWatcher();
+}
+
+void FileJob::DropJob() {
+    EndWorker();
 }
 
 /// The dialog did not come up, or went with the program's windows while the worker was at it: nothing of the
@@ -90,6 +99,8 @@ INT_PTR FileJob::OnMessage(UINT message, WPARAM, LPARAM) {
         return IsAsked() ? OnQuestion(message) : void(), TRUE;
     case UM_REPORTFAILURE:
         return IsAsked() ? OnReport() : void(), TRUE;
+    case UM_SHOWPROGRESS:
+        return isShowing_ ? OnShowProgress() : void(), TRUE;
     default:
         return FALSE;
     }
@@ -122,25 +133,37 @@ void FileJob::OnReport() {
     idleResetAllowed_ = true;
 }
 
+void FileJob::OnShowProgress() {
+    std::array<wchar_t, 32> counter{};
+    FormatText(counter, L"%d/%d", completed_, total_);
+    SetDlgItemTextW(Window(), IDC_JOB_COUNTER, counter.data());
+    SendDlgItemMessageW(Window(), IDC_JOB_BAR, PBM_SETPOS, static_cast<WPARAM>(completed_), 0);
+    if (shownName_[0] != L'\0' && !IsCancelled())
+        SetDlgItemTextW(Window(), IDC_JOB_STATUS, shownName_.data());
+}
+
 // --- The worker ---
 
 void FileJob::DoSteps(void* parameter) {
     auto* job = static_cast<FileJob*>(parameter);
-    // Counted while the dialog comes up, and not by it: it answers its keys meanwhile.
+    // Counted while a question is open or the dialog comes up, and not by it: it answers its keys meanwhile.
     job->total_ = CountSelection(job->sourceFolder_, job->entries_, &job->cancelRequested_);
-    WaitForSingleObject(job->dialogShown_.Get(), INFINITE);
-    if (!job->Window())
-        return;
-    SendDlgItemMessageW(job->Window(), IDC_JOB_BAR, PBM_SETRANGE, 0, MAKELPARAM(0, job->total_));
-    job->ShowProgress();
     job->Announce();
-    const wchar_t* lastText = job->Work();
-    job->series_.reset();
-    job->ShowProgress();
-    SetDlgItemTextW(job->Window(), IDC_JOB_STATUS, lastText);
+    WaitForSingleObject(job->dialogShown_.Get(), INFINITE);
+    if (job->Window()) // without one the job has been dropped
+        job->WorkUnderDialog();
+    job->series_.reset(); // it belongs to this thread
+}
+
+void FileJob::WorkUnderDialog() {
+    SendDlgItemMessageW(Window(), IDC_JOB_BAR, PBM_SETRANGE, 0, MAKELPARAM(0, total_));
+    ShowProgress();
+    const wchar_t* lastText = Work();
+    ShowProgress();
+    SetDlgItemTextW(Window(), IDC_JOB_STATUS, lastText);
     // Posted: a dialog that is ended by a sent message swallows the next one in the queue.
-    job->finished_ = 1;
-    PostMessageW(job->Window(), UM_JOBFINISHED, 0, 0);
+    finished_ = 1;
+    PostMessageW(Window(), UM_JOBFINISHED, 0, 0);
 }
 
 bool FileJob::KeepGoing() {
@@ -150,12 +173,9 @@ bool FileJob::KeepGoing() {
 }
 
 void FileJob::ShowProgress() {
-    std::array<wchar_t, 32> counter{};
-    FormatText(counter, L"%d/%d", completed_, total_);
-    SetDlgItemTextW(Window(), IDC_JOB_COUNTER, counter.data());
-    SendDlgItemMessageW(Window(), IDC_JOB_BAR, PBM_SETPOS, static_cast<WPARAM>(completed_), 0);
-    if (shownName_[0] != L'\0' && !IsCancelled())
-        SetDlgItemTextW(Window(), IDC_JOB_STATUS, shownName_.data());
+    isShowing_ = true;
+    SendMessageW(Window(), UM_SHOWPROGRESS, 0, 0);
+    isShowing_ = false;
     lastShown_ = GetTickCount();
 }
 

@@ -14,9 +14,10 @@
 #include "fileops/file_mover.h"
 #include "platform/handles.h"
 
-// From the worker to the progress dialog, without parameters. It waits until the dialog has dealt with the
-// questions and the report.
+// From the worker to the progress dialog, without parameters. It waits until the dialog has dealt with all
+// but the first.
 constexpr UINT UM_JOBFINISHED = WM_USER + 100;
+constexpr UINT UM_SHOWPROGRESS = WM_USER + 101;
 constexpr UINT UM_ASKREPLACEFILE = WM_USER + 200; // of which each job makes its own question
 constexpr UINT UM_REPORTFAILURE = WM_USER + 300;
 constexpr UINT UM_ASKREPLACEFOLDER = WM_USER + 400;
@@ -52,8 +53,13 @@ class FileJob : public CopyWatch, private DialogFrame {
     FileJob(const JobLook& look, std::wstring_view sourceFolder, std::span<SelectionEntry> entries);
     ~FileJob() = default;
 
+    /// Has the worker count and announce while the user is still asked whether the job shall begin. RunJob or
+    /// DropJob has to follow.
+    void PrepareJob();
     /// Shows the dialog and does the work; returns when the dialog has closed.
     void RunJob();
+    /// Ends a job that was only prepared.
+    void DropJob();
 
     /// Whether what the job goes through leaves its folder.
     virtual bool RemovesEntries() const = 0;
@@ -83,6 +89,7 @@ class FileJob : public CopyWatch, private DialogFrame {
 
   private:
     static void DoSteps(void* job);
+    void WorkUnderDialog();
     HWND OnInit() override;
     void OnCommand(int id, int notification) override;
     INT_PTR OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -93,6 +100,7 @@ class FileJob : public CopyWatch, private DialogFrame {
     bool IsAsked() const { return subject_ && idleResetAllowed_; }
     void OnQuestion(UINT message);
     void OnReport();
+    void OnShowProgress();
     void Announce();
     void SendSubject(UINT message, const wchar_t* subject, const wchar_t* source);
     void ShowProgress();
@@ -104,6 +112,7 @@ class FileJob : public CopyWatch, private DialogFrame {
     bool isStarted_ = false;            // the worker has taken this job and may be at it
     volatile LONG cancelRequested_ = 0; // set by the dialog, read by the worker
     volatile LONG finished_ = 0;        // set by the worker with its last step
+    bool isShowing_ = false;            // the worker waits for its progress to be shown
     const wchar_t* subject_ = nullptr;  // of the question or report that the worker waits for
     const wchar_t* source_ = nullptr;
     bool idleResetAllowed_ = true; // no question is open

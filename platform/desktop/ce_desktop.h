@@ -39,8 +39,9 @@ BOOL DeleteFileW(const wchar_t* path);
 
 /// Announces what this thread is about to delete or to move, each folder after what is in it, until it goes:
 /// the desktop learns meanwhile whether there are links at all, and DeleteFileW and MoveFileW are the faster
-/// when there are none. What is put in the place of a file while its folder is being emptied may not be
-/// noticed: end it before the user is asked. It ends by itself with the first move to another volume.
+/// when there are none. It may begin long before the first goes. What is put in the place of a file while its
+/// folder is being emptied may not be noticed: end it before the user is asked in between. It ends by itself
+/// with the first move to another volume.
 class RemovalSeries {
   public:
     /// Files right in `folder`.

@@ -251,7 +251,7 @@ TEST_F(CopyUi, MessagesOfOthersToTheDialogDoNothing) {
     CopyToTarget({L"a.txt", L"b.txt"});
     WaitForFileQuestion();
     const HWND progress = program.WaitForDialog(L"Copy Files").Window();
-    for (const UINT message : {100u, 200u, 300u, 400u})
+    for (const UINT message : {100u, 101u, 200u, 300u, 400u})
         PostMessageW(progress, WM_USER + message, 1, 1);
     program.WaitUntilIdle();
     AnswerFile(yesKey);

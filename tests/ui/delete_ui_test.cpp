@@ -3,6 +3,8 @@
 
 // Deleting files and folders.
 
+#include <array>
+
 #include "tests/ui/job_ui.h"
 
 namespace {
@@ -25,6 +27,19 @@ class DeleteUi : public JobUi {
     }
 
     std::wstring Question() { return WaitForDeleteQuestion().Item(1045).Text(); }
+
+    /// How many times the host has written down, for jobs under way, whether there are links.
+    static std::size_t HostAnswers() {
+        std::array<wchar_t, MAX_PATH> folder{};
+        GetTempPathW(MAX_PATH, folder.data());
+        std::size_t count = 0;
+        WIN32_FIND_DATAW found{};
+        HANDLE find = FindFirstFileW((std::wstring(folder.data()) + L"lnk*.tmp").c_str(), &found);
+        for (BOOL more = find != INVALID_HANDLE_VALUE; more; more = FindNextFileW(find, &found))
+            count += found.nFileSizeLow > 0 ? 1 : 0;
+        FindClose(find);
+        return count;
+    }
 };
 
 TEST_F(DeleteUi, OneFileIsAskedAboutByName) {
@@ -179,6 +194,48 @@ TEST_F(DeleteUi, ALinkPutInAFilesPlaceWhileAQuestionIsOpenGoesAlone) {
     RunOnHost("test ! -L T/c.txt");
     EXPECT_EQ(device.Content(L"\\Outside\\kept.txt"), "kept");
     EXPECT_EQ(device.NamesIn(L"\\T"), (Texts{L"Sub", L"a.txt"}));
+}
+
+TEST_F(DeleteUi, ALinkPutInAFilesPlaceUnderTheOpeningQuestionGoesAlone) {
+    device.HostFile("Outside/kept.txt", "kept");
+    device.Files(L"\\T\\Many", L"f", 150);
+    const std::size_t before = HostAnswers();
+    Delete({L"Many"});
+    const Dialog question = WaitForDeleteQuestion();
+    WaitFor("for the host to have looked for links", [&] { return HostAnswers() > before; });
+    RunOnHost("ln -sf ../../Outside/kept.txt \"T/Many/$(ls T/Many | tail -n 1)\"");
+    Answer(question, yesKey);
+    FinishJob();
+    EXPECT_FALSE(device.Exists(L"\\T\\Many"));
+    EXPECT_EQ(device.Content(L"\\Outside\\kept.txt"), "kept");
+    EXPECT_EQ(HostAnswers(), before);
+}
+
+TEST_F(DeleteUi, DecliningUndoesWhatWasPreparedForTheJob) {
+    device.Files(L"\\T\\Many", L"f", 150);
+    const std::size_t before = HostAnswers();
+    Delete({L"Many"});
+    WaitForDeleteQuestion();
+    WaitFor("for the host to have looked for links", [&] { return HostAnswers() > before; });
+    AnswerDelete(noKey);
+    FinishJob();
+    EXPECT_EQ(HostAnswers(), before);
+    EXPECT_EQ(device.NamesIn(L"\\T\\Many").size(), 150u);
+    Give(IDM_FILE_DELETE);
+    AnswerDelete(yesKey);
+    FinishJob();
+    EXPECT_FALSE(device.Exists(L"\\T\\Many"));
+}
+
+TEST_F(DeleteUi, ClosingTheProgramUnderTheOpeningQuestionDeletesNothing) {
+    device.Files(L"\\T\\Many", L"f", 150);
+    const std::size_t before = HostAnswers();
+    Delete({L"Many"});
+    WaitForDeleteQuestion();
+    program.Close();
+    EXPECT_EQ(program.ExitCode(), 0u);
+    EXPECT_EQ(device.NamesIn(L"\\T\\Many").size(), 150u);
+    EXPECT_EQ(HostAnswers(), before);
 }
 
 TEST_F(DeleteUi, ACardIsEmptiedButItsFolderStays) {

@@ -104,7 +104,7 @@ TEST_F(JobAnswersUi, WhileManyFilesAreDeleted) {
     device.Folder(L"\\From");
     StartIn(L"\\From");
     ExpectAnswersInTime([&] {
-        device.Files(L"\\From\\Many", L"f", 3000);
+        device.Files(L"\\From\\Many", L"f", 6000);
         program.Command(IDM_MENU_REFRESH);
         Select({L"Many"});
         Give(IDM_FILE_DELETE);
