@@ -22,7 +22,7 @@ constexpr wchar_t noFolder[] = L"-";
 
 /// Writes "none" into the file $0 when there is no link right in the folder $1 nor below the others, and
 /// "some" when there is one or when something could not be looked at. What is not there any more has been
-/// deleted or moved meanwhile.
+/// deleted or moved meanwhile, and what takes its place later is not what it was.
 constexpr wchar_t script[] = LR"(sh -c "folder=$1; shift; export LC_ALL=C
 {
     test \"$folder\" = - || find \"$folder/.\" -mindepth 1 -maxdepth 1 -type l -printf 'a link\n' -quit ||
@@ -64,13 +64,9 @@ bool IsAtOrBelow(std::wstring_view path, std::wstring_view folder) {
     return path.starts_with(folder) && (path.size() == folder.size() || path[folder.size()] == L'\\');
 }
 
-std::wstring_view TextOf(const std::vector<wchar_t>& terminated) {
-    return {terminated.data(), terminated.size() - 1};
-}
-
 } // namespace
 
-LinkScan::LinkScan(const wchar_t* folder) : folder_(Terminated(folder)) {}
+LinkScan::LinkScan(const wchar_t* folder) : folder_{Terminated(folder), {}} {}
 
 LinkScan::~LinkScan() {
     if (!answerFile_.empty())
@@ -78,7 +74,17 @@ LinkScan::~LinkScan() {
 }
 
 void LinkScan::AddTree(const wchar_t* path) {
-    trees_.push_back(Terminated(path));
+    trees_.push_back({Terminated(path), {}});
+}
+
+std::optional<LinkScan::Identity> LinkScan::IdentityOf(const wchar_t* folder) {
+    const FileHandle opened(CreateFileW(folder, 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                        nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    BY_HANDLE_FILE_INFORMATION info{};
+    if (!opened || !GetFileInformationByHandle(opened.Get(), &info))
+        return std::nullopt;
+    return Identity{info.dwVolumeSerialNumber,
+                    static_cast<ULONGLONG>(info.nFileIndexHigh) << 32 | info.nFileIndexLow};
 }
 
 void LinkScan::Begin() {
@@ -87,12 +93,17 @@ void LinkScan::Begin() {
         GetTempFileNameW(temporary.data(), L"lnk", 0, file.data()) == 0)
         return;
     std::vector<std::vector<wchar_t>> hostPaths{HostPath(file.data())};
-    hostPaths.push_back(TextOf(folder_).empty() ? Terminated(noFolder) : HostPath(folder_.data()));
+    hostPaths.push_back(folder_.View().empty() ? Terminated(noFolder) : HostPath(folder_.path.data()));
     std::size_t length = hostPaths[0].size() + hostPaths[1].size();
     std::size_t count = 0;
     for (; count < trees_.size() && length < commandRoom; ++count)
-        length += hostPaths.emplace_back(HostPath(trees_[count].data())).size() + 3; // quotes and a blank
+        length +=
+            hostPaths.emplace_back(HostPath(trees_[count].path.data())).size() + 3; // quotes and a blank
     trees_.resize(count);
+    folder_.identity = IdentityOf(folder_.path.data());
+    for (Place& tree : trees_)
+        if (!folder_.identity || FolderPart(tree.View()) != folder_.View()) // what is in it is judged by it
+            tree.identity = IdentityOf(tree.path.data());
     FILETIME now{};
     GetSystemTimeAsFileTime(&now);
     start_ = static_cast<LONGLONG>((static_cast<ULONGLONG>(now.dwHighDateTime) << 32) | now.dwLowDateTime);
@@ -149,10 +160,11 @@ void LinkScan::Follow(std::wstring_view folder) {
 }
 
 /// Judges a folder in the last level. With one that is trusted no more goes all below it: it may have been
-/// moved there.
+/// moved there. The uppermost of those that were looked at has to be the very same folder still, for nothing
+/// is known of those above it.
 void LinkScan::Push(std::wstring_view folder) {
-    const bool isDoubtful =
-        !levels_.empty() && !levels_.back().isTrusted && IsScanned(folder.substr(0, levels_.back().length));
+    const bool isBelow = !levels_.empty() && IsScanned(folder.substr(0, levels_.back().length));
+    const bool isDoubtful = isBelow ? !levels_.back().isTrusted : !IsWhatItWas(folder);
     levels_.push_back({folder.size(), false, 0});
     if (isDoubtful || !IsScanned(folder))
         return;
@@ -160,12 +172,19 @@ void LinkScan::Push(std::wstring_view folder) {
     levels_.back().isTrusted = levels_.back().change + clockStep < start_;
 }
 
+bool LinkScan::IsWhatItWas(std::wstring_view folder) const {
+    const auto tree = std::ranges::find(trees_, folder, &Place::View);
+    if (folder != folder_.View() && tree == trees_.end())
+        return false;
+    const Place& place = folder == folder_.View() ? folder_ : *tree;
+    return place.identity && place.identity == IdentityOf(place.path.data());
+}
+
 LONGLONG LinkScan::LastLevelsChange() const {
     return TimeOfChange(Terminated({lastFolder_.data(), levels_.back().length}).data());
 }
 
 bool LinkScan::IsScanned(std::wstring_view folder) const {
-    return (!folder.empty() && folder == TextOf(folder_)) ||
-           std::ranges::any_of(
-               trees_, [&](const std::vector<wchar_t>& tree) { return IsAtOrBelow(folder, TextOf(tree)); });
+    return (!folder.empty() && folder == folder_.View()) ||
+           std::ranges::any_of(trees_, [&](const Place& tree) { return IsAtOrBelow(folder, tree.View()); });
 }

@@ -1,7 +1,8 @@
 #pragma once
 // Asks the host once, for a whole job, what host_links.h would ask for every file: whether there are links
-// among what is to be deleted or moved. The answer comes while the job is at work already.
+// among what is to be deleted or moved. The answer comes by itself, before the job begins or in its midst.
 
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -18,7 +19,8 @@ class LinkScan {
     /// And all that lies below the folder `path`, and whether that is a link itself.
     void AddTree(const wchar_t* path);
 
-    /// Sends the host looking. It does nothing on Windows, where no answer comes.
+    /// Sends the host looking, which may be long before the first entry goes. It does nothing on Windows,
+    /// where no answer comes.
     void Begin();
 
     /// Whether the host has answered.
@@ -31,6 +33,21 @@ class LinkScan {
     bool IsNoLink(const wchar_t* path);
 
   private:
+    /// Tells a folder from another one that takes its path.
+    struct Identity {
+        DWORD volume;
+        ULONGLONG index;
+        bool operator==(const Identity&) const = default;
+    };
+
+    /// What the host looks at.
+    struct Place {
+        std::vector<wchar_t> path;
+        std::optional<Identity> identity;
+
+        std::wstring_view View() const { return {path.data(), path.size() - 1}; }
+    };
+
     /// A folder on the way down to the last entry asked for.
     struct Level {
         std::size_t length; // of its path
@@ -41,10 +58,12 @@ class LinkScan {
     void Follow(std::wstring_view folder);
     bool IsScanned(std::wstring_view folder) const;
     void Push(std::wstring_view folder);
+    bool IsWhatItWas(std::wstring_view folder) const;
     LONGLONG LastLevelsChange() const;
+    static std::optional<Identity> IdentityOf(const wchar_t* folder);
 
-    std::vector<wchar_t> folder_;
-    std::vector<std::vector<wchar_t>> trees_;
+    Place folder_;
+    std::vector<Place> trees_;
     std::vector<wchar_t> answerFile_; // empty before the start, and where none is possible
     LONGLONG start_ = 0;              // as file times
     bool hasAnswer_ = false;

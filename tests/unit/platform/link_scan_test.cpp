@@ -137,6 +137,28 @@ TEST_F(LinkScanOfHost, LooksAtTreesOfTheRoot) {
     EXPECT_FALSE(ofRoot.IsNoLink(L"\\Scan.txt"));
 }
 
+TEST_F(LinkScanOfHost, IsUnsureOfAFolderThatLiesInAnotherOneNow) {
+    RunOnHost("mkdir -p Temp/Scan/Other/One/Deep\n"
+              "ln -s ../../Stays/kept.txt Temp/Scan/Other/One/1.txt\n"
+              "ln -s ../../../Stays/kept.txt Temp/Scan/Other/One/Deep/1.txt\n"
+              "sleep 0.2\n");
+    const std::wstring folder = L"\\Temp\\Scan\\Goes\\One";
+    const std::wstring tree = folder + L"\\Deep";
+    LinkScan unmoved(folder.c_str()), ofFolder(folder.c_str()), ofTree(L"");
+    for (LinkScan* scan : {&unmoved, &ofFolder, &ofTree}) {
+        scan->AddTree(tree.c_str());
+        scan->Begin();
+        WaitForAnswer(*scan);
+    }
+    EXPECT_TRUE(unmoved.IsNoLink((folder + L"\\1.txt").c_str()));
+    EXPECT_TRUE(unmoved.IsNoLink((tree + L"\\1.txt").c_str()));
+    // Neither "One" nor "Deep" changes with this.
+    RunOnHost("cd Temp/Scan; mv Goes Gone; mv Other Goes");
+    EXPECT_FALSE(ofFolder.IsNoLink((folder + L"\\1.txt").c_str()));
+    EXPECT_FALSE(ofFolder.IsNoLink((tree + L"\\1.txt").c_str()));
+    EXPECT_FALSE(ofTree.IsNoLink((tree + L"\\1.txt").c_str()));
+}
+
 TEST_F(LinkScanOfHost, DoesNotLookUnderANameThatTheHostCannotBeTold) {
     RunOnHost(
         "d=Temp/Scan/Goes/$(printf 'A\\351'); mkdir \"$d\"; ln -s ../../Stays/kept.txt \"$d/link.txt\"\n"
