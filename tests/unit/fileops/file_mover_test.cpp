@@ -90,7 +90,7 @@ using Names = std::vector<std::wstring>;
 
 TEST_F(FileMoverTest, CopiesSmallAndLargeFiles) {
     for (const std::string& content :
-         {std::string(), std::string("small"), std::string(256 * 1024, 'b'), large}) {
+         {std::string(), std::string("small"), std::string(64 * 1024, 'b'), large}) {
         Write(L"a", content);
         EXPECT_EQ(Copy(L"a", L"b"), MoverResult::Done);
         EXPECT_EQ(Read(L"b"), content);
