@@ -14,6 +14,8 @@ std::int32_t CountSelection(std::wstring_view baseFolder, std::span<const Select
     std::int32_t count = 0;
     for (const SelectionEntry& entry : entries) {
         Path folder;
+        if (stop && *stop)
+            break;
         if (entry.kind == ItemKind::File)
             ++count;
         else if (entry.kind == ItemKind::Folder)

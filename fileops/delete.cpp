@@ -186,7 +186,8 @@ bool DeleteEntries(const Path& sourceFolder, std::span<SelectionEntry> entries) 
     WriteOpeningQuestion(question, entries);
     DeleteJob job(sourceFolder, entries);
     job.PrepareJob();
-    const bool agreed = AgreesTo(ConfirmDelete(appState.mainWindow, question.data()));
-    agreed ? job.RunJob() : job.DropJob();
-    return agreed;
+    if (AgreesTo(ConfirmDelete(appState.mainWindow, question.data())))
+        return job.RunJob();
+    job.DropJob();
+    return false;
 }

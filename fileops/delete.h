@@ -7,5 +7,6 @@
 #include "filelist/selection_entry.h"
 
 /// Asks once for all entries and deletes them under the job's dialog; each entry that went is marked as done.
-/// `sourceFolder` is the folder that the list shows. False when the user declined.
+/// `sourceFolder` is the folder that the list shows. False when the user declined, or
+/// another job is under way.
 bool DeleteEntries(const Path& sourceFolder, std::span<SelectionEntry> entries);

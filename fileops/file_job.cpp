@@ -15,6 +15,9 @@ constexpr UINT idlePeriod = 10000; // milliseconds
 /// From so many files and folders on it is worth announcing what goes.
 constexpr std::int32_t longSeries = 100;
 
+/// A user who is asked for longer may have been elsewhere and changed what is to be counted.
+constexpr DWORD countHoldsFor = 5000; // milliseconds
+
 /// Shorter than what an eye can follow, long against the time of a small file.
 constexpr DWORD showInterval = 100; // milliseconds
 
@@ -41,21 +44,25 @@ void FileJob::PrepareJob() {
     isStarted_ = dialogShown_ && appState.jobWorker.Start(DoSteps, this);
 }
 
-void FileJob::RunJob() {
-    appState.changeWatcher.PauseWatcher();
+bool FileJob::RunJob() {
     if (!isStarted_)
         PrepareJob();
+    if (!isStarted_)
+        return false;
+    appState.changeWatcher.PauseWatcher();
     Run(appState.mainWindow);
     EndWorker();
     appState.changeWatcher.ResumeWatcher();
+    return true;
 }
 
 void FileJob::DropJob() {
     EndWorker();
 }
 
-/// The dialog did not come up, or went with the program's windows while the worker was at it: nothing of the
-/// job may go before the worker has ended. Its messages to the dialog come back at once now.
+/// The job was dropped, its dialog did not come up, or that went with the program's windows while the worker
+/// was at it: nothing of the job may go before the worker has ended. Its messages to the dialog come back at
+/// once now.
 void FileJob::EndWorker() {
     if (!isStarted_)
         return;
@@ -72,12 +79,7 @@ HWND FileJob::OnInit() {
     SetDlgItemTextW(Window(), IDC_JOB_STATUS, L"Processing...");
     ShowWindow(Window(), SW_SHOW);
     SetTimer(Window(), idleTimer, idlePeriod, nullptr);
-    if (isStarted_) {
-        ce::EventModify(dialogShown_.Get(), EVENT_SET);
-    } else {
-        finished_ = 1;
-        PostMessageW(Window(), UM_JOBFINISHED, 0, 0);
-    }
+    ce::EventModify(dialogShown_.Get(), EVENT_SET);
     return nullptr;
 }
 
@@ -86,7 +88,7 @@ void FileJob::OnCommand(int id, int) {
         OnCancelKey();
 }
 
-INT_PTR FileJob::OnMessage(UINT message, WPARAM, LPARAM) {
+INT_PTR FileJob::OnMessage(UINT message, WPARAM, LPARAM lParam) {
     switch (message) {
     case WM_TIMER:
         if (idleResetAllowed_)
@@ -96,11 +98,11 @@ INT_PTR FileJob::OnMessage(UINT message, WPARAM, LPARAM) {
         return OnFinished(), TRUE;
     case UM_ASKREPLACEFILE:
     case UM_ASKREPLACEFOLDER:
-        return IsAsked() ? OnQuestion(message) : void(), TRUE;
+        return OnQuestion(message, lParam), TRUE;
     case UM_REPORTFAILURE:
-        return IsAsked() ? OnReport() : void(), TRUE;
+        return OnReport(lParam), TRUE;
     case UM_SHOWPROGRESS:
-        return isShowing_ ? OnShowProgress() : void(), TRUE;
+        return lParam == reinterpret_cast<LPARAM>(this) ? OnShowProgress() : void(), TRUE;
     default:
         return FALSE;
     }
@@ -121,15 +123,27 @@ void FileJob::OnFinished() {
     End(0);
 }
 
-void FileJob::OnQuestion(UINT message) {
+/// The subject that the worker waits for, once, or null for a message of anybody else's.
+const FileJob::Subject* FileJob::TakeSubject(LPARAM subject) {
+    return subject != 0 && subject == reinterpret_cast<LPARAM>(subject_) ? std::exchange(subject_, nullptr)
+                                                                         : nullptr;
+}
+
+void FileJob::OnQuestion(UINT message, LPARAM lParam) {
+    const Subject* subject = TakeSubject(lParam);
+    if (!subject)
+        return;
     idleResetAllowed_ = false;
-    answer_ = AnswerQuestion(message, subject_, source_);
+    answer_ = AnswerQuestion(message, subject->text, subject->source);
     idleResetAllowed_ = true;
 }
 
-void FileJob::OnReport() {
+void FileJob::OnReport(LPARAM lParam) {
+    const Subject* subject = TakeSubject(lParam);
+    if (!subject)
+        return;
     idleResetAllowed_ = false;
-    MessageBoxW(Window(), subject_, L"", MB_ICONHAND);
+    MessageBoxW(Window(), subject->text, L"", MB_ICONHAND);
     idleResetAllowed_ = true;
 }
 
@@ -146,16 +160,24 @@ void FileJob::OnShowProgress() {
 
 void FileJob::DoSteps(void* parameter) {
     auto* job = static_cast<FileJob*>(parameter);
-    // Counted while a question is open or the dialog comes up, and not by it: it answers its keys meanwhile.
-    job->total_ = CountSelection(job->sourceFolder_, job->entries_, &job->cancelRequested_);
-    job->Announce();
+    // While a question is open or the dialog comes up, and not by it: it answers its keys meanwhile.
+    job->Prepare();
     WaitForSingleObject(job->dialogShown_.Get(), INFINITE);
     if (job->Window()) // without one the job has been dropped
         job->WorkUnderDialog();
     job->series_.reset(); // it belongs to this thread
 }
 
+void FileJob::Prepare() {
+    series_.reset();
+    total_ = CountSelection(sourceFolder_, entries_, &cancelRequested_);
+    counted_ = GetTickCount();
+    Announce();
+}
+
 void FileJob::WorkUnderDialog() {
+    if (GetTickCount() - counted_ > countHoldsFor)
+        Prepare();
     SendDlgItemMessageW(Window(), IDC_JOB_BAR, PBM_SETRANGE, 0, MAKELPARAM(0, total_));
     ShowProgress();
     const wchar_t* lastText = Work();
@@ -173,9 +195,7 @@ bool FileJob::KeepGoing() {
 }
 
 void FileJob::ShowProgress() {
-    isShowing_ = true;
-    SendMessageW(Window(), UM_SHOWPROGRESS, 0, 0);
-    isShowing_ = false;
+    SendMessageW(Window(), UM_SHOWPROGRESS, 0, reinterpret_cast<LPARAM>(this));
     lastShown_ = GetTickCount();
 }
 
@@ -204,11 +224,11 @@ void FileJob::CompleteUnit() {
     ++completed_;
 }
 
-int FileJob::Ask(UINT message, const wchar_t* subject, const wchar_t* source) {
+int FileJob::Ask(UINT message, const wchar_t* text, const wchar_t* source) {
     const bool wasAnnounced = series_.has_value();
     series_.reset();    // a user may take long to answer
     answer_ = modeStop; // of a dialog that is gone
-    SendSubject(message, subject, source);
+    SendSubject(message, text, source);
     if (wasAnnounced && answer_ != modeStop)
         Announce();
     return answer_;
@@ -224,11 +244,10 @@ void FileJob::Report(const wchar_t* text) {
     SendSubject(UM_REPORTFAILURE, text, nullptr);
 }
 
-/// The texts lie in the job itself: the same message from anybody else finds none.
-void FileJob::SendSubject(UINT message, const wchar_t* subject, const wchar_t* source) {
+void FileJob::SendSubject(UINT message, const wchar_t* text, const wchar_t* source) {
+    const Subject subject{text, source};
     ShowProgress();
-    subject_ = subject;
-    source_ = source;
-    SendMessageW(Window(), message, 0, 0);
-    subject_ = source_ = nullptr;
+    subject_ = &subject;
+    SendMessageW(Window(), message, 0, reinterpret_cast<LPARAM>(&subject));
+    subject_ = nullptr;
 }

@@ -56,8 +56,9 @@ class FileJob : public CopyWatch, private DialogFrame {
     /// Has the worker count and announce while the user is still asked whether the job shall begin. RunJob or
     /// DropJob has to follow.
     void PrepareJob();
-    /// Shows the dialog and does the work; returns when the dialog has closed.
-    void RunJob();
+    /// Shows the dialog and does the work; returns when the dialog has closed. False when the worker cannot
+    /// be had, and nothing was done.
+    bool RunJob();
     /// Ends a job that was only prepared.
     void DropJob();
 
@@ -66,7 +67,7 @@ class FileJob : public CopyWatch, private DialogFrame {
     /// The steps, on the worker thread. Returns the last status text.
     virtual const wchar_t* Work() = 0;
     /// A question of the worker's, on the user-interface thread. Returns the answer.
-    virtual int AnswerQuestion(UINT message, const wchar_t* subject, const wchar_t* source) = 0;
+    virtual int AnswerQuestion(UINT message, const wchar_t* text, const wchar_t* source) = 0;
 
     // --- For the worker ---
 
@@ -78,7 +79,7 @@ class FileJob : public CopyWatch, private DialogFrame {
     /// One more unit of the progress bar is done.
     void CompleteUnit();
     /// Has a question asked and returns its answer.
-    int Ask(UINT message, const wchar_t* subject, const wchar_t* source = nullptr);
+    int Ask(UINT message, const wchar_t* text, const wchar_t* source = nullptr);
     /// Tells that an entry failed, and waits until that is read.
     void ReportFailure(const SelectionEntry& entry);
     /// The same with any words.
@@ -88,6 +89,12 @@ class FileJob : public CopyWatch, private DialogFrame {
     std::span<SelectionEntry> Entries() const { return entries_; }
 
   private:
+    /// What a question or report is about.
+    struct Subject {
+        const wchar_t* text;
+        const wchar_t* source;
+    };
+
     static void DoSteps(void* job);
     void WorkUnderDialog();
     HWND OnInit() override;
@@ -96,26 +103,24 @@ class FileJob : public CopyWatch, private DialogFrame {
     void EndWorker();
     void OnCancelKey();
     void OnFinished();
-    /// The worker waits, and what it waits for is not on the screen yet.
-    bool IsAsked() const { return subject_ && idleResetAllowed_; }
-    void OnQuestion(UINT message);
-    void OnReport();
+    void OnQuestion(UINT message, LPARAM subject);
+    void OnReport(LPARAM subject);
     void OnShowProgress();
+    const Subject* TakeSubject(LPARAM subject);
+    void Prepare();
     void Announce();
-    void SendSubject(UINT message, const wchar_t* subject, const wchar_t* source);
+    void SendSubject(UINT message, const wchar_t* text, const wchar_t* source);
     void ShowProgress();
 
     const JobLook& look_;
     std::wstring_view sourceFolder_;
     std::span<SelectionEntry> entries_;
-    ObjectHandle dialogShown_;          // an event: the worker may send messages and begin
+    ObjectHandle dialogShown_;          // an event: the worker may go on, with a dialog or to its end
     bool isStarted_ = false;            // the worker has taken this job and may be at it
-    volatile LONG cancelRequested_ = 0; // set by the dialog, read by the worker
-    volatile LONG finished_ = 0;        // set by the worker with its last step
-    bool isShowing_ = false;            // the worker waits for its progress to be shown
-    const wchar_t* subject_ = nullptr;  // of the question or report that the worker waits for
-    const wchar_t* source_ = nullptr;
-    bool idleResetAllowed_ = true; // no question is open
+    volatile LONG cancelRequested_ = 0; // set on the user-interface thread, read by the worker
+    volatile LONG finished_ = 0;        // set by the worker when nothing more is to be shown
+    const Subject* subject_ = nullptr;  // that the worker waits for, until the dialog takes it
+    bool idleResetAllowed_ = true;      // no question is open
     int answer_ = 0;
 
     std::optional<ce::RemovalSeries> series_; // the worker's own
@@ -123,6 +128,7 @@ class FileJob : public CopyWatch, private DialogFrame {
     // The worker's own: what the dialog shows follows it at short intervals, so that showing costs little.
     PathText shownName_{};
     std::int32_t total_ = 0;
+    DWORD counted_ = 0; // when
     std::int32_t completed_ = 0;
     DWORD lastShown_ = 0;
 };

@@ -210,6 +210,5 @@ bool TransferEntries(Transfer kind, const Path& sourceFolder, const Path& target
         return false;
     }
     TransferJob job(kind, sourceFolder, targetFolder, entries);
-    job.RunJob();
-    return true;
+    return job.RunJob();
 }

@@ -28,6 +28,11 @@ class DeleteUi : public JobUi {
 
     std::wstring Question() { return WaitForDeleteQuestion().Item(1045).Text(); }
 
+    /// Waits, with a deletion of many files in question, until the host knows of their links.
+    static void WaitUntilPrepared(std::size_t answersBefore) {
+        WaitFor("for the host to have looked for links", [&] { return HostAnswers() > answersBefore; });
+    }
+
     /// How many times the host has written down, for jobs under way, whether there are links.
     static std::size_t HostAnswers() {
         std::array<wchar_t, MAX_PATH> folder{};
@@ -202,7 +207,7 @@ TEST_F(DeleteUi, ALinkPutInAFilesPlaceUnderTheOpeningQuestionGoesAlone) {
     const std::size_t before = HostAnswers();
     Delete({L"Many"});
     const Dialog question = WaitForDeleteQuestion();
-    WaitFor("for the host to have looked for links", [&] { return HostAnswers() > before; });
+    WaitUntilPrepared(before);
     RunOnHost("ln -sf ../../Outside/kept.txt \"T/Many/$(ls T/Many | tail -n 1)\"");
     Answer(question, yesKey);
     FinishJob();
@@ -211,12 +216,44 @@ TEST_F(DeleteUi, ALinkPutInAFilesPlaceUnderTheOpeningQuestionGoesAlone) {
     EXPECT_EQ(HostAnswers(), before);
 }
 
+TEST_F(DeleteUi, AnotherFolderPutInTheListedOnesPlaceUnderTheOpeningQuestionKeepsItsLinksTargets) {
+    device.HostFile("Outside/kept.txt", "kept");
+    device.Files(L"\\T\\List\\Many", L"f", 150);
+    device.Files(L"\\Other\\List\\Many", L"f", 150);
+    RunOnHost("cd Other/List/Many; ln -sf ../../../Outside/kept.txt \"$(ls | tail -n 1)\"");
+    StartIn(L"\\T\\List");
+    Select({L"Many"});
+    const std::size_t before = HostAnswers();
+    Give(IDM_FILE_DELETE);
+    const Dialog question = WaitForDeleteQuestion();
+    WaitUntilPrepared(before);
+    RunOnHost("mv T Before; ln -s Other T");
+    Answer(question, yesKey);
+    FinishJob();
+    EXPECT_FALSE(device.Exists(L"\\Other\\List\\Many"));
+    EXPECT_EQ(device.Content(L"\\Outside\\kept.txt"), "kept");
+}
+
+TEST_F(DeleteUi, WhatIsAddedUnderALongOpeningQuestionIsCounted) {
+    device.Files(L"\\T\\Many", L"f", 3000);
+    Delete({L"Many"});
+    const Dialog question = WaitForDeleteQuestion();
+    Sleep(5500); // longer than the first count holds
+    device.Files(L"\\T\\Many", L"added", 10);
+    Answer(question, yesKey);
+    const Dialog progress = program.WaitForDialog(L"Delete files...");
+    WaitFor("for the first files to go", [&] { return progress.Item(1081).Text().substr(0, 2) != L"0/"; });
+    EXPECT_TRUE(progress.Item(1081).Text().ends_with(L"/3011"));
+    FinishJob();
+    EXPECT_FALSE(device.Exists(L"\\T\\Many"));
+}
+
 TEST_F(DeleteUi, DecliningUndoesWhatWasPreparedForTheJob) {
     device.Files(L"\\T\\Many", L"f", 150);
     const std::size_t before = HostAnswers();
     Delete({L"Many"});
     WaitForDeleteQuestion();
-    WaitFor("for the host to have looked for links", [&] { return HostAnswers() > before; });
+    WaitUntilPrepared(before);
     AnswerDelete(noKey);
     FinishJob();
     EXPECT_EQ(HostAnswers(), before);
@@ -232,6 +269,7 @@ TEST_F(DeleteUi, ClosingTheProgramUnderTheOpeningQuestionDeletesNothing) {
     const std::size_t before = HostAnswers();
     Delete({L"Many"});
     WaitForDeleteQuestion();
+    WaitUntilPrepared(before);
     program.Close();
     EXPECT_EQ(program.ExitCode(), 0u);
     EXPECT_EQ(device.NamesIn(L"\\T\\Many").size(), 150u);

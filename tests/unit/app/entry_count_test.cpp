@@ -130,4 +130,15 @@ TEST_F(EntryCount, CountsASelectionByKind) {
     EXPECT_EQ(CountSelection(root_, entries), 5) << "3 for the folder, 1 for each of the missing";
 }
 
+TEST_F(EntryCount, EndsWithWhatItHasWhenItIsStopped) {
+    MakeFolder(root_ + L"\\one");
+    MakeFile(root_ + L"\\one\\b");
+    const SelectionEntry entries[] = {Entry(ItemKind::Folder, L"one"), Entry(ItemKind::File, L"a")};
+    const volatile LONG goOn = 0, stop = 1;
+    EXPECT_EQ(CountEntries(root_, &goOn), 2);
+    EXPECT_EQ(CountEntries(root_, &stop), 0);
+    EXPECT_EQ(CountSelection(root_, entries, &goOn), 3);
+    EXPECT_EQ(CountSelection(root_, entries, &stop), 0);
+}
+
 } // namespace
