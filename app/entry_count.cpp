@@ -13,9 +13,9 @@ std::int32_t CountSelection(std::wstring_view baseFolder, std::span<const Select
                             const volatile LONG* stop) {
     std::int32_t count = 0;
     for (const SelectionEntry& entry : entries) {
-        Path folder;
         if (stop && *stop)
             break;
+        Path folder;
         if (entry.kind == ItemKind::File)
             ++count;
         else if (entry.kind == ItemKind::Folder)

@@ -28,7 +28,7 @@ class DeleteJob final : public FileJob {
   private:
     bool RemovesEntries() const override { return true; }
     const wchar_t* Work() override;
-    int AnswerQuestion(UINT message, const wchar_t* subject, const wchar_t* source) override;
+    int AnswerQuestion(UINT message, const wchar_t* text, const wchar_t* source) override;
 
     bool DeleteEntry(SelectionEntry& entry);
     bool DeleteFileEntry(SelectionEntry& entry);
@@ -175,8 +175,8 @@ bool DeleteJob::RemoveFound() {
     return (attributes & linkedFolder) == linkedFolder ? RemoveLink(removed) : RemoveFolder(removed);
 }
 
-int DeleteJob::AnswerQuestion(UINT, const wchar_t* subject, const wchar_t*) {
-    return ConfirmDelete(Window(), subject);
+int DeleteJob::AnswerQuestion(UINT, const wchar_t* text, const wchar_t*) {
+    return ConfirmDelete(Window(), text);
 }
 
 } // namespace

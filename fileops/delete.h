@@ -8,5 +8,5 @@
 
 /// Asks once for all entries and deletes them under the job's dialog; each entry that went is marked as done.
 /// `sourceFolder` is the folder that the list shows. False when the user declined, or
-/// another job is under way.
+/// the jobs' worker is at another job or cannot be made.
 bool DeleteEntries(const Path& sourceFolder, std::span<SelectionEntry> entries);

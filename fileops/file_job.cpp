@@ -169,10 +169,10 @@ void FileJob::DoSteps(void* parameter) {
 }
 
 void FileJob::Prepare() {
-    series_.reset();
     total_ = CountSelection(sourceFolder_, entries_, &cancelRequested_);
     counted_ = GetTickCount();
-    Announce();
+    if (!series_)
+        Announce();
 }
 
 void FileJob::WorkUnderDialog() {

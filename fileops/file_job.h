@@ -14,8 +14,8 @@
 #include "fileops/file_mover.h"
 #include "platform/handles.h"
 
-// From the worker to the progress dialog, without parameters. It waits until the dialog has dealt with all
-// but the first.
+// From the worker to the progress dialog, which it waits for with all but the first. Their last parameter
+// points to what they are about, so that the dialog knows them from messages of anybody else's.
 constexpr UINT UM_JOBFINISHED = WM_USER + 100;
 constexpr UINT UM_SHOWPROGRESS = WM_USER + 101;
 constexpr UINT UM_ASKREPLACEFILE = WM_USER + 200; // of which each job makes its own question
@@ -125,7 +125,8 @@ class FileJob : public CopyWatch, private DialogFrame {
 
     std::optional<ce::RemovalSeries> series_; // the worker's own
 
-    // The worker's own: what the dialog shows follows it at short intervals, so that showing costs little.
+    // The worker's own, which the dialog reads while it waits: what is shown follows it at short intervals,
+    // so that showing costs little.
     PathText shownName_{};
     std::int32_t total_ = 0;
     DWORD counted_ = 0; // when

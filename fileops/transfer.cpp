@@ -40,7 +40,7 @@ class TransferJob final : public FileJob {
   private:
     bool RemovesEntries() const override { return isMove_; }
     const wchar_t* Work() override;
-    int AnswerQuestion(UINT message, const wchar_t* subject, const wchar_t* source) override;
+    int AnswerQuestion(UINT message, const wchar_t* text, const wchar_t* source) override;
 
     bool TransferEntry(const SelectionEntry& entry);
     bool ChooseTarget(const SelectionEntry& entry);
@@ -194,9 +194,9 @@ bool TransferJob::RemoveEmptied() {
     return true;
 }
 
-int TransferJob::AnswerQuestion(UINT message, const wchar_t* subject, const wchar_t* source) {
-    return message == UM_ASKREPLACEFOLDER ? AskReplaceFolder(Window(), subject)
-                                          : AskReplaceFile(Window(), subject, source);
+int TransferJob::AnswerQuestion(UINT message, const wchar_t* text, const wchar_t* source) {
+    return message == UM_ASKREPLACEFOLDER ? AskReplaceFolder(Window(), text)
+                                          : AskReplaceFile(Window(), text, source);
 }
 
 } // namespace

@@ -173,11 +173,10 @@ void LinkScan::Push(std::wstring_view folder) {
 }
 
 bool LinkScan::IsWhatItWas(std::wstring_view folder) const {
-    const auto tree = std::ranges::find(trees_, folder, &Place::View);
-    if (folder != folder_.View() && tree == trees_.end())
-        return false;
-    const Place& place = folder == folder_.View() ? folder_ : *tree;
-    return place.identity && place.identity == IdentityOf(place.path.data());
+    const auto isStill = [&](const Place& place) {
+        return place.identity && place.View() == folder && place.identity == IdentityOf(place.path.data());
+    };
+    return isStill(folder_) || std::ranges::any_of(trees_, isStill);
 }
 
 LONGLONG LinkScan::LastLevelsChange() const {
