@@ -5,12 +5,12 @@
 readonly image=$house/platform/desktop/image
 built=$house/build/desktop
 ! is_installed || built=$house/program
-readonly program_files=("$built"/{TarvikFileManager.exe,UNZip.dll})
+program_files=("$built"/{TarvikFileManager.exe,UNZip.dll})
 readonly program_folder='Program Files/Tarvik File Manager'
 data=${XDG_DATA_HOME:-$HOME/.local/share}/$package
 
 # Quiet, without offers to download Mono or Gecko, and without touching the desktop's menus.
-export WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES='mscoree=;mshtml=;winemenubuilder.exe=d'
+export WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES='mscoree=;mshtml=;winemenubuilder.exe=d'
 
 prepare_data_folder() {
     mkdir -p "$data/home" 2>/dev/null && [[ -w $data ]] ||
