@@ -150,8 +150,7 @@ void OnSelectedFiles(int id) {
 }
 
 void OnProperties(int id) {
-    // The tree's root stands for the device.
-    if (IsTreeFocused() && appState.fileList.CurrentFolder().IsEmpty())
+    if (IsTreeFocused() && appState.folderTree.IsDeviceSelected())
         ShowDeviceProperties();
     else
         OnSelectedFiles(id);
@@ -417,6 +416,7 @@ bool RunBuiltEntry(int id) {
 
 LRESULT OnCommand(WPARAM wParam, LPARAM lParam) {
     const int id = LOWORD(wParam);
+    appState.folderTree.FlushPendingSync();
     if (RunBuiltEntry(id))
         return 0;
     EndTapAndHold();

@@ -49,17 +49,19 @@ LRESULT OnListKey(int key) {
 void OnListClick() {
     FileList& list = appState.fileList;
     list.tapAndHold.Cancel(list.Window());
-    if (appState.labelEditing)
+    if (appState.labelEditing || list.tapAndHold.IsUsedUp())
         return;
     const bool ctrlOrShift = IsDown(VK_CONTROL) || IsDown(VK_SHIFT);
     const bool single = SendMessageW(list.Window(), LVM_GETSELECTEDCOUNT, 0, 0) == 1;
     const bool opens = list.options.singleTapOpens && !ctrlOrShift && !IsDown(VK_MENU) && single &&
                        !appState.marqueeStarted && list.tapAndHold.SelectedAtDown() == 0;
     appState.marqueeStarted = false;
-    if (opens)
+    if (opens) {
+        list.tapAndHold.NoteOpened();
         OpenSelected();
-    else if (!ctrlOrShift && IsDown(VK_MENU))
+    } else if (!ctrlOrShift && IsDown(VK_MENU)) {
         OnListContextMenu();
+    }
 }
 
 /// Selecting many entries reports each one: the menus follow once, after the last.

@@ -30,6 +30,10 @@ bool IsDown(int key) {
     return GetKeyState(key) < 0;
 }
 
+bool IsStylusDown() {
+    return GetAsyncKeyState(VK_LBUTTON) < 0;
+}
+
 void DropTypedCharacters(HWND window) {
     MSG message;
     while (PeekMessageW(&message, window, WM_CHAR, WM_CHAR, PM_REMOVE)) {

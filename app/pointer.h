@@ -18,6 +18,8 @@ POINT MessagePointIn(HWND window);
 bool IsHeldStill(POINT down, POINT now);
 /// Whether a key is down, for the message being handled.
 bool IsDown(int key);
+/// Whether the stylus is down now, whatever message is being handled.
+bool IsStylusDown();
 /// Takes the characters of the key being handled out of `window`'s queue: a menu opened by the key would take
 /// them for its own.
 void DropTypedCharacters(HWND window);

@@ -23,7 +23,7 @@ void Prepare(HMENU popup, int number, const FileList& list) {
 
 } // namespace
 
-void ShowContextMenu(const FileList& list, POINT point) {
+bool ShowContextMenu(const FileList& list, POINT point) {
     HWND view = list.Window();
     const FileItem* first = list.ItemAt(list.FirstSelected());
     ContextSelection selection;
@@ -35,12 +35,13 @@ void ShowContextMenu(const FileList& list, POINT point) {
     }
     const int number = ContextPopup(selection);
     if (number == noContextPopup)
-        return;
+        return false;
     HMENU popup = list.ContextPopupMenu(number);
     Prepare(popup, number, list);
     RECT window{};
     GetWindowRect(view, &window);
     TrackPopupMenuEx(popup, 0, window.left + point.x, window.top + point.y, GetParent(view), nullptr);
+    return true;
 }
 
 void ShowContextMenuAtPointer(const FileList& list) {

@@ -27,14 +27,19 @@ void SetState(int index, UINT state, UINT mask) {
 
 void DragDrop::BeginFromList(const NMLISTVIEW& notification) {
     HWND list = appState.fileList.Window();
-    if (!appState.settings.dragDrop && appState.fileList.tapAndHold.SelectedAtDown() == 0) {
+    TapAndHold& press = appState.fileList.tapAndHold;
+    if (press.IsUsedUp())
+        return;
+    if (!appState.settings.dragDrop && press.SelectedAtDown() == 0) {
         Begin(Mode::Range, list);
         rangeAnchor_ = notification.iItem;
         return;
     }
-    Begin(Mode::Files, list);
     // Pressed with Ctrl held it may just have left the selection.
     SetState(notification.iItem, LVIS_SELECTED, LVIS_SELECTED);
+    if (appState.fileList.SelectedCount() < 1)
+        return press.Abandon(list); // the up-level entry alone is nothing to carry
+    Begin(Mode::Files, list);
     POINT corner{};
     BeginImage(reinterpret_cast<HIMAGELIST>(SendMessageW(list, LVM_CREATEDRAGIMAGE,
                                                          static_cast<WPARAM>(notification.iItem),

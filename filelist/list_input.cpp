@@ -78,6 +78,10 @@ LRESULT CALLBACK ListProcedure(HWND window, UINT message, WPARAM wParam, LPARAM 
     case WM_LBUTTONDOWN:
         list.tapAndHold.OnStylusDown(list, PointOf(lParam));
         break;
+    case WM_LBUTTONDBLCLK:
+        if (list.tapAndHold.HasOpened())
+            return 0; // its first tap has opened: what is under the stylus now may be another entry
+        break;
     case WM_LBUTTONUP:
         list.tapAndHold.Cancel(window);
         break;

@@ -39,6 +39,7 @@ std::vector<int> SelectedItems(HWND view) {
 
 void TapAndHold::OnStylusDown(const FileList& list, POINT point) {
     HWND view = list.Window();
+    usedUp_ = opened_ = false;
     SetFocus(view);
     const int item = ItemUnder(view, point);
     selectedAtDown_ = item >= 0 && IsSelected(view, item) ? list.SelectedCount() : 0;
@@ -56,14 +57,24 @@ void TapAndHold::Cancel(HWND view) {
     KillTimer(view, holdTimer);
 }
 
+void TapAndHold::Abandon(HWND view) {
+    usedUp_ = usedUp_ || IsPressed();
+    Cancel(view);
+}
+
+bool TapAndHold::IsPressed() const {
+    return holding_ && IsStylusDown();
+}
+
 void TapAndHold::OnHoldElapsed(const FileList& list) {
     if (!holding_)
         return;
     HWND view = list.Window();
     KillTimer(view, holdTimer);
     const POINT now = MessagePointIn(view);
-    if (ItemUnder(view, point_) == ItemUnder(view, now) && IsHeldStill(point_, now))
-        ShowContextMenu(list, {point_.x + holdMenuShift, point_.y});
+    if (ItemUnder(view, point_) == ItemUnder(view, now) && IsHeldStill(point_, now) &&
+        ShowContextMenu(list, {point_.x + holdMenuShift, point_.y}))
+        usedUp_ = true;
 }
 
 void TapAndHold::OnMenuClosed(HWND view) {

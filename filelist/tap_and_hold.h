@@ -15,6 +15,8 @@ class TapAndHold {
     void OnStylusDown(const FileList& list, POINT point);
     /// The stylus was lifted, or a tap took its place.
     void Cancel(HWND view);
+    /// The entry under the stylus goes while it is down: whatever becomes of the press is about nothing.
+    void Abandon(HWND view);
     /// The hold timer: opens the context menu when the stylus stayed where it is.
     void OnHoldElapsed(const FileList& list);
     /// A menu closed. After a hold its selection comes back when the control has dealt with the stylus.
@@ -28,10 +30,20 @@ class TapAndHold {
     /// elsewhere.
     int SelectedAtDown() const { return selectedAtDown_; }
 
+    /// The stylus is down on the list and it is still open what that will be.
+    bool IsPressed() const;
+    /// The press has had its effect, or its entry has gone: it becomes neither a tap nor a drag.
+    bool IsUsedUp() const { return usedUp_; }
+    /// The tap opens an entry: a second one on its heels belongs to it.
+    void NoteOpened() { opened_ = true; }
+    bool HasOpened() const { return opened_; }
+
   private:
     bool holding_ = false;
     POINT point_{};
     int selectedAtDown_ = 0;
+    bool usedUp_ = false;
+    bool opened_ = false;
 
     bool restoring_ = false;
     bool restoredOnce_ = false;

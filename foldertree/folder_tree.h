@@ -34,8 +34,12 @@ class FolderTree : public TreeView {
     void SelectPath(std::wstring_view path, bool rescan, bool select);
     /// Scrolls to the selected node: while the tree is hidden it has no place to scroll in.
     void ShowSelection();
+    /// Whether the selected node is the root, which stands for the device.
+    bool IsDeviceSelected() const { return root_ && Caret() == root_; }
     /// Timer 2 of the main window: a pending keyboard selection navigates the list.
     void OnSyncTimer();
+    /// Has a pending keyboard selection navigate the list now: what comes next is about what is selected.
+    void FlushPendingSync();
     /// "Up Folder" with the focus here: selects the parent of the selected node and shows it in the list.
     void SelectParent();
 
@@ -89,7 +93,6 @@ class FolderTree : public TreeView {
     void RescanNode(HTREEITEM node);
     void OnSelectionChanged(UINT action);
     void OnCollapsed(HTREEITEM node);
-    void FlushPendingSync();
     void SyncListToSelection();
 
     void OnBeginLabelEdit(HTREEITEM node);

@@ -85,6 +85,7 @@ void FolderTree::OnHoldElapsed() {
     if (!node || node != NodeAt(now) || !IsHeldStill(holdPoint_, now))
         return;
     holdOpenedMenu_ = true;
+    ClearDropMark(); // the control highlights the node under the stylus: the menu is for the selected one
     OpenMenu(node, {holdPoint_.x + holdMenuShift, holdPoint_.y});
 }
 

@@ -86,6 +86,33 @@ TEST_F(DragUi, DroppingOnAFileMeansTheFolderShown) {
     EXPECT_TRUE(device.Exists(L"\\T\\a.txt"));
 }
 
+TEST_F(DragUi, TheUpLevelEntryIsNothingToDrag) {
+    device.Folder(L"\\T\\Sub\\Deep");
+    StartIn(L"\\T");
+    Cut({L"a.txt"});
+    Show(L"\\T\\Sub");
+    for (const POINT target : {program.List().PointOf(L"Deep"), program.List().EmptyPoint()}) {
+        Carry(L"..", target);
+        EXPECT_FALSE(program.HoldsStylus());
+        StylusUp();
+        EXPECT_TRUE(HoldsFor(300, [&] { return program.Folder() == L"\\T\\Sub" && !program.HasDialog(); }));
+    }
+    EXPECT_EQ(device.NamesIn(L"\\T"), (Texts{L"Sub", L"a.txt", L"b.txt"}));
+    EXPECT_TRUE(CanPaste()) << "what was cut waits for its paste";
+}
+
+TEST_F(DragUi, AnEntryDragsAlthoughTheUpLevelEntryIsSelectedWithIt) {
+    device.Folder(L"\\T\\Sub\\Deep");
+    device.File(L"\\T\\Sub\\c.txt", "c");
+    StartIn(L"\\T\\Sub");
+    Select({L"..", L"c.txt"});
+    Carry(L"..", program.List().PointOf(L"Deep"));
+    StylusUp();
+    program.WaitForFolder(L"\\T\\Sub\\Deep");
+    FinishJob();
+    EXPECT_EQ(device.Content(L"\\T\\Sub\\Deep\\c.txt"), "c");
+}
+
 TEST_F(DragUi, TheMenuOffersWhatCanBeDone) {
     device.WriteNumber(settingsKey, L"ContextMenu", 1);
     StartIn(L"\\T");
