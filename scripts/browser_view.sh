@@ -9,11 +9,11 @@ page=
 run_in_browser() {
     local wish turn=0
     mkfifo "$work/wishes" && exec 7<>"$work/wishes"
-    start_phone
     # Debian's own, which has websockify.
     serve /usr/bin/python3 "$house/companions/browser/server.py" "$work/display" >"$work/wishes" 2>"$work/page.log" 7>&-
     page=${services[-1]}
-    print_address
+    await_address
+    start_phone
     say "Running; it ends with Menu, Exit or with Ctrl+C here"
     while read -r wish <&7; do
         case $wish in
@@ -27,7 +27,6 @@ run_in_browser() {
 # start_phone: the screen, and the program on it, whose end is told like a wish.
 start_phone() {
     start_screen "$screen"
-    note_running
     ((++turn))
     {
         (start_program "$screen") 7>&-
@@ -54,9 +53,9 @@ change_screen() {
 close_program() {
     local tries
     WINEPREFIX=$prefix timeout 5 wine explorer /desktop=phone taskkill /IM TarvikFileManager.exe \
-        >/dev/null 2>&1 </dev/null 9>&-
+        >/dev/null 2>&1 </dev/null
     for ((tries = 0; tries < 100; tries++)); do
-        program_runs || return 0
+        process_of "$prefix" TarvikFileManager.exe >/dev/null || return 0
         sleep 0.05
     done
     WINEPREFIX=$prefix timeout 20 wineserver -k 2>/dev/null
@@ -72,23 +71,19 @@ await_end() {
     return 1
 }
 
-# program_runs: whether a program of that name runs in the prefix. The system keeps 15 characters of the name.
-program_runs() {
-    local name
-    for name in $(grep -lsx TarvikFileManag /proc/[0-9]*/comm); do
-        grep -qsxzF "WINEPREFIX=$prefix" "${name%/comm}/environ" && return 0
-    done
-    return 1
-}
-
-# print_address: the first line of the server's is the page's address.
-print_address() {
+# await_address: the first line of the server's is the page's address; it is kept for who starts a second time.
+await_address() {
     local address
     read -r -t 20 address <&7 && [[ $address == http* ]] || {
         tail -n 5 "$work/page.log" >&2
         fail "the page for the web browser did not start" "See the lines above"
     }
-    printf '\nOpen this in a web browser on this machine (it is fresh each time):\n\n    %s\n\n' "$address"
+    printf '%s\n' "$address" >"$work/address"
+    print_address "$address"
+}
+
+print_address() {
+    printf '\nOpen this in a web browser on this machine (it is fresh each time):\n\n    %s\n\n' "$1"
 }
 
 # close_page: lets the page tell that the program has ended, and only then lets the screen go.

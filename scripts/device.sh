@@ -7,7 +7,7 @@ built=$house/build/desktop
 ! is_installed || built=$house/program
 program_files=("$built"/{TarvikFileManager.exe,UNZip.dll})
 readonly program_folder='Program Files/Tarvik File Manager'
-data=${XDG_DATA_HOME:-$HOME/.local/share}/$package
+data=$(realpath -m -- "${XDG_DATA_HOME:-$HOME/.local/share}/$package")
 
 # Quiet, without offers to download Mono or Gecko, and without touching the desktop's menus.
 export WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES='mscoree=;mshtml=;winemenubuilder.exe=d'
@@ -26,6 +26,7 @@ make_template() {
     flock 8
     if [[ $(cat "$template/stamp" 2>/dev/null) != "$stamp" ]]; then
         say "Making the device's registry (once, about 20 seconds)"
+        [[ ! -d $template.new ]] || WINEPREFIX=$template.new timeout 20 wineserver -k 2>/dev/null
         rm -rf "$template" "$template.new"
         WINEPREFIX=$template.new headless timeout 300 wineboot --init 8>&- &&
             import_registry "$template.new" 8>&- &&
@@ -47,9 +48,16 @@ import_registry() {
         WINEPREFIX=$1 wineserver -w
 }
 
-# copy_template PREFIX: a new prefix. Files are shared by hard links, but not the registry, which Wine writes.
+# copy_template PREFIX: a new prefix, there only when it is whole. Files are shared by hard links, but not the
+# registry, which Wine writes.
 copy_template() {
-    cp -al "$data/template" "$1" && cp --remove-destination "$data"/template/*.reg "$1"
+    rm -rf "$1.new" && cp -al "$data/template" "$1.new" &&
+        cp --remove-destination "$data"/template/*.reg "$1.new" && mv -T "$1.new" "$1"
+}
+
+# needs_filling FOLDER: whether it is a new device's, or one whose filling was interrupted.
+needs_filling() {
+    [[ -z $(ls -A "$1") || -e $1/.filling ]]
 }
 
 # seed_folder FOLDER: lays the image's folders and files.
@@ -77,9 +85,15 @@ connect() {
     install -m 755 "$house/platform/desktop/host/open_on_host" "$1/drive_c/windows/open_on_host"
 }
 
-# lay_card FOLDER NAME DIR: a storage card is a link at the root.
+# root_of PREFIX: the folder that is its drive e:.
+root_of() {
+    readlink "$1/dosdevices/e:"
+}
+
+# lay_card FOLDER NAME DIR: a storage card is a link at the root, which goes with the run.
 lay_card() {
     [[ -z $(find_entry "$1" "$2") ]] || fail "the device has '\\$2' already" "Choose another name for the card"
+    note_link "$1/$2"
     ln -s "$3" "$1/$2" || fail "cannot make the card '$2' in $1" "May you write there"
 }
 
@@ -136,12 +150,24 @@ find_folder() {
     printf '%s' "$at"
 }
 
-# start_program [WxH]: the program, showing $folder if that is set, in the virtual desktop "phone".
+# process_of PREFIX NAME: the process of this name that runs there, if one does. The system keeps 15 characters of
+# a name.
+process_of() {
+    local file
+    for file in $(grep -lsxF "${2:0:15}" /proc/[0-9]*/comm); do
+        file=${file%/comm}
+        grep -qsxzF "WINEPREFIX=$1" "$file/environ" && printf '%s' "${file#/proc/}" && return
+    done
+    return 1
+}
+
+# start_program [WxH]: the program, showing $folder if that is set, in the virtual desktop "phone". It keeps the
+# device's lock (9) as long as anything runs there, whatever becomes of us.
 start_program() {
     local argument=()
     [[ -z $folder ]] || argument=("$folder")
     # shellcheck disable=SC2154  # the caller's
     WINEPREFIX=$prefix exec setsid wine explorer "/desktop=phone${1:+,$1}" \
         "E:\\${program_folder//\//\\}\\TarvikFileManager.exe" ${argument[@]+"${argument[@]}"} \
-        >/dev/null 2>&1 </dev/null 9>&-
+        >/dev/null 2>&1 </dev/null
 }

@@ -77,6 +77,7 @@ declare -rA package_of=(
     [xauth]=xauth
     [xdotool]=xdotool
     [xdpyinfo]=x11-utils
+    [xwininfo]=x11-utils
     [Xvfb]=xvfb
     [zip]=zip
     [/usr/bin/python3]=python3
@@ -99,7 +100,7 @@ readonly wine_tools=(wine /usr/share/wine/fonts /usr/share/fonts/truetype/libera
 # shellcheck disable=SC2034
 readonly archive_tools=(7z lha unzip zip /usr/bin/python3)
 # shellcheck disable=SC2034
-readonly screen_tools=(Xvfb xauth import)
+readonly screen_tools=(Xvfb xauth import xwininfo)
 # Those that show the screen in a web browser.
 # shellcheck disable=SC2034
 readonly page_tools=(x11vnc /usr/bin/python3 /usr/lib/python3/dist-packages/websockify /usr/share/novnc/core/rfb.js)

@@ -4,10 +4,10 @@
 
 services=()
 
-# serve COMMAND...: starts a service in a process group of its own and remembers to end it. It does not hold
-# the device's lock (9).
+# serve COMMAND...: starts a service in a process group of its own and remembers to end it; when we cannot, the
+# next start knows it by our folder's name. It does not hold the device's lock (9).
 serve() {
-    setsid "$@" 9>&- &
+    TARVIK_RUN=$work setsid "$@" 9>&- &
     services+=($!)
 }
 
@@ -87,11 +87,16 @@ at_work() {
 await_window() {
     local tries
     for ((tries = 0; tries < 600; tries++)); do
-        xdotool search --onlyvisible --name "^$1\$" >/dev/null 2>&1 && return 0
+        shows_window "$1" && return 0
         kill -0 "$2" 2>/dev/null || return 1
         sleep 0.05
     done
     return 1
+}
+
+# shows_window NAME: whether a window of that name shows.
+shows_window() {
+    timeout 5 xwininfo -name "$1" 2>/dev/null | grep -q IsViewable
 }
 
 # play STEP...: each step is a key as xdotool names it (F1, Down, ctrl+l) or one of text:WORDS, click:X,Y,

@@ -5,7 +5,7 @@ import unittest
 from house import HOUSE
 
 # What makes a phone: its prefix, its drive, its files, its screen.
-STEPS = ("cp -al ", "dosdevices/e:", "/seed.sh", "Xvfb -displayfd")
+STEPS = ("cp -al ", "ln -sfn ", "/seed.sh", "Xvfb -displayfd")
 
 
 def scripts():

@@ -9,7 +9,7 @@
 # failure.
 #
 # The tests find in their environment: TARVIK_DEVICE, the device folder; TARVIK_DEVICE_SEED, what it is reset
-# to; TARVIK_SCREEN; TARVIK_FAILURES, the folder for screenshots. --keep leaves the phone's folder behind.
+# to; TARVIK_SCREEN; TARVIK_FAILURES, the folder for screenshots. --keep leaves the phone's folder behind, as kept.N.
 set -uo pipefail
 # shellcheck source=scripts/lib.sh
 source "$(dirname "${BASH_SOURCE[0]}")/../../scripts/lib.sh"
@@ -17,6 +17,8 @@ source "$(dirname "${BASH_SOURCE[0]}")/../../scripts/lib.sh"
 source "$house/scripts/device.sh"
 # shellcheck source=scripts/screen.sh
 source "$house/scripts/screen.sh"
+# shellcheck source=scripts/leftovers.sh
+source "$house/scripts/leftovers.sh"
 
 build=$house/build/desktop
 screen=240x320
@@ -54,7 +56,7 @@ fi
 
 # --- What ends with the tests ---
 
-phone=
+work=
 prefix=
 runner=
 
@@ -63,9 +65,8 @@ end_phone() {
     [[ -z $runner ]] || kill "$runner" 2>/dev/null
     [[ -z $prefix || ! -d $prefix ]] || WINEPREFIX=$prefix timeout 20 wineserver -k 2>/dev/null
     stop_services
-    [[ -n $phone && -z $keep ]] || return
-    chmod -R u+rwX "$phone" 2>/dev/null
-    rm -rf "$phone"
+    [[ -n $work ]] || return
+    if [[ -n $keep ]]; then mv -T "$work" "$data/kept.$$"; else close_work "$work"; fi
 }
 trap end_phone EXIT
 trap 'exit 143' INT TERM
@@ -76,12 +77,12 @@ mkdir -p "$build/test-failures"
 prepare_data_folder
 make_template
 
-phone=$(mktemp -d "$data/phone.XXXXXX") || fail "cannot write to $data" "Is there room"
-work=$phone/run
-prefix=$phone/prefix
-mkdir "$work" "$phone"/{device,seed,home}
+clear_leftovers phone
+open_work phone
+prefix=$work/prefix
+mkdir "$work"/{device,seed,home,run}
 copy_template "$prefix" || fail "cannot make the prefix $prefix" "Is there room"
-connect "$prefix" "$phone/device"
+connect "$prefix" "$work/device"
 # What the tests start is in the virtual desktop by itself.
 cat >>"$prefix/user.reg" <<END
 
@@ -91,18 +92,18 @@ cat >>"$prefix/user.reg" <<END
 [Software\\\\Wine\\\\Explorer\\\\Desktops] 1
 "phone"="$screen"
 END
-seed_folder "$phone/seed"
-lay_program "$phone/seed"
-cp -a "$phone/seed/." "$phone/device/" || fail "cannot make the device $phone/device" "Is there room"
+seed_folder "$work/seed"
+lay_program "$work/seed"
+cp -a "$work/seed/." "$work/device/" || fail "cannot make the device $work/device" "Is there room"
 start_screen "$screen"
 
 # --- The tests ---
 
-export WINEPREFIX=$prefix HOME=$phone/home
-export TARVIK_DEVICE=$phone/device TARVIK_DEVICE_SEED=$phone/seed TARVIK_SCREEN=$screen
+export WINEPREFIX=$prefix HOME=$work/home
+export TARVIK_DEVICE=$work/device TARVIK_DEVICE_SEED=$work/seed TARVIK_SCREEN=$screen
 # The host's programs have a stand-in.
 export TARVIK_HOST=yes PATH=$house/tests/support/host:$PATH
-export TARVIK_WORK=$work TARVIK_FAILURES=$build/test-failures
+export TARVIK_WORK=$work/run TARVIK_FAILURES=$build/test-failures
 
 timeout --kill-after=10 "$limit" "${as_plain_user[@]}" wine "$tests" "$@" &
 runner=$!
