@@ -15,7 +15,7 @@ bool AskForArchive(ArchiveType type, const Path& folder, Path& archive) {
     const bool lha = type == ArchiveType::Lha;
     PathText file{};
     OPENFILENAMEW request{};
-    request.lStructSize = sizeof(request);
+    request.lStructSize = OPENFILENAME_SIZE_VERSION_400W; // the phone knows no longer one
     request.hwndOwner = appState.mainWindow;
     request.lpstrFilter =
         lha ? L"LHA Files(*.lzh)\0*.lzh\0All Files\0*.*\0" : L"ZIP Files(*.zip)\0*.zip\0All Files\0*.*\0";

@@ -24,7 +24,7 @@ const wchar_t* SystemFolder() {
 /// Asks for a program file. False when the user cancelled.
 bool BrowseForProgram(HWND owner, PathText& program) {
     OPENFILENAMEW request{};
-    request.lStructSize = sizeof(request);
+    request.lStructSize = OPENFILENAME_SIZE_VERSION_400W; // the phone knows no longer one
     request.hwndOwner = owner;
     request.lpstrFilter = L"Executable (*.exe)\0*.exe\0";
     request.lpstrFile = program.data();

@@ -63,8 +63,10 @@ declare -rA package_of=(
     [cppcheck]=cppcheck
     [dpkg-deb]=dpkg
     [dpkg-source]=dpkg-dev
+    [file]=file
     [import]=imagemagick
     [lha]=lhasa
+    [llvm-readobj]=llvm
     [lowdown]=lowdown
     [ninja]=ninja-build
     [shellcheck]=shellcheck
@@ -81,6 +83,7 @@ declare -rA package_of=(
     [Xvfb]=xvfb
     [zip]=zip
     [/usr/bin/python3]=python3
+    [/usr/lib/python3/dist-packages/pefile.py]=python3-pefile
     [/usr/lib/python3/dist-packages/selenium]=python3-selenium
     [/usr/lib/python3/dist-packages/websockify]=python3-websockify
     [/usr/share/fonts/truetype/liberation]=fonts-liberation
@@ -96,6 +99,11 @@ readonly build_tools=(cmake ninja x86_64-w64-mingw32-g++-posix x86_64-w64-mingw3
     /usr/src/googletest/CMakeLists.txt /usr/x86_64-w64-mingw32/include/zlib.h dpkg-source)
 # shellcheck disable=SC2034
 readonly wine_tools=(wine /usr/share/wine/fonts /usr/share/fonts/truetype/liberation)
+# Those that make the phone's executable, beside the above, and those that look at it.
+# shellcheck disable=SC2034
+readonly device_tools=(arm-none-eabi-g++ /usr/bin/python3)
+# shellcheck disable=SC2034
+readonly device_test_tools=(file llvm-readobj /usr/lib/python3/dist-packages/pefile.py)
 # The tools of others that the tests exchange archives with.
 # shellcheck disable=SC2034
 readonly archive_tools=(7z lha unzip zip /usr/bin/python3)

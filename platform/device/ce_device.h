@@ -4,15 +4,21 @@
 
 #include "platform/ce_types.h"
 
+// Numbers that the phone has otherwise.
+constexpr int systemColour = 0x40000000;
+#undef COLOR_HIGHLIGHT
+#undef COLOR_BTNFACE
+#undef SW_MAXIMIZE
+constexpr int COLOR_HIGHLIGHT = systemColour | 13;
+constexpr int COLOR_BTNFACE = systemColour | 15;
+constexpr int SW_MAXIMIZE = 12;
+
 extern "C" {
 BOOL SHCreateMenuBar(SHMENUBARINFO* info);
 HWND SHFindMenuBar(HWND parent);
 BOOL SHInitDialog(SHINITDLGINFO* info);
-BOOL SipGetInfo(SIPINFO* info);
-BOOL SipShowIM(DWORD flags);
 BOOL SHHandleWMSettingChange(HWND window, WPARAM wParam, LPARAM lParam, SHACTIVATEINFO* info);
 BOOL SHHandleWMActivate(HWND window, WPARAM wParam, LPARAM lParam, SHACTIVATEINFO* info, DWORD flags);
-void SHSendBackToFocusWindow(UINT message, WPARAM wParam, LPARAM lParam);
 BOOL SHCreateShortcut(const wchar_t* shortcut, const wchar_t* target);
 BOOL SHGetShortcutTarget(const wchar_t* shortcut, wchar_t* target, int capacity);
 BOOL DeleteAndRenameFile(const wchar_t* to, const wchar_t* from);
@@ -65,9 +71,7 @@ using ::FindFirstFileW;
 using ::FindNextFileW;
 using ::GetFileAttributesW;
 using ::GetNumberFormatW;
-using ::GetOpenFileNameW;
 using ::GetProcAddressW;
-using ::GetSaveFileNameW;
 using ::MoveFileW;
 using ::RemoveDirectoryW;
 using ::SetFileAttributesW;
@@ -81,12 +85,25 @@ using ::SHGetSpecialFolderPath;
 using ::SHHandleWMActivate;
 using ::SHHandleWMSettingChange;
 using ::SHInitDialog;
-using ::SHSendBackToFocusWindow;
-using ::SipGetInfo;
-using ::SipShowIM;
 using ::SystemIdleTimerReset;
-using ::WNetConnectionDialog1W;
-using ::WNetDisconnectDialog;
+
+// --- late_bound.cpp: what a Smartphone may lack. Any thread. ---
+
+/// As the platform's; without it FALSE, as if the person had cancelled.
+BOOL GetOpenFileNameW(OPENFILENAMEW* request);
+BOOL GetSaveFileNameW(OPENFILENAMEW* request);
+
+/// As the platform's; without it no panel is up and the work area is visible.
+BOOL SipGetInfo(SIPINFO* info);
+/// As the platform's; without it nothing happens.
+BOOL SipShowIM(DWORD flags);
+
+/// As the platform's; without it the window with the focus gets a backspace.
+void SHSendBackToFocusWindow(UINT message, WPARAM wParam, LPARAM lParam);
+
+/// As the platform's; without it ERROR_NOT_SUPPORTED.
+DWORD WNetConnectionDialog1W(CONNECTDLGSTRUCTW* request);
+DWORD WNetDisconnectDialog(HWND owner, DWORD type);
 
 inline void CommandBar_Destroy(HWND bar) {
     DestroyWindow(bar);
