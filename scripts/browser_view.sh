@@ -9,8 +9,9 @@ page=
 run_in_browser() {
     local wish turn=0
     mkfifo "$work/wishes" && exec 7<>"$work/wishes"
-    # Debian's own, which has websockify.
-    serve /usr/bin/python3 "$house/companions/browser/server.py" "$work/display" >"$work/wishes" 2>"$work/page.log" 7>&-
+    # Debian's own, which has websockify. Of the screens to come it knows where their number and cookie will be.
+    XAUTHORITY=$work/xauthority serve /usr/bin/python3 "$house/companions/browser/server.py" "$work/display" \
+        >"$work/wishes" 2>"$work/page.log" 7>&-
     page=${services[-1]}
     await_address
     start_phone
