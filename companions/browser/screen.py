@@ -17,7 +17,8 @@ from websockify.websocket import WebSocketWantReadError, WebSocketWantWriteError
 ENDED = 4000
 SWITCHED_OFF = 4001
 
-PATIENCE = 20  # seconds that a page waits for a screen which is being made
+PATIENCE = 20  # seconds that a page waits for a screen which is being made, and we for a page to take it
+FAREWELL = 2  # seconds for telling all pages the end
 
 
 class Screen:
@@ -45,8 +46,9 @@ class Screen:
     def end(self):
         """Tells every page that the program has ended. A page is told once its x11vnc is gone."""
         self._bell.close()
+        until = time.monotonic() + FAREWELL
         for _ in range(self._pages):
-            self._shown.acquire(timeout=5)
+            self._shown.acquire(timeout=max(0, until - time.monotonic()))
 
     def _carry(self, page):
         """Returns the reason to close the web socket with; None when the page has closed it."""
@@ -56,7 +58,7 @@ class Screen:
         phone, viewer = socket.socketpair()
         with viewer:
             process = _x11vnc(display, viewer)
-        with process, phone:  # the process ends when its other end closes
+        try:
             while True:
                 ready, _, _ = select.select([page, phone, self._alarm], [], [])
                 if self._alarm in ready:
@@ -65,6 +67,9 @@ class Screen:
                     return None
                 if phone in ready and not _pass_picture(phone, page):
                     return ENDED if self._is_over() else SWITCHED_OFF
+        finally:
+            phone.close()
+            _await_end(process)
 
     def _await_display(self):
         until = time.monotonic() + PATIENCE
@@ -90,6 +95,18 @@ def _x11vnc(display, end):
         stdout=end,
         stderr=subprocess.DEVNULL,
     )
+
+
+def _await_end(process):
+    """Awaits the end of an x11vnc whose connection has closed, which then lets go of the keys that are down. One
+    that was still getting to know its page does not notice, and is told."""
+    for tell in (process.terminate, process.kill):
+        try:
+            process.wait(0.5)
+            return
+        except subprocess.TimeoutExpired:
+            tell()
+    process.wait()
 
 
 def _pass_input(page, phone):
@@ -128,9 +145,10 @@ def _close(page, reason):
 
 
 def _finish(page, send):
-    """Calls `send` until all of it is on its way."""
+    """Calls `send` until all of it is on its way. A page that takes nothing for long has gone: TimeoutError."""
     while True:
         try:
             return send()
         except WebSocketWantWriteError:
-            select.select([], [page], [], PATIENCE)
+            if not select.select([], [page], [], PATIENCE)[1]:
+                raise TimeoutError from None

@@ -37,8 +37,11 @@ def file_at(place):
     root = PAGE
     if place.startswith(("novnc/core/", "novnc/vendor/")):
         root, place = NOVNC, place.removeprefix("novnc/")
-    file = (root / (place or "index.html")).resolve()
-    return file if file.suffix in TYPES and file.is_relative_to(root) and file.is_file() else None
+    try:
+        file = (root / (place or "index.html")).resolve()
+        return file if file.suffix in TYPES and file.is_relative_to(root) and file.is_file() else None
+    except (OSError, ValueError):  # too long, or no name at all
+        return None
 
 
 class Visit(WebSocketRequestHandlerMixIn, BaseHTTPRequestHandler):
@@ -49,6 +52,10 @@ class Visit(WebSocketRequestHandlerMixIn, BaseHTTPRequestHandler):
     sys_version = ""
 
     def do_GET(self):
+        path = urlsplit(self.path).path
+        if self.is_welcome() and path.count("/") == 1:
+            self.answer(308, Location=path + "/")
+            return
         file = file_at(self.place()) if self.is_welcome() else None
         if not file:
             self.answer(404)
@@ -87,8 +94,10 @@ class Visit(WebSocketRequestHandlerMixIn, BaseHTTPRequestHandler):
             and (origin == f"http://{host}" or (origin is None and not from_page))
         )
 
-    def answer(self, status, body=b"", kind="text/plain"):
+    def answer(self, status, body=b"", kind="text/plain", **headers):
         self.send_response(status)
+        for name, value in headers.items():
+            self.send_header(name, value)
         self.send_header("Content-Type", f"{kind}; charset=utf-8")
         self.send_header("Content-Length", str(len(body)))
         self.send_header("Cache-Control", "no-store")

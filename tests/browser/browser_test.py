@@ -102,6 +102,12 @@ class PageTest(unittest.TestCase):
         self.assertTrue(eventually(lambda: self.page.run("return states.at(-1)") == "shown"))
         self.assertIn("switching", self.page.run("return states"))
 
+    def test_6_reloading_quickly_leaves_one_connection(self):
+        for _ in range(60):
+            self.page.driver.execute_cdp_cmd("Page.reload", {})
+        self.assertTrue(eventually(lambda: self.page.state == "shown", 30), self.page.state)
+        self.assertTrue(eventually(lambda: len(self.device.named("x11vnc")) == 1), self.device.named("x11vnc"))
+
     def test_8_text_opens_on_the_phone_and_home_comes_back(self):
         for key in ("ArrowRight", "Enter", "ArrowRight"):  # to the text in the folder
             self.assertTrue(self.page.changes(lambda: self.page.press(key)), key)
