@@ -141,23 +141,22 @@ install_packages() {
     fi
 
     say "Installing $packages"
-    log=$(mktemp)
+    log=$(mktemp -d) || fail "cannot make a temporary folder" "Is there room in ${TMPDIR:-/tmp}"
     local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -y -o DPkg::Lock::Timeout=300)
-    if ! {
-        "${apt[@]}" -o APT::Update::Error-Mode=any update &&
-            "${apt[@]}" install --no-install-recommends "$@"
-    } >"$log" 2>&1 </dev/null; then
-        tail -n 15 "$log" >&2
-        local offline='resolv|connect to|Connection|timed out|unreachable'
-        if grep -qE "$offline" "$log"; then
-            rm -f "$log"
-            fail "no network: Debian's packages cannot be reached, and these are missing: $packages" \
-                "Connect and start again"
-        fi
-        rm -f "$log"
-        fail "installing failed: $packages" "See the lines above; the packages are those of Debian 12"
+    # Other people's sources may be gone: what counts is whether the packages come.
+    "${apt[@]}" update >"$log/update" 2>&1 </dev/null
+    "${apt[@]}" install --no-install-recommends "$@" >"$log/install" 2>&1 </dev/null && rm -r "$log" && return
+
+    tail -n 15 "$log/install" >&2
+    local offline='resolv|connect to|Connection|timed out|unreachable'
+    if grep -qE "$offline" "$log/install" ||
+        { grep -q '^E: Unable to locate' "$log/install" && grep -qE "$offline" "$log/update"; }; then
+        rm -r "$log"
+        fail "no network: Debian's packages cannot be reached, and these are missing: $packages" \
+            "Connect and start again"
     fi
-    rm -f "$log"
+    rm -r "$log"
+    fail "installing failed: $packages" "See the lines above; the packages are those of Debian 12"
 }
 
 # build PRESET [TARGET...]: configures and builds, showing the log's end when that fails.
