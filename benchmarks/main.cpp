@@ -3,7 +3,9 @@
 //
 //   benchmarks.exe [NAME...]    ends with 1 when a ratio is over its limit
 
+#include <algorithm>
 #include <cstdio>
+#include <iterator>
 #include <string_view>
 
 #include "app/app_state.h"
@@ -46,6 +48,10 @@ void DispatchWaitingMessages() {
     }
 }
 
+bool IsKnown(std::wstring_view name) {
+    return std::ranges::find(measurements, name, &Measurement::name) != std::end(measurements);
+}
+
 bool IsWanted(std::wstring_view name, int argumentCount, wchar_t** arguments) {
     for (int index = 1; index < argumentCount; ++index) {
         if (name == arguments[index])
@@ -61,6 +67,12 @@ int wmain(int argumentCount, wchar_t** arguments) {
     if (!SetCurrentDirectoryW(L"E:\\")) {
         std::puts("There is no drive E: for the device. Start this with ./bench.");
         return 1;
+    }
+    for (int index = 1; index < argumentCount; ++index) {
+        if (!IsKnown(arguments[index])) {
+            std::printf("There is no measurement \"%ls\".\n", arguments[index]);
+            return 1;
+        }
     }
     StartProgram();
     for (const Measurement& measurement : measurements) {

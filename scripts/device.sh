@@ -97,6 +97,15 @@ lay_card() {
     ln -s "$3" "$1/$2" || fail "cannot make the card '$2' in $1" "May you write there"
 }
 
+# check_length PATH: refuses names that no disk takes.
+check_length() {
+    local LC_ALL=C part parts
+    IFS=/ read -rd '' -a parts <<<"$1"
+    for part in "${parts[@]}"; do
+        ((${#part} <= 255)) || fail "a name is too long: ${part:0:40}..." "Take at most 255 bytes"
+    done
+}
+
 # check_card NAME=DIR: refuses what the device could not show.
 check_card() {
     local name=${1%%=*} dir=${1#*=}
@@ -104,6 +113,8 @@ check_card() {
     [[ $name != *[\\/:*?\"\<\>\|]* && $name != *[.\ ] && $name != [.\ ]* ]] || fail "bad card name '$name'" \
         'Leave out \ / : * ? " < > | and blanks or dots at the ends'
     ((${#name} < 200)) || fail "bad card name: it is too long" "Take fewer than 200 characters"
+    check_length "$name"
+    check_length "$dir"
     [[ -d $dir ]] || fail "no such folder for card '$name': $dir" "Make it, or give another: --card '$name=DIR'"
 }
 

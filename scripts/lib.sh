@@ -159,18 +159,37 @@ install_packages() {
     fail "installing failed: $packages" "See the lines above; the packages are those of Debian 12"
 }
 
-# build PRESET [TARGET...]: configures and builds, showing the log's end when that fails.
+# build PRESET [TARGET...]: configures and compiles.
 build() {
-    local preset=$1
-    configure "$preset"
-    shift
-    log_run "$preset" cmake --build --preset "$preset" ${1:+--target "$@"}
+    configure "$1"
+    compile "$@"
 }
 
 # configure PRESET
 configure() {
+    check_build_folder "$1"
     "$house/scripts/fetch_sources" || exit
     log_run "$1" cmake --preset "$1"
+}
+
+# compile PRESET [TARGET...]: what is configured, showing the log's end when that fails.
+compile() {
+    local preset=$1
+    shift
+    log_run "$preset" cmake --build --preset "$preset" ${1:+--target "$@"}
+}
+
+# check_build_folder PRESET: it must be ours, with what lies there for this preset. It is not after a build as
+# root.
+check_build_folder() {
+    local place
+    mkdir -p "$house/build" 2>/dev/null
+    for place in "$house/build"{,/lock,"/$1.log","/$1","/$1/CMakeCache.txt","/$1/.ninja_log",/sources,/sources/lock}; do
+        [[ ! -e $place || -w $place ]] || fail "cannot write to $place, which belongs to $(stat -c %U "$place")" \
+            "Take the folder over: sudo chown -R $(id -un) '$house/build'; or clone afresh"
+    done
+    [[ -d $house/build ]] || fail "cannot make $house/build in a folder of $(stat -c %U "$house")" \
+        "Give yourself the right to, or clone afresh"
 }
 
 # log_run PRESET COMMAND...: runs a step of the build, its output into build/PRESET.log. One at a time: the tests
@@ -178,7 +197,6 @@ configure() {
 log_run() {
     local log=$house/build/$1.log
     shift
-    mkdir -p "$house/build" 2>/dev/null || fail "cannot write to $house/build" "Give yourself the right to, or clone afresh"
     (flock 6 && cd "$house" && "$@" >"$log" 2>&1 </dev/null 6>&-) 6>"$house/build/lock" || {
         tail -n 30 "$log" >&2
         fail "building failed" "See the lines above (all of it: $log); after moving the folder: rm -r build"

@@ -133,7 +133,18 @@ check_steps() {
     done
 }
 
+# check_keys STEP...: refuses keys that the screen does not know.
+check_keys() {
+    local step unknown
+    for step; do
+        [[ $step != *:* ]] || continue
+        unknown=$(xdotool key -- "$step" 2>&1 | sed -n "s/.*No such key name '\(.*\)'.*/\1/p" | head -n 1)
+        [[ -z $unknown ]] || fail "there is no key '$unknown'" "Use xdotool's names: F1, Return, BackSpace, ctrl+l"
+    done
+}
+
 # save_picture FILE: the whole screen as a PNG file.
 save_picture() {
-    import -silent -window root "png24:$1" || fail "cannot write the picture $1" "Is there room, and may you write there"
+    # Its name is no pattern.
+    import -silent -window root "png24:$work/picture" && mv -f -- "$work/picture" "$1" || fail "cannot write the picture $1" "Is there room, and may you write there"
 }

@@ -11,7 +11,12 @@ from pathlib import Path
 
 HOUSE = Path(__file__).resolve().parents[2]
 STAND_INS = Path(__file__).resolve().parent / "stand_ins"
-WHAT_RUN_NEEDS = ("run", "scripts", "resources/version.rc", "platform/desktop", "companions/browser")
+# What the scripts look for their own folder in is copied.
+COPIED = ("run", "test", "bench", "lint", "package", "scripts")
+LINKED = ("resources", "platform", "companions", "benchmarks", "CMakePresets.json")
+# Where even the superuser is refused what permissions forbid.
+DENIED = "-dac_override,-dac_read_search"
+AS_PLAIN_USER = ["setpriv", f"--inh-caps={DENIED}", f"--bounding-set={DENIED}"] if os.geteuid() == 0 else []
 
 
 def eventually(condition, seconds=20):
@@ -34,23 +39,25 @@ def processes_with(name, value, command=None):
 
 
 class House:
-    """What ./run needs, installed, so that nothing is built; in place of Wine and the person's display stand-ins.
-    Everything it starts goes with it."""
+    """What the scripts need; in place of Wine, the person's display and what builds are stand-ins. It is one that
+    the packages install, where nothing is built, or one to build in. Everything it starts goes with it."""
 
-    def __init__(self):
+    def __init__(self, is_installed=True):
         self.top = Path(tempfile.mkdtemp(prefix="tarvik-scripts."))
         self.place = self.top / "house"
-        for part in WHAT_RUN_NEEDS:
-            (self.place / part).parent.mkdir(parents=True, exist_ok=True)
+        self.place.mkdir()
+        for part in LINKED:
             (self.place / part).symlink_to(HOUSE / part)
-        # The scripts look for their own folder, so these are copies.
-        for part in ("run", "scripts"):
-            (self.place / part).unlink()
-        shutil.copy(HOUSE / "run", self.place)
-        shutil.copytree(HOUSE / "scripts", self.place / "scripts")
-        (self.place / "program").mkdir()
-        for file in ("TarvikFileManager.exe", "UNZip.dll"):
-            (self.place / "program" / file).write_text(file)
+        for part in COPIED:
+            (shutil.copytree if (HOUSE / part).is_dir() else shutil.copy)(HOUSE / part, self.place / part)
+        if is_installed:
+            (self.place / "program").mkdir()
+            for file in ("TarvikFileManager.exe", "UNZip.dll"):
+                (self.place / "program" / file).write_text(file)
+        else:
+            for library in ("libarchive", "lhasa"):
+                (self.place / "build/sources" / library).mkdir(parents=True)
+                (self.place / "build/sources" / library / ".complete").touch()
         self.home = self.top / "home"
         self.home.mkdir()
         self.data = self.top / "data/tarvik-file-manager"
@@ -83,12 +90,12 @@ class House:
         """Those that belong to this house; only those of this name."""
         return processes_with("STAND_INS_OF", self.top, command)
 
-    def start(self, *arguments, display=":stand-in", **environment):
-        """Starts ./run, with a display of the person's or, when that is None, for a web browser."""
+    def start(self, *arguments, script="run", display=":stand-in", **environment):
+        """Starts ./run or another script, with a display of the person's or, when that is None, without."""
         shown = {"DISPLAY": display} if display else {}
         log = (self.top / f"log{len(self.started)}").open("w+")
         process = subprocess.Popen(
-            [self.place / "run", *map(str, arguments)],
+            [*AS_PLAIN_USER, self.place / script, *map(str, arguments)],
             stdin=subprocess.DEVNULL,
             stdout=log,
             stderr=subprocess.STDOUT,
@@ -100,7 +107,7 @@ class House:
         return process
 
     def run(self, *arguments, **options):
-        """Starts ./run and waits for its end; the status, and what it said."""
+        """Starts a script and waits for its end; the status, and what it said."""
         process = self.start(*arguments, **options)
         return process.wait(60), process.said()
 
