@@ -86,6 +86,7 @@ class FolderTree : public TreeView {
     bool PathOfNode(HTREEITEM node, Path& path) const;
     void InsertSubfolder(HTREEITEM parent, const Path& folder, const wchar_t* name, DWORD attributes);
     void RefreshChildren(HTREEITEM node);
+    void RemoveChildren(HTREEITEM node);
     void RefreshClosedNode(HTREEITEM node, const Path& folder);
     void SetButton(HTREEITEM node, bool children);
     HTREEITEM DescendTo(std::wstring_view path);

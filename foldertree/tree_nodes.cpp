@@ -33,6 +33,13 @@ void FolderTree::SetButton(HTREEITEM node, bool children) {
     SendMessageW(window_, TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
 }
 
+void FolderTree::RemoveChildren(HTREEITEM node) {
+    while (HTREEITEM child = Related(TVGN_CHILD, node)) {
+        if (!SendMessageW(window_, TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(child)))
+            return;
+    }
+}
+
 /// A node that stays while its folder may have got its first subfolder or lost the last. One that is open
 /// shows what it has and is left alone.
 void FolderTree::RefreshClosedNode(HTREEITEM node, const Path& folder) {
@@ -40,10 +47,9 @@ void FolderTree::RefreshClosedNode(HTREEITEM node, const Path& folder) {
     if (filled && IsOpen(node))
         return;
     const bool children = HasSubfolder(folder);
-    if (filled && !children)
-        RefreshChildren(node);
-    else
-        SetButton(node, children);
+    if (!children)
+        RemoveChildren(node);
+    SetButton(node, children);
 }
 
 /// Brings the node's children in line with its folder. Those that stay keep what is open below them.
