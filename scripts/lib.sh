@@ -85,6 +85,7 @@ declare -rA package_of=(
     [/usr/bin/python3]=python3
     [/usr/lib/python3/dist-packages/pefile.py]=python3-pefile
     [/usr/lib/python3/dist-packages/selenium]=python3-selenium
+    [/usr/lib/python3/dist-packages/unicorn]=python3-unicorn
     [/usr/lib/python3/dist-packages/websockify]=python3-websockify
     [/usr/share/fonts/truetype/liberation]=fonts-liberation
     [/usr/share/novnc/core/rfb.js]=novnc
@@ -103,7 +104,7 @@ readonly wine_tools=(wine /usr/share/wine/fonts /usr/share/fonts/truetype/libera
 # shellcheck disable=SC2034
 readonly device_tools=(arm-none-eabi-g++ /usr/bin/python3)
 # shellcheck disable=SC2034
-readonly device_test_tools=(file llvm-readobj /usr/lib/python3/dist-packages/pefile.py)
+readonly device_test_tools=(file llvm-readobj /usr/lib/python3/dist-packages/{pefile.py,unicorn})
 # The tools of others that the tests exchange archives with.
 # shellcheck disable=SC2034
 readonly archive_tools=(7z lha unzip zip /usr/bin/python3)
