@@ -99,6 +99,20 @@ void FitMessageBox(HWND window, const CREATESTRUCTW& made);
 /// buttons are soft keys.
 void FitFileDialog(HWND dialog);
 
+/// Its field for the name: with a list of earlier names, or plain.
+HWND NameField(HWND dialog);
+
+// --- file_dialog_places.cpp ---
+
+/// The list of folders that leads to the one a file dialog shows.
+constexpr int FILE_DIALOG_PLACES = 0x4f0;
+
+/// Gives a file dialog that list in the place of its drives.
+void MakePlaces(HWND dialog);
+
+/// Fills the list for the folder that the dialog shows now. It stays on the device.
+void ShowPlaces(HWND dialog);
+
 // --- menus.cpp ---
 
 /// Keeps a popup no higher than the work area; what does not fit is scrolled.

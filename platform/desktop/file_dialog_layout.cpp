@@ -23,12 +23,6 @@ void Place(HWND window, int x, int y, int width, int height) {
     SetWindowPos(window, nullptr, x, y, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-/// The field for the name: with a list of earlier names, or plain.
-HWND NameField(HWND dialog) {
-    HWND list = GetDlgItem(dialog, cmb13);
-    return list ? list : GetDlgItem(dialog, edt1);
-}
-
 /// The width of a tool bar's first button, which leads to the folder above; 0 without a tool bar.
 int FirstButtonWidth(HWND toolBar) {
     RECT place{};
@@ -68,13 +62,13 @@ void PlaceRow(HWND label, HWND field, int labelWidth, int y, int width) {
 }
 
 void LayOut(HWND dialog, int width, int height) {
-    HWND folder = GetDlgItem(dialog, cmb2);
+    HWND folder = GetDlgItem(dialog, FILE_DIALOG_PLACES);
     HWND name = NameField(dialog);
     HWND type = GetDlgItem(dialog, cmb1);
     HWND toolBar = FindWindowExW(dialog, nullptr, TOOLBARCLASSNAMEW, nullptr);
 
     int toolWidth = FirstButtonWidth(toolBar);
-    Place(folder, MARGIN, MARGIN, width - 3 * MARGIN - toolWidth, SizeOf(folder).cy);
+    Place(folder, MARGIN, MARGIN, width - 3 * MARGIN - toolWidth, height / 2); // with its list
     Place(toolBar, width - MARGIN - toolWidth, MARGIN, toolWidth, SizeOf(toolBar).cy);
 
     int labelWidth = LabelWidth(dialog);
@@ -92,6 +86,11 @@ void LayOut(HWND dialog, int width, int height) {
 
 } // namespace
 
+HWND NameField(HWND dialog) {
+    HWND list = GetDlgItem(dialog, cmb13);
+    return list ? list : GetDlgItem(dialog, edt1);
+}
+
 void FitFileDialog(HWND dialog) {
     RECT area = WorkArea();
     int width = area.right - area.left;
@@ -101,6 +100,7 @@ void FitFileDialog(HWND dialog) {
                  SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
     for (int id : {stc4, chx1, pshHelp, IDOK, IDCANCEL})
         ShowWindow(GetDlgItem(dialog, id), SW_HIDE);
+    MakePlaces(dialog);
     LayOut(dialog, width, height);
 
     MenuBarLayout keys;

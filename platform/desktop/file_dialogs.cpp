@@ -22,10 +22,15 @@ std::vector<wchar_t> DialogPath(const wchar_t* path) {
     return copy;
 }
 
-/// The dialog tells this child of it when it has made its controls.
+/// The dialog tells this child of it when it has made its controls, and when it shows another folder.
 UINT_PTR CALLBACK FileDialogHook(HWND child, UINT message, WPARAM, LPARAM lParam) {
-    if (message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lParam)->code == CDN_INITDONE)
+    if (message != WM_NOTIFY)
+        return 0;
+    const UINT code = reinterpret_cast<const NMHDR*>(lParam)->code;
+    if (code == CDN_INITDONE)
         FitFileDialog(GetParent(child));
+    if (code == CDN_INITDONE || code == CDN_FOLDERCHANGE)
+        ShowPlaces(GetParent(child));
     return 0;
 }
 

@@ -68,8 +68,13 @@ RECT Control::Place() const {
 std::vector<std::wstring> Control::Entries() const {
     std::vector<std::wstring> entries;
     for (LRESULT index = 0, count = Ask(window_, CB_GETCOUNT); index < count; ++index) {
-        std::wstring text(Ask(window_, CB_GETLBTEXTLEN, index) + 1, L'\0');
-        text.resize(Ask(window_, CB_GETLBTEXT, index, reinterpret_cast<LPARAM>(text.data())));
+        const LRESULT length = Ask(window_, CB_GETLBTEXTLEN, index);
+        if (length == CB_ERR) // it is being filled anew
+            return {};
+        // With room for another text that has taken its place.
+        std::wstring text(length + MAX_PATH, L'\0');
+        text.resize(
+            std::max<LRESULT>(0, Ask(window_, CB_GETLBTEXT, index, reinterpret_cast<LPARAM>(text.data()))));
         entries.push_back(text);
     }
     return entries;

@@ -2,11 +2,14 @@
 
 // The name of a new archive, asked for by the device's own dialog, and what an archiver has to say.
 
+#include "platform/desktop/device_shell.h"
 #include "tests/ui/archives_ui.h"
 #include "tests/ui/layout.h"
 #include "tests/ui/save_dialog.h"
 
 namespace {
+
+constexpr int wayUp = 0xa001; // the command of the dialog's button
 
 class SaveDialogUi : public ArchivesUi {
   protected:
@@ -48,6 +51,45 @@ TEST_F(SaveDialogUi, GivesTheNameItsExtensionAndKeepsTheDevicesRoot) {
     // Paths still lead to the device.
     Show(L"\\To\\Inner");
     program.WaitForNames({L"..", L"new.zip"});
+}
+
+TEST_F(SaveDialogUi, ShowsTheFoldersOnTheWayAndNoDrives) {
+    Dialog dialog = Ask();
+    EXPECT_FALSE(dialog.Item(cmb2).IsShown());
+    const Control places = dialog.Item(FILE_DIALOG_PLACES);
+    NameFieldOf(dialog).SetText(L"\\To\\Inner");
+    PressLeftSoftKey();
+    WaitFor("for the inner folder", [&] {
+        return places.Entries() == Texts{L"\\", L"\\To", L"\\To\\Inner"};
+    });
+    EXPECT_EQ(places.SelectedEntry(), 2);
+    ExpectGoodLayout(dialog);
+
+    NameFieldOf(dialog).SetText(L"half typed");
+    Control(places).PickEntry(1);
+    WaitFor("for the outer folder", [&] { return places.Entries() == Texts{L"\\", L"\\To"}; });
+    EXPECT_EQ(NameFieldOf(dialog).Text(), L"half typed");
+    SaveAs(program, dialog, L"new");
+    EXPECT_EQ(archiver->Calls(), Texts{Command(L"\\To\\new.zip")});
+}
+
+TEST_F(SaveDialogUi, NoWayLeadsAboveTheDevice) {
+    Dialog dialog = Ask();
+    const Control places = dialog.Item(FILE_DIALOG_PLACES);
+    const HWND toolBar = FindWindowExW(dialog.Window(), nullptr, TOOLBARCLASSNAMEW, nullptr);
+    const auto isWayUpEnabled = [&] { return SendMessageW(toolBar, TB_ISBUTTONENABLED, wayUp, 0) != 0; };
+    NameFieldOf(dialog).SetText(L"\\To");
+    PressLeftSoftKey();
+    WaitFor("for the folder", [&] { return places.Entries() == Texts{L"\\", L"\\To"}; });
+    EXPECT_TRUE(isWayUpEnabled());
+
+    // As the button does, also where it is disabled: once to the root, once from it.
+    for (int step = 0; step < 2; ++step) {
+        dialog.Command(wayUp);
+        WaitFor("for the root", [&] { return places.Entries() == Texts{L"\\"} && !isWayUpEnabled(); });
+    }
+    SaveAs(program, dialog, L"here");
+    EXPECT_EQ(archiver->Calls(), Texts{Command(L"\\here.zip")});
 }
 
 TEST_F(SaveDialogUi, AnExtensionOfOnesOwnStays) {
