@@ -91,7 +91,7 @@ void ChangeWatcher::Run() {
 bool ChangeWatcher::ArmWatch() {
     const LockGuard guard(lock_);
     if (active_ && !watchedPath_.IsSearchFolder())
-        notifyHandle_ = FindFirstChangeNotificationW(
+        notifyHandle_ = ce::FindFirstChangeNotificationW(
             watchedPath_.Text(), FALSE, FILE_NOTIFY_CHANGE_FILE_NAME | FILE_NOTIFY_CHANGE_DIR_NAME);
     return notifyHandle_ != INVALID_HANDLE_VALUE;
 }

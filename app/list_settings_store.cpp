@@ -1,5 +1,6 @@
 #include <array>
 
+#include "app/outside_path.h"
 #include "app/registry.h"
 #include "app/settings_keys.h"
 #include "app/settings_store.h"
@@ -30,7 +31,9 @@ void ReadOptions(HKEY key, ListOptions& options) {
 void ReadLastFolder(HKEY key, FileList& list) {
     PathText text{};
     Path folder;
-    if (ReadText(key, lastFolderValue, text) && folder.Assign(text.data()))
+    if (!ReadText(key, lastFolderValue, text) || !folder.Assign(text.data()))
+        return;
+    if (folder.IsSearchFolder() || TakeOutsidePath(text.data(), folder))
         list.SetCurrentFolder(folder);
 }
 

@@ -22,6 +22,8 @@ bool Path::Append(std::wstring_view text) {
 }
 
 bool Path::AssignChild(std::wstring_view folder, std::wstring_view name) {
+    if (folder.ends_with(L'\\')) // as it was typed
+        folder.remove_suffix(1);
     if (folder.size() + 1 + name.size() >= pathCapacity)
         return false;
     return Assign(folder) && Append(L"\\") && Append(name);

@@ -21,7 +21,7 @@ class Path {
     [[nodiscard]] bool Assign(std::wstring_view text);
     /// Appends `text` as it stands. False when it would not fit.
     [[nodiscard]] bool Append(std::wstring_view text);
-    /// Becomes "folder\name". False when it would not fit.
+    /// Becomes "folder\name", whether or not `folder` ends in a backslash. False when it would not fit.
     [[nodiscard]] bool AssignChild(std::wstring_view folder, std::wstring_view name);
     /// Becomes the pattern that enumerates `folder`: "folder\*.*". False when it would not fit.
     [[nodiscard]] bool AssignPattern(std::wstring_view folder);

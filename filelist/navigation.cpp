@@ -2,6 +2,7 @@
 
 #include "app/app_state.h"
 #include "app/menu_state.h"
+#include "app/outside_path.h"
 #include "app/text_format.h"
 #include "app/wait_cursor.h"
 #include "filelist/file_list.h"
@@ -73,8 +74,10 @@ void FileList::GoToPath(std::wstring_view text) {
     if (text == searchFolder)
         return GoToFolder(searchFolder, treeRescan);
     Path path;
-    if (!path.Assign(text))
+    if (!TakeOutsidePath(text, path))
         return ReportNotFound();
+    if (path.IsEmpty())
+        return GoToFolder(L"", treeRescan);
     const DWORD attributes = AttributesOf(path.Text());
     if (attributes == INVALID_FILE_ATTRIBUTES)
         ReportNotFound();

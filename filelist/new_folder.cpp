@@ -8,7 +8,7 @@
 bool FileList::CreateNewFolder(Path& path) {
     for (int number = 1; number <= lastNewFolderNumber; ++number) {
         if (path.AssignChild(currentFolder_.View(), NewFolderName(number).View()) &&
-            CreateDirectoryW(path.Text(), nullptr))
+            ce::CreateDirectoryW(path.Text(), nullptr))
             return number < lastNewFolderNumber;
     }
     return false;

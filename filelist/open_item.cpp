@@ -2,6 +2,7 @@
 
 #include "app/app_state.h"
 #include "app/file_facts.h"
+#include "app/outside_path.h"
 #include "app/wait_cursor.h"
 #include "filelist/shortcut_target.h"
 #include "fileops/archives.h"
@@ -13,15 +14,15 @@ struct Launch {
     Path parameters;
 };
 
-/// What the shortcut starts. False when the file is no shortcut that can be read.
-bool ReadShortcut(const Path& path, Launch& launch) {
-    if (!EqualNoCase(ExtensionOf(path.View()), L".LNK"))
-        return false;
+/// What opening the file starts: itself, or what the shortcut leads to. False when that is not on the device.
+bool ReadLaunch(const Path& path, Launch& launch) {
+    launch.program = path;
     wchar_t text[pathCapacity] = {};
-    if (!ce::SHGetShortcutTarget(path.Text(), text, static_cast<int>(pathCapacity)))
-        return false;
+    if (!EqualNoCase(ExtensionOf(path.View()), L".LNK") ||
+        !ce::SHGetShortcutTarget(path.Text(), text, static_cast<int>(pathCapacity)))
+        return true;
     const ShortcutTarget target = SplitShortcutTarget(text);
-    return launch.program.Assign(target.program) && launch.parameters.Assign(target.parameters);
+    return TakeOutsideProgram(target.program, launch.program) && launch.parameters.Assign(target.parameters);
 }
 
 bool LeadsToFolder(const Launch& launch) {
@@ -38,9 +39,9 @@ bool IsArchiveOpenedHere(const FileList& list, const Path& path) {
 
 void OpenItem(FileList& list, const Path& path) {
     Launch launch;
-    if (!ReadShortcut(path, launch))
-        launch.program = path;
-    else if (LeadsToFolder(launch))
+    if (!ReadLaunch(path, launch))
+        return;
+    if (LeadsToFolder(launch))
         return list.GoToFolder(launch.program.View(), treeRescan);
     if (IsArchiveOpenedHere(list, path))
         return ExtractSelection();

@@ -3,6 +3,7 @@
 #include "app/app_state.h"
 #include "app/file_facts.h"
 #include "app/menu_state.h"
+#include "app/outside_path.h"
 #include "app/settings_store.h"
 #include "filelist/file_list.h"
 #include "filelist/list_input.h"
@@ -96,7 +97,7 @@ void FileList::InsertColumns() {
 void FileList::ChooseStartFolder() {
     if (appState.startPath) {
         // A start path that leads nowhere falls back to the folder of the last run, unchecked.
-        if (IsExistingFolder(appState.startPath) && !currentFolder_.Assign(appState.startPath))
+        if (IsExistingFolder(appState.startPath) && !TakeOutsidePath(appState.startPath, currentFolder_))
             currentFolder_.Clear();
     } else if (!options.rememberLastFolder || !IsExistingFolder(currentFolder_.Text())) {
         currentFolder_.Clear();

@@ -71,8 +71,8 @@ void ContentsCount::CountSelected(const SelectionEntry& entry) {
 
 void ContentsCount::CountFile(const Path& path) {
     ++totals_.files;
-    const FileHandle file(CreateFileW(path.Text(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                      OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    const FileHandle file(ce::CreateFileW(path.Text(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                          nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     const DWORD size = file ? GetFileSize(file.Get(), nullptr) : INVALID_FILE_SIZE;
     if (size != INVALID_FILE_SIZE)
         totals_.bytes += size;

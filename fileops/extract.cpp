@@ -18,7 +18,7 @@ bool MakeFolders(const Path& folder) {
         if (end < folder.Length() && folder.View()[end] != L'\\')
             continue;
         if (!part.Assign(folder.View().substr(0, end)) ||
-            (!IsExistingFolder(part.Text()) && !CreateDirectoryW(part.Text(), nullptr)))
+            (!IsExistingFolder(part.Text()) && !ce::CreateDirectoryW(part.Text(), nullptr)))
             return false;
     }
     return true;

@@ -27,10 +27,10 @@ bool NameAside(const Path& path, int number, Path& aside) {
 
 /// Deletes a file of the job's own.
 bool Discard(const wchar_t* path) {
-    if (DeleteFileW(path))
+    if (ce::DeleteFileW(path))
         return true;
-    SetFileAttributesW(path, FILE_ATTRIBUTE_NORMAL);
-    return DeleteFileW(path) != FALSE;
+    ce::SetFileAttributesW(path, FILE_ATTRIBUTE_NORMAL);
+    return ce::DeleteFileW(path) != FALSE;
 }
 
 bool DeleteSource(const Path& source, DWORD attributes) {
@@ -81,12 +81,12 @@ MoverResult FileMover::WriteBlocks(HANDLE from, HANDLE to) {
 /// leaves of the copy goes again.
 MoverResult FileMover::CopyContents(const Path& source, const WIN32_FIND_DATAW& found, const Path& target,
                                     const Path* lastName) {
-    const FileHandle from(CreateFileW(source.Text(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                      nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    const FileHandle from(ce::CreateFileW(source.Text(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                          nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!from)
         return MoverResult::Failed;
-    FileHandle to(CreateFileW(target.Text(), ce::movableAccess, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL,
-                              nullptr));
+    FileHandle to(ce::CreateFileW(target.Text(), ce::movableAccess, 0, nullptr, CREATE_NEW,
+                                  FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!to)
         return Exists(target.Text()) ? MoverResult::Exists : MoverResult::Failed;
     MoverResult result = WriteBlocks(from.Get(), to.Get());

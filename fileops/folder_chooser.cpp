@@ -121,7 +121,7 @@ void FolderChooser::MakeFolder() {
     CopyTextTo(name, L"New Folder");
     Path path;
     for (int number = 1; !path.AssignChild(folder.View(), name.data()) ||
-                         !CreateDirectoryW(path.Text(), nullptr) || number == lastNewFolder;) {
+                         !ce::CreateDirectoryW(path.Text(), nullptr) || number == lastNewFolder;) {
         if (number == lastNewFolder)
             return Report(L"This folder cannot be created.", MB_ICONHAND);
         FormatText(name, L"New Folder(%d)", ++number);

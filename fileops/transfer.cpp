@@ -137,7 +137,7 @@ bool TransferJob::TransferFile() {
 bool TransferJob::TransferFolder() {
     const bool isCard = (found_.dwFileAttributes & FILE_ATTRIBUTE_STORAGE_CARD) != 0;
     ShowName(source_.View());
-    if (!CreateDirectoryW(target_.Text(), nullptr) && !MayUseExisting())
+    if (!ce::CreateDirectoryW(target_.Text(), nullptr) && !MayUseExisting())
         return true;
     const Contents contents = TransferContents();
     if (contents != Contents::Whole)

@@ -37,7 +37,7 @@ std::optional<ProgramRecord> ReadClass(HKEY root, const wchar_t* name, std::wstr
     const std::optional<OpenCommand> parsed = ParseOpenCommand(command);
     Path program;
     if (!parsed || !LocateProgram(parsed->program, systemFolder, program) ||
-        ce::GetFileAttributesW(program.Text()) == INVALID_FILE_ATTRIBUTES)
+        !ce::ProgramExists(program.Text()))
         return std::nullopt;
     return ProgramRecord{CopyText(name), CopyText(description), CopyText(program.View()),
                          CopyText(parsed->parameters)};

@@ -23,7 +23,7 @@ void AddVolume(MemoryReport& report, const wchar_t* folder, std::wstring_view la
     ULARGE_INTEGER available{};
     ULARGE_INTEGER total{};
     ULARGE_INTEGER free{};
-    if (GetDiskFreeSpaceExW(folder, &available, &total, &free))
+    if (ce::GetDiskFreeSpaceExW(folder, &available, &total, &free))
         report.Add(label, free.QuadPart, total.QuadPart);
 }
 

@@ -2,6 +2,7 @@
 
 #include "app/app_state.h"
 #include "app/file_facts.h"
+#include "app/outside_path.h"
 #include "app/wait_cursor.h"
 #include "launch/mail_command.h"
 #include "launch/shell_start.h"
@@ -43,11 +44,14 @@ void LaunchPreferred(int index) {
     Path file;
     if (!target || !SelectedFilePath(file))
         return;
-    if (LeadsToFolder(target))
-        return appState.fileList.GoToFolder(target, treeRescan);
+    Path program;
+    if (!TakeOutsideProgram(target, program))
+        return;
+    if (LeadsToFolder(program.Text()))
+        return appState.fileList.GoToFolder(program.View(), treeRescan);
     wchar_t parameters[pathCapacity + 2];
     FormatText(parameters, appState.settings.quoteFilePath ? L"\"%s\"" : L"%s", file.Text());
-    StartThroughShell({.file = target, .parameters = parameters});
+    StartThroughShell({.file = program.Text(), .parameters = parameters});
 }
 
 void SendByMail(MailTransport transport) {

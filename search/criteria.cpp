@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cwchar>
 
+#include "app/outside_path.h"
 #include "search/name_match.h"
 
 namespace {
@@ -27,7 +28,7 @@ SizeMode SizeModeOf(bool checked, int selection) {
 
 Path LocationOf(std::wstring_view text) {
     Path location;
-    if (text == L"\\" || !location.Assign(text))
+    if (!TakeOutsidePath(text, location))
         return {};
     const DWORD attributes = ce::GetFileAttributesW(location.Text());
     if (attributes == INVALID_FILE_ATTRIBUTES || !(attributes & FILE_ATTRIBUTE_DIRECTORY))

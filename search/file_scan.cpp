@@ -29,8 +29,8 @@ bool FileScan::Open(std::wstring_view folder, std::wstring_view name) {
     Path path;
     if (!path.AssignChild(folder, name))
         return false;
-    file_.Reset(
-        CreateFileW(path.Text(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    file_.Reset(ce::CreateFileW(path.Text(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL,
+                                nullptr));
     return IsOpen();
 }
 

@@ -15,6 +15,23 @@ class LinkScan;
 
 namespace ce {
 
+// --- device_path.cpp: where the device ends. Any thread. ---
+
+/// Brings a path that comes from outside, typed, stored, handed over or a shortcut's, into the device's own
+/// form: "\Folder\name", the root as "\". Letters stay as they are, and so does a backslash at the end.
+/// False, with `resolved` empty, for a path that leads off the device: to another drive, a server, or the
+/// host. All of the file calls here refuse such a path with ERROR_PATH_NOT_FOUND.
+BOOL ResolvePath(const wchar_t* path, wchar_t* resolved, int capacity);
+
+// --- file_calls.cpp: as the host's, kept on the device. Any thread. ---
+
+HANDLE CreateFileW(const wchar_t* path, DWORD access, DWORD sharing, SECURITY_ATTRIBUTES* security,
+                   DWORD creation, DWORD flags, HANDLE pattern);
+BOOL CreateDirectoryW(const wchar_t* path, SECURITY_ATTRIBUTES* security);
+HANDLE FindFirstChangeNotificationW(const wchar_t* folder, BOOL subfolders, DWORD filter);
+BOOL GetDiskFreeSpaceExW(const wchar_t* folder, ULARGE_INTEGER* available, ULARGE_INTEGER* total,
+                         ULARGE_INTEGER* free);
+
 // --- file_system.cpp: one root, storage cards, files in ROM. Any thread. ---
 
 /// Finds as the phone does: never "." or "..". A linked folder of the root has the attributes of a storage
@@ -74,7 +91,11 @@ constexpr DWORD movableAccess = GENERIC_WRITE | DELETE;
 /// Closes the file `from`, which was created here, and gives it the free name `to` on the same volume.
 BOOL MoveAndCloseFile(HANDLE file, const wchar_t* from, const wchar_t* to);
 
-// --- shell.cpp ---
+// --- shell.cpp. What it starts or tells of lies on the device, or on the host's system drive, where the
+// registry's programs may be. ---
+
+/// Whether a program that the registry names is there.
+BOOL ProgramExists(const wchar_t* program);
 
 DWORD_PTR SHGetFileInfo(const wchar_t* path, DWORD attributes, SHFILEINFOW* info, UINT size, UINT flags);
 BOOL ShellExecuteEx(SHELLEXECUTEINFOW* info);

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/desktop/device_path.h"
 #include "platform/desktop/device_shell.h"
 #include "platform/desktop/rooted_path.h"
 
@@ -12,11 +13,12 @@ namespace {
 /// Room for any path that the host's dialog may give.
 constexpr DWORD dialogCapacity = 32 * 1024;
 
-/// `path` made full when it is one of the device's; otherwise as it is, terminated.
+/// A path of the device's made full; any other text, a bare name, as it is, terminated.
 std::vector<wchar_t> DialogPath(const wchar_t* path) {
-    const std::wstring_view text = path != nullptr ? path : L"";
-    if (text.starts_with(L'\\') && !text.starts_with(L"\\\\"))
-        return FullPath(path);
+    std::wstring_view text = path != nullptr ? path : L"";
+    const DevicePath device(path);
+    if (text.starts_with(L'\\'))
+        text = device.WithDrive();
     std::vector<wchar_t> copy(text.begin(), text.end());
     copy.push_back(L'\0');
     return copy;
@@ -48,8 +50,11 @@ BOOL RunFileDialog(OPENFILENAMEW& request, BOOL (*dialog)(OPENFILENAMEW*)) {
     host.lpstrFile = file.data();
     host.nMaxFile = static_cast<DWORD>(file.size());
     host.lpstrInitialDir = request.lpstrInitialDir != nullptr ? folder.data() : nullptr;
-    if (!dialog(&host))
-        return FALSE;
+    // The host's dialog goes everywhere, the phone's has only the device.
+    do {
+        if (!dialog(&host))
+            return FALSE;
+    } while (!DevicePath(file.data()));
 
     const std::wstring_view full = file.data();
     const std::wstring_view chosen = RootedPart(full);

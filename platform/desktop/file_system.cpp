@@ -3,6 +3,7 @@
 #include <iterator>
 #include <string_view>
 
+#include "platform/desktop/device_path.h"
 #include "platform/desktop/host_links.h"
 #include "platform/desktop/link_scan.h"
 #include "platform/desktop/own_entry.h"
@@ -14,9 +15,10 @@ namespace {
 /// The folders whose entries the phone marks.
 enum class Place { Root, Rom, Other };
 
-Place PlaceOf(std::wstring_view folder) {
-    folder = RootedPart(folder);
-    if (folder.empty() || (folder.size() == 2 && folder[1] == L':'))
+/// Where the entry lies that `path` names.
+Place PlaceOf(const DevicePath& path) {
+    const std::wstring_view folder = FolderPart(path.Rooted());
+    if (folder.empty())
         return Place::Root;
     return SameText(folder, L"\\Windows") ? Place::Rom : Place::Other;
 }
@@ -58,7 +60,7 @@ bool SettleOnEntry(const Search& search, WIN32_FIND_DATAW& found) {
 /// takes the two names for one and would by itself rename nothing.
 BOOL ChangeCase(const wchar_t* from, const wchar_t* to) {
     const std::wstring_view folder = FolderPart(from);
-    wchar_t aside[MAX_PATH] = {};
+    wchar_t aside[MAX_PATH + 20] = {};  // with the host's prefix
     constexpr std::size_t nameRoom = 4; // "\~0" and the end
     if (folder.size() + nameRoom > std::size(aside))
         return FALSE;
@@ -91,8 +93,8 @@ bool IsSurelyNoLink(const wchar_t* path) {
 
 /// Opens a file to move it, when it is known, or can quickly be told, to be no link. By its handle a file is
 /// moved with fewer calls than by its name.
-HANDLE OpenNoLink(const wchar_t* path) {
-    return IsSurelyNoLink(path) ? OpenEntry(path) : OpenOwnEntry(path);
+HANDLE OpenNoLink(const wchar_t* path, const DevicePath& device) {
+    return IsSurelyNoLink(path) ? OpenEntry(device.Text()) : OpenOwnEntry(device.Text());
 }
 
 /// To another volume files are copied, which takes longer than a folder may be trusted.
@@ -103,17 +105,15 @@ BOOL MoveOpened(HANDLE entry, const wchar_t* to) {
     return moved;
 }
 
-bool IsRoot(std::wstring_view path) {
-    path = RootedPart(path);
-    return path.empty() || path == L"\\";
-}
-
 } // namespace
 
 namespace ce {
 
 HANDLE FindFirstFileW(const wchar_t* pattern, WIN32_FIND_DATAW* found) {
-    const Search search{::FindFirstFileW(pattern, found), PlaceOf(FolderPart(pattern))};
+    const DevicePath device(pattern);
+    if (!device)
+        return INVALID_HANDLE_VALUE;
+    const Search search{::FindFirstFileW(device.Text(), found), PlaceOf(device)};
     if (search.handle == INVALID_HANDLE_VALUE)
         return INVALID_HANDLE_VALUE;
     if (SettleOnEntry(search, *found))
@@ -144,22 +144,25 @@ BOOL FindClose(HANDLE find) {
 }
 
 DWORD GetFileAttributesW(const wchar_t* path) {
-    if (path == nullptr || *path == L'\0')
+    const DevicePath device(path);
+    if (!device)
         return INVALID_FILE_ATTRIBUTES;
-    if (IsRoot(path))
+    if (device.Rooted() == L"\\")
         return FILE_ATTRIBUTE_DIRECTORY;
-    const DWORD attributes = ::GetFileAttributesW(path);
-    return attributes == INVALID_FILE_ATTRIBUTES ? attributes
-                                                 : PhoneAttributes(PlaceOf(FolderPart(path)), attributes);
+    const DWORD attributes = ::GetFileAttributesW(device.Text());
+    return attributes == INVALID_FILE_ATTRIBUTES ? attributes : PhoneAttributes(PlaceOf(device), attributes);
 }
 
 BOOL SetFileAttributesW(const wchar_t* path, DWORD attributes) {
     constexpr DWORD kept =
         FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE;
-    if (!IsSurelyNoLink(path) && IsHostLink(path))
+    const DevicePath device(path);
+    if (!device)
+        return FALSE;
+    if (!IsSurelyNoLink(path) && IsHostLink(device.Text()))
         return TRUE; // a link has none of its own, and what is behind it is not meant
-    const auto set = [path](DWORD wanted) {
-        return ::SetFileAttributesW(path, wanted != 0 ? wanted : FILE_ATTRIBUTE_NORMAL);
+    const auto set = [&device](DWORD wanted) {
+        return ::SetFileAttributesW(device.Text(), wanted != 0 ? wanted : FILE_ATTRIBUTE_NORMAL);
     };
     // The host refuses to note the others at a file that is read-only: that comes last.
     const DWORD wanted = attributes & kept;
@@ -168,24 +171,30 @@ BOOL SetFileAttributesW(const wchar_t* path, DWORD attributes) {
 }
 
 BOOL RemoveDirectoryW(const wchar_t* path) {
+    const DevicePath device(path);
+    if (!device)
+        return FALSE;
     if (IsSurelyNoLink(path))
-        return ::RemoveDirectoryW(path);
+        return ::RemoveDirectoryW(device.Text());
     // The host marks a link to a folder, and some folders that are none.
-    const DWORD attributes = ::GetFileAttributesW(path);
-    if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0 || !IsHostLink(path))
-        return ::RemoveDirectoryW(path);
-    if (PlaceOf(FolderPart(path)) != Place::Root)
-        return RemoveHostLink(path);
+    const DWORD attributes = ::GetFileAttributesW(device.Text());
+    if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0 || !IsHostLink(device.Text()))
+        return ::RemoveDirectoryW(device.Text());
+    if (PlaceOf(device) != Place::Root)
+        return RemoveHostLink(device.Text());
     SetLastError(ERROR_ACCESS_DENIED); // a card is taken out, not removed
     return FALSE;
 }
 
 BOOL DeleteFileW(const wchar_t* path) {
+    const DevicePath device(path);
+    if (!device)
+        return FALSE;
     if (IsSurelyNoLink(path))
-        return ::DeleteFileW(path);
-    if (const FileHandle entry(OpenOwnEntry(path)); entry)
+        return ::DeleteFileW(device.Text());
+    if (const FileHandle entry(OpenOwnEntry(device.Text())); entry)
         return DeleteOwnEntry(entry.Get());
-    return IsHostLink(path) ? RemoveHostLink(path) : ::DeleteFileW(path);
+    return IsHostLink(device.Text()) ? RemoveHostLink(device.Text()) : ::DeleteFileW(device.Text());
 }
 
 RemovalSeries::RemovalSeries(const wchar_t* folder) : scan_(std::make_unique<LinkScan>(folder)) {}
@@ -204,34 +213,42 @@ void RemovalSeries::Begin() {
 }
 
 BOOL MoveFileW(const wchar_t* from, const wchar_t* to) {
-    const bool sameButCase = SameText(from, to) && std::wstring_view(from) != to;
+    const DevicePath source(from), target(to);
+    if (!source || !target)
+        return FALSE;
+    const bool sameButCase = SameText(source.Rooted(), target.Rooted()) && source.Rooted() != target.Rooted();
     if (!sameButCase) // which a rename by the open file takes for done
-        if (const FileHandle entry(OpenNoLink(from)); entry)
-            return MoveOpened(entry.Get(), to);
-    if (IsHostLink(from))
-        return MoveHostLink(from, to, false);
-    return sameButCase ? ChangeCase(from, to) : ::MoveFileExW(from, to, 0);
+        if (const FileHandle entry(OpenNoLink(from, source)); entry)
+            return MoveOpened(entry.Get(), target.Text());
+    if (IsHostLink(source.Text()))
+        return MoveHostLink(source.Text(), target.Text(), false);
+    return sameButCase ? ChangeCase(source.Text(), target.Text())
+                       : ::MoveFileExW(source.Text(), target.Text(), 0);
 }
 
 BOOL DeleteAndRenameFile(const wchar_t* to, const wchar_t* from) {
-    const DWORD attributes = ::GetFileAttributesW(to);
+    const DevicePath target(to), source(from);
+    if (!target || !source)
+        return FALSE;
+    const DWORD attributes = ::GetFileAttributesW(target.Text());
     if (attributes == INVALID_FILE_ATTRIBUTES)
         return FALSE;
     if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
         SetLastError(ERROR_ACCESS_DENIED);
         return FALSE;
     }
-    if (const FileHandle entry(OpenNoLink(from)); entry)
-        return RenameOwnEntry(entry.Get(), to, true);
-    return IsHostLink(from) ? MoveHostLink(from, to, true)
-                            : ::MoveFileExW(from, to, MOVEFILE_REPLACE_EXISTING);
+    if (const FileHandle entry(OpenNoLink(from, source)); entry)
+        return RenameOwnEntry(entry.Get(), target.Text(), true);
+    return IsHostLink(source.Text()) ? MoveHostLink(source.Text(), target.Text(), true)
+                                     : ::MoveFileExW(source.Text(), target.Text(), MOVEFILE_REPLACE_EXISTING);
 }
 
 BOOL MoveAndCloseFile(HANDLE file, const wchar_t* from, const wchar_t* to) {
+    const DevicePath source(from), target(to);
     // By its handle a file is moved for a third of what a path costs.
-    const BOOL moved = RenameOwnEntry(file, to, false);
+    const BOOL moved = target && RenameOwnEntry(file, target.Text(), false);
     CloseHandle(file);
-    return moved || ::MoveFileExW(from, to, 0);
+    return moved || (source && target && ::MoveFileExW(source.Text(), target.Text(), 0));
 }
 
 } // namespace ce

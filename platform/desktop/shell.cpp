@@ -4,26 +4,34 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/desktop/device_path.h"
 #include "platform/desktop/rooted_path.h"
 
 namespace {
 
-/// A path of the device's made full; any other text as it is. Holds what Text() points to.
-class HostPathText {
+/// Whether `path` lies on the drive of the host's system.
+bool IsOnSystemDrive(std::wstring_view path) {
+    wchar_t system[MAX_PATH] = L"";
+    return ::GetWindowsDirectoryW(system, MAX_PATH) != 0 && system[0] != DeviceDrive() && path.size() > 2 &&
+           path[1] == L':' && path[2] == L'\\' && SameText(path.substr(0, 1), {system, 1});
+}
+
+/// A path as the host's shell takes it: full. Nothing for one that leads off the device and is no program of
+/// the host's system either.
+class ShellPath {
   public:
-    explicit HostPathText(const wchar_t* path) : text_(path) {
-        if (path == nullptr || path[0] != L'\\' || path[1] == L'\\')
-            return;
-        full_ = FullPath(path);
-        if (!full_.empty())
-            text_ = full_.data();
+    explicit ShellPath(const wchar_t* path) : device_(path) {
+        if (path != nullptr && (*path == L'\0' || (!device_ && IsOnSystemDrive(path))))
+            text_ = path;
+        else if (device_)
+            text_ = device_.WithDrive();
     }
 
     const wchar_t* Text() const { return text_; }
 
   private:
-    std::vector<wchar_t> full_;
-    const wchar_t* text_;
+    DevicePath device_;
+    const wchar_t* text_ = nullptr;
 };
 
 /// Whether `file` says nothing of where it is: the phone looks for it in the given folder or in \Windows.
@@ -37,7 +45,7 @@ std::vector<wchar_t> FileIn(std::wstring_view folder, std::wstring_view name) {
     path.push_back(L'\\');
     path.insert(path.end(), name.begin(), name.end());
     path.push_back(L'\0');
-    if (::GetFileAttributesW(path.data()) == INVALID_FILE_ATTRIBUTES)
+    if (ce::GetFileAttributesW(path.data()) == INVALID_FILE_ATTRIBUTES)
         path.clear();
     return path;
 }
@@ -63,24 +71,46 @@ constexpr SpecialFolder specialFolders[] = {
 void MakeFolders(wchar_t* path) {
     for (wchar_t* slash = path + 1; (slash = std::wcschr(slash, L'\\')) != nullptr; ++slash) {
         *slash = L'\0';
-        CreateDirectoryW(path, nullptr);
+        ce::CreateDirectoryW(path, nullptr);
         *slash = L'\\';
     }
-    CreateDirectoryW(path, nullptr);
+    ce::CreateDirectoryW(path, nullptr);
+}
+
+/// Whether the file is a shortcut of the host's that leads off the device, or where cannot be told: the
+/// host's shell would follow it.
+bool LeadsAway(std::wstring_view file) {
+    constexpr std::wstring_view ending = L".lnk";
+    wchar_t target[MAX_PATH] = L"";
+    if (file.size() < ending.size() || !SameText(file.substr(file.size() - ending.size()), ending))
+        return false;
+    if (!ce::SHGetShortcutTarget(file.data(), target, MAX_PATH))
+        return true;
+    const std::wstring_view text = target;
+    const bool quoted = text.starts_with(L'"');
+    const std::size_t begin = quoted ? 1 : 0;
+    target[std::min(text.find(quoted ? L'"' : L' ', begin), text.size())] = L'\0';
+    return !DevicePath(target + begin);
 }
 
 } // namespace
 
 namespace ce {
 
+BOOL ProgramExists(const wchar_t* program) {
+    const ShellPath path(program);
+    return path.Text() != nullptr && ::GetFileAttributesW(path.Text()) != INVALID_FILE_ATTRIBUTES;
+}
+
 DWORD_PTR SHGetFileInfo(const wchar_t* path, DWORD attributes, SHFILEINFOW* info, UINT size, UINT flags) {
     if ((flags & SHGFI_PIDL) != 0)
         return ::SHGetFileInfoW(path, attributes, info, size, flags);
-    return ::SHGetFileInfoW(HostPathText(path).Text(), attributes, info, size, flags);
+    const ShellPath file(path);
+    return file.Text() != nullptr ? ::SHGetFileInfoW(file.Text(), attributes, info, size, flags) : 0;
 }
 
 BOOL ShellExecuteEx(SHELLEXECUTEINFOW* info) {
-    const HostPathText directory(info->lpDirectory);
+    const ShellPath directory(info->lpDirectory);
     std::vector<wchar_t> found;
     if (info->lpFile != nullptr && IsBareName(info->lpFile)) {
         if (info->lpDirectory != nullptr && *info->lpDirectory != L'\0')
@@ -92,7 +122,11 @@ BOOL ShellExecuteEx(SHELLEXECUTEINFOW* info) {
             return FALSE;
         }
     }
-    const HostPathText file(found.empty() ? info->lpFile : found.data());
+    const ShellPath file(found.empty() ? info->lpFile : found.data());
+    if (file.Text() == nullptr || LeadsAway(file.Text())) {
+        SetLastError(ERROR_PATH_NOT_FOUND);
+        return FALSE;
+    }
 
     SHELLEXECUTEINFOW request = *info;
     request.cbSize = sizeof(request);
@@ -119,20 +153,23 @@ BOOL SHGetSpecialFolderPath(HWND, wchar_t* path, int folder, BOOL create) {
 BOOL CreateProcessW(const wchar_t* application, wchar_t* commandLine, SECURITY_ATTRIBUTES* process,
                     SECURITY_ATTRIBUTES* thread, BOOL inherit, DWORD flags, void* environment,
                     wchar_t* directory, STARTUPINFOW* startup, PROCESS_INFORMATION* information) {
-    const HostPathText program(application);
-    const HostPathText folder(directory);
+    const ShellPath program(application);
+    const ShellPath folder(directory);
+    if (program.Text() == nullptr) {
+        SetLastError(ERROR_PATH_NOT_FOUND);
+        return FALSE;
+    }
     // The phone's command line begins behind the program's name, the host's with it.
     std::vector<wchar_t> command;
     for (const std::wstring_view part :
-         {std::wstring_view(L"\""), std::wstring_view(application != nullptr ? program.Text() : L""),
-          std::wstring_view(L"\" "), std::wstring_view(commandLine != nullptr ? commandLine : L"")})
+         {std::wstring_view(L"\""), std::wstring_view(program.Text()), std::wstring_view(L"\" "),
+          std::wstring_view(commandLine != nullptr ? commandLine : L"")})
         command.insert(command.end(), part.begin(), part.end());
     command.push_back(L'\0');
     STARTUPINFOW plain{};
     plain.cb = sizeof(plain);
-    return ::CreateProcessW(program.Text(), application != nullptr ? command.data() : commandLine, process,
-                            thread, inherit, flags, environment, folder.Text(),
-                            startup != nullptr ? startup : &plain, information);
+    return ::CreateProcessW(program.Text(), command.data(), process, thread, inherit, flags, environment,
+                            folder.Text(), startup != nullptr ? startup : &plain, information);
 }
 
 FARPROC GetProcAddressW(HMODULE library, const wchar_t* name) {

@@ -15,8 +15,8 @@ namespace {
 /// The file's beginning, which holds all that a shortcut is; empty when it cannot be read.
 std::vector<char> ReadBeginning(const wchar_t* path) {
     constexpr DWORD most = 64 * 1024;
-    const FileHandle file(CreateFileW(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                      OPEN_EXISTING, 0, nullptr));
+    const FileHandle file(ce::CreateFileW(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                          OPEN_EXISTING, 0, nullptr));
     if (!file)
         return {};
     LARGE_INTEGER size{};
@@ -58,7 +58,7 @@ BOOL SHCreateShortcut(const wchar_t* shortcut, const wchar_t* target) {
         return FALSE;
     }
     FileHandle file(
-        CreateFileW(shortcut, GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+        ce::CreateFileW(shortcut, GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file)
         return FALSE;
     const std::vector<char> bytes = WriteShortcutText(target);
@@ -67,7 +67,7 @@ BOOL SHCreateShortcut(const wchar_t* shortcut, const wchar_t* target) {
         written == bytes.size())
         return TRUE;
     file.Reset();
-    ::DeleteFileW(shortcut); // half a shortcut leads nowhere
+    ce::DeleteFileW(shortcut); // half a shortcut leads nowhere
     return FALSE;
 }
 

@@ -2,7 +2,10 @@
 // On the phone every ce:: call is the platform's own. This file declares what mingw-w64's headers lack or
 // name otherwise.
 
+#include <cwchar>
+
 #include "platform/ce_types.h"
+#include "platform/path_spelling.h"
 
 // Numbers that the phone has otherwise.
 constexpr int systemColour = 0x40000000;
@@ -48,6 +51,23 @@ inline BOOL MoveAndCloseFile(HANDLE file, const wchar_t* from, const wchar_t* to
     return ::MoveFileW(from, to);
 }
 
+/// Slashes, "." and ".." mean nothing to the phone's own calls. A server's path stays as it is.
+inline BOOL ResolvePath(const wchar_t* path, wchar_t* resolved, int capacity) {
+    const std::wstring_view text = path;
+    const std::span<wchar_t> room(resolved, static_cast<std::size_t>(capacity) - 2);
+    *resolved = L'\0';
+    if (text.starts_with(L"\\\\") && text.size() < room.size())
+        *std::ranges::copy(text, resolved).out = L'\0';
+    else if (const std::optional<std::size_t> length = SpellPath(text, noDrive, room);
+             length && !text.empty())
+        std::wcscpy(resolved + *length, *length == 0 || IsSlash(text.back()) ? L"\\" : L"");
+    return *resolved != L'\0';
+}
+
+inline BOOL ProgramExists(const wchar_t* program) {
+    return ::GetFileAttributesW(program) != INVALID_FILE_ATTRIBUTES;
+}
+
 /// The phone has no links.
 class RemovalSeries {
   public:
@@ -60,6 +80,8 @@ using ::CommandBar_Create;
 using ::CommandBar_Height;
 using ::CommandBar_InsertComboBox;
 using ::CommandBar_Show;
+using ::CreateDirectoryW;
+using ::CreateFileW;
 using ::CreateProcessW;
 using ::CreateWindowExW;
 using ::DeleteAndRenameFile;
@@ -67,8 +89,10 @@ using ::DeleteFileW;
 using ::EnumFontsW;
 using ::EventModify;
 using ::FindClose;
+using ::FindFirstChangeNotificationW;
 using ::FindFirstFileW;
 using ::FindNextFileW;
+using ::GetDiskFreeSpaceExW;
 using ::GetFileAttributesW;
 using ::GetNumberFormatW;
 using ::GetProcAddressW;

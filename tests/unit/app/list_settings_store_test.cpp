@@ -162,11 +162,11 @@ TEST_F(ListSettingsStore, BearsAnyCountOfUserPaths) {
 }
 
 TEST_F(ListSettingsStore, CutsFoldersToAPathsLength) {
-    Store(settingsKey, L"LastFolder", REG_SZ, std::wstring(261, L'x').data(), 520);
+    Store(settingsKey, L"LastFolder", REG_SZ, (L"\\" + std::wstring(260, L'x')).data(), 520);
     Store(settingsKey, L"CompressFolder", REG_SZ, std::wstring(261, L'y').data(), 520);
     FileList list;
     LoadListSettings(list);
-    EXPECT_EQ(list.CurrentFolder().View(), std::wstring(259, L'x'));
+    EXPECT_EQ(list.CurrentFolder().View(), L"\\" + std::wstring(258, L'x'));
     EXPECT_EQ(list.compressFolder.data(), std::wstring(259, L'y'));
 }
 
