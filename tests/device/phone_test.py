@@ -16,6 +16,8 @@ IDM_VIEW_DETAILED = 40062
 REPORT = 1
 UM_FOLDER_CHANGED = 0x401
 WM_TIMER, REFRESH_TIMER = 0x113, 5
+IDM_SENDTO_ZIP, IDM_FILE_EXTRACT_TO, IDM_SENDTO_COPY_TO = 40020, 40034, 40021
+WM_INITMENUPOPUP, MF_GRAYED = 0x117, 1
 IDRETRY, IDCANCEL = 4, 2
 
 
@@ -110,6 +112,19 @@ class RunTest(unittest.TestCase):
         self.phone.SystemParametersInfoW = lambda _what, _w, _l, _flags: True
         self.assertEqual(self.phone.start("\\My Documents"), 0)
         self.assertEqual(rows, ROWS)
+
+    def test_archives_are_grey_without_their_library(self):
+        grey = {}
+
+        def enable(_menu, command, flags):
+            grey[command] = bool(flags & MF_GRAYED)
+            return 0
+        self.phone.EnableMenuItem = enable
+        self.phone.do(lambda: self.phone.select("a"), lambda: self.phone.post_to_main(WM_INITMENUPOPUP))
+        self.phone.start("\\My Documents")
+        self.assertTrue(grey[IDM_SENDTO_ZIP])
+        self.assertTrue(grey[IDM_FILE_EXTRACT_TO])
+        self.assertFalse(grey[IDM_SENDTO_COPY_TO])
 
     def test_its_calls_can_be_read_afterwards(self):
         self.phone.do()

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Makes the packages, unpacks each into a clean place and starts what is in it, for somebody who has nothing
 # yet: the Debian package's command for a user with an empty home, the zip's Start.cmd on a Wine prefix of its
-# own.
+# own. The phone's cab is looked into, and signed.
 set -uo pipefail
 # shellcheck source=scripts/lib.sh
 source "$(dirname "${BASH_SOURCE[0]}")/../../scripts/lib.sh"
@@ -151,9 +151,41 @@ check_zip() {
     expect "its drive letter is given back" test ! -e "$zip_prefix/dosdevices/t:"
 }
 
+# --- The cab ---
+
+check_cab() {
+    expect "the phone gets what it should" /usr/bin/python3 -B "$house/tests/package/cab_check.py" "$1"
+}
+
+# check_signed_cab: the cab of a builder with a certificate, which here has just been made.
+check_signed_cab() {
+    local signed=$work/signed
+    export TARVIK_SIGN_PASSWORD=secret
+    openssl req -x509 -newkey rsa:2048 -nodes -days 2 -subj '/CN=A builder' -addext extendedKeyUsage=codeSigning \
+        -keyout "$work/key.pem" -out "$work/certificate.pem" 2>/dev/null
+    openssl pkcs12 -export -inkey "$work/key.pem" -in "$work/certificate.pem" -out "$work/builder.p12" \
+        -passout env:TARVIK_SIGN_PASSWORD
+    expect "a signed cab is made" "$house/package" --sign "$work/builder.p12" --only cab || return
+    cabextract --quiet --directory "$signed" "$packages/TarvikFileManager.cab"
+    expect "the cab is signed" verified "$packages/TarvikFileManager.cab"
+    expect "the program in it is signed" verified "$(grep -la '^MZ' "$signed"/*)"
+    expect "a wrong password is refused" refuses env TARVIK_SIGN_PASSWORD=wrong "$house/package" \
+        --sign "$work/builder.p12" --only cab
+}
+
+# verified FILE: whether it bears the builder's signature.
+verified() {
+    osslsigncode verify -CAfile "$work/certificate.pem" -in "$1" | grep -q '^Signature verification: ok'
+}
+
+# refuses COMMAND...: whether it fails.
+refuses() {
+    ! "$@" 2>/dev/null
+}
+
 # --- Go ---
 
-need "${wine_tools[@]}" "${screen_tools[@]}" xdotool unzip dpkg-deb
+need "${wine_tools[@]}" "${screen_tools[@]}" cabextract dpkg-deb openssl osslsigncode unzip xdotool
 boot_windows &
 booting=$!
 product=$(product_version)
@@ -161,8 +193,10 @@ packages=$house/build/packages
 rm -rf "$packages"
 "$house/package" || exit
 start_screen 240x320
+check_cab "$packages/TarvikFileManager.cab"
+check_signed_cab
 check_deb "$packages/${package}_$product-1_amd64.deb"
 wait "$booting"
 check_zip "$packages/$package-$product-windows.zip"
 ((broken == 0)) || fail "$broken failed" "Pictures of the screen: $failures"
-say "Both packages work"
+say "All packages work"

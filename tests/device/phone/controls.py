@@ -8,6 +8,7 @@ TV = 0x1100
 TEXT, IMAGE, PARAMETER, STATE = 1, 2, 4, 8
 TEXT_CALLBACK = 0xFFFFFFFF
 ALL = 0xFFFFFFFF
+SELECTED = 2
 NOTIFY, ITEM_EXPANDING, ASK_TEXT = 0x4E, -454, -177
 
 
@@ -26,7 +27,7 @@ class ListView:
                LVM + 75: lambda: self._get(machine, l), LVM + 76: lambda: self._set(machine, l),
                LVM + 43: lambda: self._set_state(machine, w, l), LVM + 44: lambda: self._state(w, l),
                LVM + 97: lambda: self.columns.append(machine.text(machine.word(l + 12))),
-               LVM + 50: lambda: sum(1 for item in self.items if item[2] & 2),
+               LVM + 50: lambda: sum(1 for item in self.items if item[2] & SELECTED),
                LVM + 48: lambda: self._sort(machine, w, l), LVM + 29: lambda: 60}.get(message)
         result = act() if act else 0
         return result or 0
@@ -47,6 +48,10 @@ class ListView:
                 shown.append(machine.text(machine.word(record + 32)))
             rows.append(tuple(shown))
         return rows
+
+    def select(self, row):
+        for number, item in enumerate(self.items):
+            item[2] = SELECTED if number == row else 0
 
     def _clear(self):
         self.items.clear()

@@ -83,6 +83,10 @@ class Phone(Shell, Windows, Files, Registry, Core):
     def names(self):
         return [row[0] for row in self.rows()]
 
+    def select(self, name):
+        """Selects this row and no other."""
+        self.window_of("SysListView32").control.select(self.names().index(name))
+
     def tree(self):
         """The tree's nodes: [(depth, text)]."""
         control = self.window_of("SysTreeView32").control

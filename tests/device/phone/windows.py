@@ -194,6 +194,9 @@ class Windows:
         self.boxes.append((self.machine.text(text), self.machine.text(caption)))
         return self.box_answer
 
+    def IsClipboardFormatAvailable(self, _format):
+        return False
+
     # --- Messages ---
 
     def GetMessageW(self, out, _window, _first, _last):
