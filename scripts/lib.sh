@@ -61,7 +61,6 @@ declare -rA package_of=(
     [clang-format]=clang-format
     [clang-tidy]=clang-tidy
     [cmake]=cmake
-    [convert]=imagemagick
     [cppcheck]=cppcheck
     [dpkg-deb]=dpkg
     [dpkg-source]=dpkg-dev
@@ -71,6 +70,7 @@ declare -rA package_of=(
     [lha]=lhasa
     [llvm-readobj]=llvm
     [lowdown]=lowdown
+    [mogrify]=imagemagick
     [ninja]=ninja-build
     [openssl]=openssl
     [osslsigncode]=osslsigncode
@@ -110,6 +110,11 @@ readonly wine_tools=(wine /usr/share/wine/fonts /usr/share/fonts/truetype/libera
 readonly device_tools=(arm-none-eabi-g++ /usr/bin/python3)
 # shellcheck disable=SC2034
 readonly device_test_tools=(file llvm-readobj /usr/lib/python3/dist-packages/{pefile.py,unicorn})
+# Those that make the phone's installer, and those that look at it.
+# shellcheck disable=SC2034
+readonly cab_tools=(gcab mogrify)
+# shellcheck disable=SC2034
+readonly cab_test_tools=(cabextract openssl osslsigncode)
 # The tools of others that the tests exchange archives with.
 # shellcheck disable=SC2034
 readonly archive_tools=(7z lha unzip zip /usr/bin/python3)

@@ -44,7 +44,7 @@ class Callee:
         self.items = [self.machine.allocate(128) for _ in range(2)]
         self.folder = self.machine.new_text("\\F")
         self.formats = [self.machine.new_text("%s KB"), self.machine.new_text("[%s MB]")]
-        self.mark = self.machine.free
+        self.mark = self.machine.heap.next
         self.call("LoadDecimalSeparator", LOCALE)
 
     @staticmethod
@@ -152,7 +152,7 @@ class FunctionsTest(unittest.TestCase):
         for function, parts in desktop_lines():
             run = getattr(callee, function)
             taken = run.__code__.co_argcount - 1 or len(parts) - 1
-            callee.machine.free = callee.mark
+            callee.machine.heap.next = callee.mark
             answer = run(*parts[:taken])
             counts[function] += 1
             if answer != parts[taken:]:

@@ -185,7 +185,7 @@ refuses() {
 
 # --- Go ---
 
-need "${wine_tools[@]}" "${screen_tools[@]}" cabextract dpkg-deb openssl osslsigncode unzip xdotool
+need "${wine_tools[@]}" "${screen_tools[@]}" "${cab_test_tools[@]}" dpkg-deb unzip xdotool
 boot_windows &
 booting=$!
 product=$(product_version)

@@ -52,6 +52,17 @@ class Core:
         if place:
             size = self.blocks.pop(place)  # fails for what was never given or is given back twice
             self.machine.write(place, b"\xDD" * size)
+            self.machine.heap.give_back(place, size)
+
+    def LocalAlloc(self, flags, size):
+        place = self.malloc(size)
+        if place and flags & 0x40:
+            self.machine.write(place, bytes(size))
+        return place
+
+    def LocalFree(self, place):
+        self.free(place)
+        return 0
 
     def VirtualAlloc(self, _place, size, _kind, _rights):
         return self.machine.allocate(size)
@@ -60,12 +71,15 @@ class Core:
         return True
 
     def memcpy(self, to, source, size):
+        self.machine.expect_room(to, size)
+        self.machine.expect_room(source, size)
         self.machine.write(to, self.machine.read(source, size))
         return to
 
     memmove = memcpy
 
     def memset(self, to, value, size):
+        self.machine.expect_room(to, size)
         self.machine.write(to, bytes([value & 0xFF]) * size)
         return to
 

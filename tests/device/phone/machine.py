@@ -8,11 +8,14 @@ import inspect
 import struct
 
 import pefile
-from unicorn import UC_ARCH_ARM, UC_HOOK_CODE, UC_HOOK_MEM_UNMAPPED, UC_MODE_ARM, Uc, UcError
+from unicorn import (UC_ARCH_ARM, UC_HOOK_CODE, UC_HOOK_MEM_READ, UC_HOOK_MEM_UNMAPPED, UC_HOOK_MEM_WRITE, UC_MODE_ARM,
+                     Uc, UcError)
 from unicorn.arm_const import UC_ARM_REG_LR, UC_ARM_REG_PC, UC_ARM_REG_R0, UC_ARM_REG_R1, UC_ARM_REG_SP
 
 PAGE = 0x1000
 HEAP, HEAP_SIZE = 0x01000000, 0x02000000
+HEAP_END = HEAP + HEAP_SIZE
+BETWEEN_BLOCKS = 16
 STACKS, STACK_SIZE = 0x08000000, 0x20000
 STACK_COUNT = 8
 TRAPS, TRAPS_SIZE = 0x0F000000, 0x10000
@@ -35,6 +38,28 @@ class ProcessEnd(Exception):
         self.code = code
 
 
+class Heap:
+    """Blocks with room between them. What was given back is not given out again, so that late uses are seen."""
+
+    def __init__(self):
+        self.next = HEAP
+        self._live = bytearray(HEAP_SIZE)
+
+    def allocate(self, size):
+        place = self.next
+        self.next += (size + BETWEEN_BLOCKS + 15) & ~15
+        if self.next > HEAP_END:
+            raise Fault("the simulated phone has no memory left")
+        self._live[place - HEAP:place - HEAP + size] = b"\1" * size
+        return place
+
+    def give_back(self, place, size):
+        self._live[place - HEAP:place - HEAP + size] = bytes(size)
+
+    def holds(self, place, size):
+        return self._live.find(0, place - HEAP, place - HEAP + size) < 0
+
+
 class Machine:
     """`platform` has a method for each call that is answered; its parameters are the call's words. It returns one
     word, or nothing for 0; a truth is TRUE or FALSE."""
@@ -43,7 +68,7 @@ class Machine:
         self.platform = platform
         self.log = []
         self.cpu = Uc(UC_ARCH_ARM, UC_MODE_ARM)
-        self.free = HEAP
+        self.heap = Heap()
         self.stacks = [STACKS + STACK_SIZE * (number + 1) for number in range(STACK_COUNT)]
         self._trapped = None
         self._load(pefile.PE(path))
@@ -55,6 +80,7 @@ class Machine:
         self.cpu.mem_map(TRAPS, TRAPS_SIZE, READ | EXECUTE)
         self.cpu.hook_add(UC_HOOK_CODE, self._on_trap, begin=TRAPS, end=TRAPS + TRAPS_SIZE)
         self.cpu.hook_add(UC_HOOK_MEM_UNMAPPED, self._on_bad_access)
+        self.cpu.hook_add(UC_HOOK_MEM_READ | UC_HOOK_MEM_WRITE, self._on_access)
         self.cpu.reg_write(UC_ARM_REG_SP, self.stacks.pop())
         self.bad_access = None
 
@@ -93,6 +119,14 @@ class Machine:
         self.bad_access = f"access {kind} to {address:#x} ({size} bytes) at {cpu.reg_read(UC_ARM_REG_PC):#x}"
         return False
 
+    def _on_access(self, cpu, kind, address, size, _value, _data):
+        """What the processor of a phone, or a phone with other things in its memory, would not put up with."""
+        if address % size or (HEAP <= address < HEAP_END and not self.heap.holds(address, size)):
+            self.bad_access = (f"access {kind} to {address:#x} ({size} bytes), which is "
+                               f"{'not aligned' if address % size else 'no block of the heap'}, "
+                               f"at {cpu.reg_read(UC_ARM_REG_PC):#x}")
+            cpu.emu_stop()
+
     def call(self, address, *words):
         """Calls a function of the program by the phone's convention. Returns its answer, r0."""
         return self.call_long(address, *words) & 0xFFFFFFFF
@@ -123,10 +157,10 @@ class Machine:
                 self.cpu.emu_start(address, 0)
             except UcError as error:
                 raise Fault(f"{error}: {self.bad_access or hex(self.cpu.reg_read(UC_ARM_REG_PC))}") from error
+            if self.bad_access or self._trapped is None:
+                raise Fault(self.bad_access or f"stopped at {self.cpu.reg_read(UC_ARM_REG_PC):#x}")
             if self._trapped == RETURN:
                 return
-            if self._trapped is None:
-                raise Fault(f"stopped at {self.cpu.reg_read(UC_ARM_REG_PC):#x}")
             address = self.cpu.reg_read(UC_ARM_REG_LR)
             self._answer(self.imports[(self._trapped - TRAPS) // 4])
 
@@ -167,11 +201,13 @@ class Machine:
     # --- Memory ---
 
     def allocate(self, size):
-        place = self.free
-        self.free += (size + 15) & ~15
-        if self.free > HEAP + HEAP_SIZE:
-            raise Fault("the simulated phone has no memory left")
-        return place
+        """Room for the phone's own purposes, or the program's."""
+        return self.heap.allocate(size)
+
+    def expect_room(self, place, size):
+        """Fails when the program names a place in the heap that is not its own."""
+        if HEAP <= place < HEAP_END and not self.heap.holds(place, size):
+            raise Fault(f"{size} bytes at {place:#x} are no block of the heap")
 
     def read(self, place, size):
         return bytes(self.cpu.mem_read(place, size))

@@ -49,6 +49,7 @@ class Windows:
         self.focus = 0
         self.quit = None
         self.menus = {}
+        self.clipboard = None
         self.boxes = []
         self.box_answer = 1
 
@@ -178,6 +179,9 @@ class Windows:
         self.windows[number].text = self.machine.text(text)
         return True
 
+    def GetWindowTextW(self, number, out, capacity):
+        return self.machine.put_text(out, self.windows[number].text, capacity)
+
     def IsChild(self, parent, number):
         return number in self.windows and self.windows[number].parent == parent
 
@@ -194,8 +198,32 @@ class Windows:
         self.boxes.append((self.machine.text(text), self.machine.text(caption)))
         return self.box_answer
 
+    # --- Clipboard and keys ---
+
+    def OpenClipboard(self, _owner):
+        return True
+
+    def CloseClipboard(self):
+        return True
+
+    def EmptyClipboard(self):
+        self.clipboard = None
+        return True
+
+    def SetClipboardData(self, _format, place):
+        self.clipboard = self.machine.text(place)
+        return place
+
     def IsClipboardFormatAvailable(self, _format):
-        return False
+        return self.clipboard is not None
+
+    def keybd_event(self, _key, _scan, _flags, _extra):
+        return 0
+
+    def GetKeyState(self, _key):
+        return 0
+
+    GetAsyncKeyState = GetKeyState
 
     # --- Messages ---
 
