@@ -20,6 +20,9 @@ HINSTANCE ShellInstance();
 /// Registers a class of the shell's own windows. A second call does nothing.
 void RegisterShellClass(const wchar_t* name, WNDPROC procedure, HBRUSH background = nullptr);
 
+/// Says which module that is, without the rest of StartDeviceShell.
+void SetShellInstance(HINSTANCE instance);
+
 /// The heights of the title strip and of the soft-key bar on this screen.
 BarHeights ShellBarHeights();
 
@@ -54,6 +57,8 @@ constexpr UINT UM_PRESS_SOFT_KEY = WM_APP + 1;
 /// The bar whose keys act now: the newest one whose window can take input. Null when there is none.
 HWND FrontMenuBar();
 bool IsMenuBar(HWND window);
+/// Takes the class of the bars' windows back, of which there must be none.
+void ForgetMenuBarClass();
 
 /// Gives `parent` a bar with these keys; it takes the place of one that is there. Null when it cannot.
 HWND MakeMenuBar(HWND parent, MenuBarLayout layout, bool hidden);
@@ -69,7 +74,14 @@ void UpdateMenuBar(HWND window, bool raise);
 
 // --- soft_keys.cpp ---
 
-void ListenForKeys();
+struct KeyHooks {
+    HHOOK fetched;
+    HHOOK menu;
+};
+
+/// From now on the phone's keys are taken on this thread. A guest, the shell of a library in a program that
+/// has its own, takes only what is for a bar of the library; it has to unhook before the library goes.
+KeyHooks ListenForKeys(bool asGuest);
 
 /// Gives the Back key to `window` as an ordinary key that the shell does not take again.
 void PassBackKeyOn(HWND window);

@@ -326,6 +326,10 @@ bool IsMenuBar(HWND window) {
     return BarOf(window) != nullptr;
 }
 
+void ForgetMenuBarClass() {
+    UnregisterClassW(BAR_CLASS, ShellInstance());
+}
+
 HWND MenuBarParent(HWND window) {
     MenuBar* bar = BarOf(window);
     return bar ? bar->parent : nullptr;

@@ -8,6 +8,7 @@
 #include "platform/ce_api.h"
 #include "platform/desktop/device_shell.h"
 #include "platform/desktop/menu_bar_layout.h"
+#include "platform/desktop/scrolled_text.h"
 #include "platform/desktop/subclass.h"
 
 namespace {
@@ -144,8 +145,11 @@ void LayOut(HWND box) {
     SetWindowLongW(text, GWL_STYLE, GetWindowLongW(text, GWL_STYLE) | SS_EDITCONTROL);
     SIZE textSize = TextSize(text, area.right - area.left - 2 * EDGE - MARGIN - textLeft);
     int buttonHeight = buttons.empty() ? 0 : SizeOf(buttons[0]).cy;
-    // The end of a very long text gives way to the buttons.
-    textSize.cy = std::min<int>(textSize.cy, area.bottom - area.top - EDGE - 3 * MARGIN - buttonHeight);
+    // A very long text gives way to the buttons, and is scrolled in what is left.
+    const int room = area.bottom - area.top - EDGE - 3 * MARGIN - buttonHeight;
+    const bool isTooLong = textSize.cy > room;
+    if (isTooLong)
+        textSize = {area.right - area.left - EDGE - MARGIN - textLeft, room};
     int rowWidth = RowWidth(buttons);
     int width = std::max<int>(textLeft + textSize.cx + MARGIN, rowWidth + 2 * MARGIN);
     int rowTop = MARGIN + std::max(iconSize.cy, textSize.cy) + MARGIN;
@@ -153,13 +157,15 @@ void LayOut(HWND box) {
     if (icon)
         Place(icon, MARGIN, MARGIN, iconSize);
     Place(text, textLeft, MARGIN + std::max<int>((iconSize.cy - textSize.cy) / 2, 0), textSize);
+    if (isTooLong)
+        ScrollText(text, {textLeft, MARGIN, textLeft + textSize.cx, MARGIN + textSize.cy});
     PlaceRow(buttons, (width - rowWidth) / 2, rowTop);
     FrameAndCenter(box, width, rowTop + buttonHeight + MARGIN);
 }
 
 LRESULT CALLBACK MessageBoxProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     bool appears = message == WM_SHOWWINDOW && wParam && !ce::SHFindMenuBar(dialog);
-    if (appears && TextControl(dialog)) {
+    if (appears && TextControl(dialog) && !IsPhoneDialog(dialog)) {
         LayOut(dialog);
         AddSoftKeys(dialog);
     }
@@ -170,7 +176,7 @@ LRESULT CALLBACK MessageBoxProc(HWND dialog, UINT message, WPARAM wParam, LPARAM
 
 void FitMessageBox(HWND window, const CREATESTRUCTW& made) {
     bool dialog = GetClassLongW(window, GCW_ATOM) == reinterpret_cast<UINT_PTR>(WC_DIALOG);
-    // The program's own dialogs come from its module, message boxes do not.
+    // The program's own dialogs come from its module, message boxes do not, nor do the dialogs of a library.
     if (dialog && made.hInstance != ShellInstance())
         Subclass(window, MessageBoxProc);
 }

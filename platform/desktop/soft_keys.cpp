@@ -77,18 +77,21 @@ void TakeBackKey(MSG* message) {
     message->lParam = MAKELPARAM(0, VK_TBACK);
 }
 
+/// Whether the shell is a library's in a program that has one as well, which takes what is not for this one.
+bool isGuest;
+
 LRESULT CALLBACK OnMessageFetched(int code, WPARAM removed, LPARAM lParam) {
     auto message = reinterpret_cast<MSG*>(lParam);
     if (code == HC_ACTION && removed == PM_REMOVE &&
         (IsKeyDown(message->message) || IsKeyUp(message->message))) {
         int softKey = SoftKeyOf(message->wParam);
-        if (MenuIsOpen())
+        if (MenuIsOpen() || (isGuest && !FrontMenuBar()))
             return CallNextHookEx(nullptr, code, removed, lParam);
         if (softKey != NO_SOFT_KEY)
             TakeSoftKey(message, softKey);
         else if (message->wParam == VK_TBACK)
             TakeBackKey(message);
-        else if (IsKeyDown(message->message))
+        else if (IsKeyDown(message->message) && !isGuest)
             TakeNavigationKey(message);
     }
     return CallNextHookEx(nullptr, code, removed, lParam);
@@ -123,9 +126,10 @@ LRESULT CALLBACK OnMenuMessage(int code, WPARAM wParam, LPARAM lParam) {
 
 } // namespace
 
-void ListenForKeys() {
-    SetWindowsHookExW(WH_GETMESSAGE, OnMessageFetched, nullptr, GetCurrentThreadId());
-    SetWindowsHookExW(WH_MSGFILTER, OnMenuMessage, nullptr, GetCurrentThreadId());
+KeyHooks ListenForKeys(bool asGuest) {
+    isGuest = asGuest;
+    return {SetWindowsHookExW(WH_GETMESSAGE, OnMessageFetched, nullptr, GetCurrentThreadId()),
+            SetWindowsHookExW(WH_MSGFILTER, OnMenuMessage, nullptr, GetCurrentThreadId())};
 }
 
 void PassBackKeyOn(HWND window) {

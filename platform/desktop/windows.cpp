@@ -103,9 +103,13 @@ LRESULT CALLBACK OnWindowEvent(int code, WPARAM wParam, LPARAM lParam) {
 } // namespace
 
 void StartDeviceShell(HINSTANCE instance) {
-    shellInstance = instance;
+    SetShellInstance(instance);
     SetWindowsHookExW(WH_CBT, OnWindowEvent, nullptr, GetCurrentThreadId());
-    ListenForKeys();
+    ListenForKeys(false);
+}
+
+void SetShellInstance(HINSTANCE instance) {
+    shellInstance = instance;
 }
 
 bool IsOfClass(HWND window, const wchar_t* className) {

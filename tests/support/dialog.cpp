@@ -164,11 +164,12 @@ void MessageBoxShown::Answer(int button) {
 }
 
 bool IsMessageBox(HWND window) {
-    // It has nothing but texts and buttons, among them buttons that it does not show.
+    // It has nothing but texts and buttons, among them buttons that it does not show; a long text is
+    // scrolled.
     const std::vector<HWND> children = ChildrenOf(window);
     return ClassOf(window) == L"#32770" && MessageTextControl(window) &&
            std::ranges::any_of(children, IsButton) && std::ranges::all_of(children, [](HWND child) {
-               return IsButton(child) || ClassOf(child) == L"Static";
+               return IsButton(child) || ClassOf(child) == L"Static" || ClassOf(child) == L"Edit";
            });
 }
 

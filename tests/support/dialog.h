@@ -74,6 +74,8 @@ class MessageBoxShown {
     /// The numbers of its buttons: IDOK, IDYES and so on, from the left.
     std::vector<int> Buttons() const;
     HWND Owner() const { return GetWindow(window_, GW_OWNER); }
+    /// The field that scrolls a text which is too long for the screen; null when it is not.
+    HWND ScrolledText() const { return FindWindowExW(window_, nullptr, L"Edit", nullptr); }
     /// Presses a button and waits until the box is gone.
     void Answer(int button);
 
