@@ -6,12 +6,9 @@
 
 #include "companions/archiver/extract_archive.h"
 #include "companions/archiver/failure.h"
-#include "companions/archiver/lha_reader.h"
-#include "companions/archiver/lha_writer.h"
 #include "companions/archiver/make_archive.h"
 #include "companions/archiver/reply.h"
-#include "companions/archiver/zip_reader.h"
-#include "companions/archiver/zip_writer.h"
+#include "companions/archiver/window/work_window.h"
 
 namespace archiver {
 
@@ -26,29 +23,82 @@ std::wstring Sentence(std::wstring reason) {
     return reason + L'.';
 }
 
-/// Carries a command out. `text` becomes what there is to say about it.
-int CarryOut(const ArchiveKind& kind, const wchar_t* commandLine, std::wstring& text) {
-    const std::optional<CommandLine> command = ParseCommandLine(commandLine ? commandLine : L"");
-    if (!command)
-        throw Failure(L"this is not a command of the archiver");
-    if (command->action == Action::Make) {
-        text = MakeArchive(kind, *command);
-        return success;
+/// What is to be done, and what came of it.
+struct Task {
+    const ArchiveKind& asked;
+    CommandLine command;
+    int result = failure;
+    std::wstring text;
+    bool isToBeTold = false; // although it succeeded
+};
+
+void CarryOut(Task& task, Attendant& attendant) {
+    if (task.command.action == Action::Make) {
+        MakingReport report = MakeArchive(task.asked, task.command, attendant);
+        task.result = report.made ? success : failure;
+        task.isToBeTold = report.made && report.hasLeftOut;
+        task.text = std::move(report.text);
+        return;
     }
-    ExtractionReport report = ExtractArchive(kind, *command);
-    text = std::move(report.text);
-    return report.complete ? success : failure;
+    const ArchiveKind& kind = KindByContent(FullPath(task.command.archive), task.asked);
+    ExtractionReport report = ExtractArchive(kind, task.command, attendant);
+    task.result = report.complete ? success : failure;
+    task.text = std::move(report.text);
+}
+
+/// Nothing is thrown from here.
+void Work(void* context, Attendant& attendant) {
+    Task& task = *static_cast<Task*>(context);
+    try {
+        CarryOut(task, attendant);
+    } catch (const Failure& problem) {
+        task.text = Sentence(problem.Reason());
+    } catch (const Cancelled&) {
+        task.text = L"Canceled.";
+    } catch (const std::exception&) {
+        task.text = L"There is not enough memory.";
+    }
+}
+
+/// While it works, others may have their windows call again.
+class OnlyCall {
+  public:
+    OnlyCall() : isOnly_(InterlockedExchange(&busy, 1) == 0) {}
+    OnlyCall(const OnlyCall&) = delete;
+    OnlyCall& operator=(const OnlyCall&) = delete;
+    ~OnlyCall() {
+        if (isOnly_)
+            InterlockedExchange(&busy, 0);
+    }
+    bool IsOnly() const { return isOnly_; }
+
+  private:
+    static inline LONG busy = 0;
+    bool isOnly_;
+};
+
+int Call(const ArchiveKind& kind, const wchar_t* commandLine, std::wstring& text) {
+    const OnlyCall call;
+    std::optional<CommandLine> command = ParseCommandLine(commandLine ? commandLine : L"");
+    if (!command || !call.IsOnly()) {
+        text = command ? L"The archiver is at work already." : L"This is not a command of the archiver.";
+        return failure;
+    }
+    Task task{kind, std::move(*command), failure, L"There is not enough memory.", false};
+    const bool makes = task.command.action == Action::Make;
+    const WorkLook look = makes ? WorkLook{L"Compress Files", task.command.folder, task.command.archive}
+                                : WorkLook{L"Extract Files", task.command.archive, task.command.folder};
+    WorkUnderWindow(look, Work, &task);
+    if (task.isToBeTold)
+        TellUser(task.text);
+    text = std::move(task.text);
+    return task.result;
 }
 
 int Call(const ArchiveKind& kind, const wchar_t* commandLine, wchar_t* output, DWORD size) {
     try {
         std::wstring text;
-        int result = failure;
-        try {
-            result = CarryOut(kind, commandLine, text);
-        } catch (const Failure& problem) {
-            text = Sentence(problem.Reason());
-        }
+        const int result = Call(kind, commandLine, text);
         WriteReply(output, size, text);
         return result;
     } catch (const std::exception&) {
@@ -64,15 +114,16 @@ int Call(const ArchiveKind& kind, const wchar_t* commandLine, wchar_t* output, D
 extern "C" {
 
 /// Makes or extracts a ZIP archive as `commandLine` says. Returns 0 for success; `output`, of `size` bytes,
-/// gets what there is to say, which after a failure is its reason. No window is shown: `owner` is not used.
+/// gets what there is to say, which after a failure is its reason. `owner` is not used: the window that comes
+/// up, when it takes long or there is something to ask, belongs to the thread's active one.
 __declspec(dllexport) int WINAPI
     UnZip(HWND /*owner*/, const wchar_t* commandLine, wchar_t* output, DWORD size) {
-    return archiver::Call({archiver::MakeZipWriter, archiver::OpenZip}, commandLine, output, size);
+    return archiver::Call(archiver::zipKind, commandLine, output, size);
 }
 
 /// The same for an LHA archive.
 __declspec(dllexport) int WINAPI
     Unlha(HWND /*owner*/, const wchar_t* commandLine, wchar_t* output, DWORD size) {
-    return archiver::Call({archiver::MakeLhaWriter, archiver::OpenLha}, commandLine, output, size);
+    return archiver::Call(archiver::lhaKind, commandLine, output, size);
 }
 }

@@ -2,7 +2,14 @@
 
 #include <windows.h>
 
+#include "companions/archiver/attendant.h"
+
 namespace archiver {
+
+void GoOn(Attendant& attendant) {
+    if (attendant.IsCancelled())
+        throw Cancelled();
+}
 
 std::wstring SystemWords(unsigned long error) {
     wchar_t words[512] = {};

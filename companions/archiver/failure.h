@@ -6,6 +6,8 @@
 
 namespace archiver {
 
+class Attendant;
+
 /// Thrown where something cannot be done; caught where the work as a whole, or one member, ends.
 class Failure {
   public:
@@ -21,6 +23,18 @@ class FinalFailure : public Failure {
   public:
     using Failure::Failure;
 };
+
+/// The archive is damaged from here on.
+class DamagedArchive : public FinalFailure {
+  public:
+    using FinalFailure::FinalFailure;
+};
+
+/// Thrown where the work ends because the user wants it to.
+class Cancelled {};
+
+/// Ends the work when the user wants it to. To be called between any two steps that take long.
+void GoOn(Attendant& attendant);
 
 /// The system's own words for an error.
 std::wstring SystemWords(unsigned long error);

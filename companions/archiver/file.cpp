@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "companions/archiver/failure.h"
+#include "platform/desktop/own_entry.h"
 
 namespace archiver {
 
@@ -13,9 +14,24 @@ constexpr std::wstring_view letterByLetter = L"\\\\?\\";
 constexpr std::wstring_view letterByLetterShare = L"\\\\?\\UNC\\";
 constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
+constexpr std::size_t longestDevicePath = MAX_PATH - 1;
+
+/// The drive that is the device, as its letter: the one of the current folder.
+wchar_t DeviceDrive() {
+    wchar_t folder[MAX_PATH] = {};
+    GetCurrentDirectoryW(MAX_PATH, folder);
+    return folder[1] == L':' ? folder[0] : L'\0';
+}
+
 /// At most this much in one call: a call takes 32 bits.
 DWORD OneCall(std::size_t size) {
     return static_cast<DWORD>(std::min<std::size_t>(size, 1u << 24));
+}
+
+HANDLE OpenForAttributes(const std::wstring& path, DWORD access) {
+    const std::wstring spelt = path.ends_with(L':') ? path + L'\\' : path;
+    return CreateFileW(spelt.c_str(), access, shareAll, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS,
+                       nullptr);
 }
 
 } // namespace
@@ -41,8 +57,20 @@ std::wstring DisplayPath(std::wstring_view fullPath) {
     if (fullPath.starts_with(letterByLetterShare))
         return L"\\\\" + std::wstring(fullPath.substr(letterByLetterShare.size()));
     if (fullPath.starts_with(letterByLetter))
-        return std::wstring(fullPath.substr(letterByLetter.size()));
-    return std::wstring(fullPath);
+        fullPath.remove_prefix(letterByLetter.size());
+    if (fullPath.size() > 1 && fullPath[1] == L':' &&
+        SameName(fullPath.substr(0, 1), std::wstring(1, DeviceDrive())))
+        fullPath.remove_prefix(2);
+    return fullPath.empty() ? L"\\" : std::wstring(fullPath);
+}
+
+bool DeviceCanName(std::wstring_view fullPath) {
+    return DisplayPath(fullPath).size() <= longestDevicePath;
+}
+
+bool SameName(std::wstring_view a, std::wstring_view b) {
+    return CompareStringOrdinal(a.data(), static_cast<int>(a.size()), b.data(), static_cast<int>(b.size()),
+                                TRUE) == CSTR_EQUAL;
 }
 
 std::wstring_view LeafOf(std::wstring_view path) {
@@ -59,6 +87,23 @@ DWORD AttributesOf(const std::wstring& path) {
     return GetFileAttributesW(path.ends_with(L':') ? (path + L'\\').c_str() : path.c_str());
 }
 
+std::wstring Folded(std::wstring_view name) {
+    std::wstring folded(name);
+    CharUpperBuffW(folded.data(), static_cast<DWORD>(folded.size()));
+    return folded;
+}
+
+bool MakeFolder(const std::wstring& path) {
+    return CreateDirectoryW(path.c_str(), nullptr) != FALSE;
+}
+
+std::optional<std::uint64_t> FreeSpaceAt(const std::wstring& folder) {
+    ULARGE_INTEGER room{};
+    if (!GetDiskFreeSpaceExW((folder + L'\\').c_str(), &room, nullptr, nullptr))
+        return std::nullopt;
+    return room.QuadPart;
+}
+
 File::File(HANDLE handle, const std::wstring& path) : handle_(handle), path_(path) {
     if (handle_ == INVALID_HANDLE_VALUE)
         FailBySystem(L"'" + DisplayPath(path) + L"' cannot be opened");
@@ -71,16 +116,26 @@ File File::OpenToRead(const std::wstring& path) {
 }
 
 File File::OpenToKnow(const std::wstring& path) {
-    const std::wstring spelt = path.ends_with(L':') ? path + L'\\' : path;
-    return {CreateFileW(spelt.c_str(), FILE_READ_ATTRIBUTES | FILE_WRITE_ATTRIBUTES, shareAll, nullptr,
-                        OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr),
-            path};
+    return {OpenForAttributes(path, FILE_READ_ATTRIBUTES), path};
+}
+
+File File::OpenToMark(const std::wstring& path) {
+    return {OpenForAttributes(path, FILE_READ_ATTRIBUTES | FILE_WRITE_ATTRIBUTES), path};
+}
+
+std::optional<File> File::TryToCreate(const std::wstring& path, const std::wstring& place) {
+    const HANDLE handle = CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE | DELETE, FILE_SHARE_READ,
+                                      nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE && GetLastError() == ERROR_FILE_EXISTS)
+        return std::nullopt;
+    return File(handle, place);
 }
 
 File File::Create(const std::wstring& path) {
-    return {CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_NEW,
-                        FILE_ATTRIBUTE_NORMAL, nullptr),
-            path};
+    std::optional<File> file = TryToCreate(path, path);
+    if (!file)
+        throw Failure(L"'" + DisplayPath(path) + L"' is there already");
+    return std::move(*file);
 }
 
 File::File(File&& other) noexcept
@@ -124,11 +179,6 @@ std::uint64_t File::Position() const {
     return static_cast<std::uint64_t>(position.QuadPart);
 }
 
-void File::CutOff() {
-    if (!SetEndOfFile(handle_))
-        FailBySystem(L"'" + DisplayPath(path_) + L"' cannot be written");
-}
-
 std::uint64_t File::Size() const {
     LARGE_INTEGER size{};
     GetFileSizeEx(handle_, &size);
@@ -145,32 +195,35 @@ void File::SetWriteTime(const FILETIME& time) {
     SetFileTime(handle_, nullptr, nullptr, &time);
 }
 
-FileIdentity File::Identity() const {
-    BY_HANDLE_FILE_INFORMATION known{};
-    GetFileInformationByHandle(handle_, &known);
-    return {static_cast<std::uint64_t>(known.nFileIndexHigh) << 32 | known.nFileIndexLow,
-            known.dwVolumeSerialNumber};
-}
-
 std::wstring File::FinalPath() const {
-    std::wstring path(GetFinalPathNameByHandleW(handle_, nullptr, 0, 0) + 1, L'\0');
-    path.resize(GetFinalPathNameByHandleW(handle_, path.data(), static_cast<DWORD>(path.size()), 0));
+    std::wstring path(longestDevicePath * 2, L'\0');
+    DWORD length = GetFinalPathNameByHandleW(handle_, path.data(), static_cast<DWORD>(path.size()), 0);
+    if (length > path.size()) {
+        path.resize(length);
+        length = GetFinalPathNameByHandleW(handle_, path.data(), length, 0);
+    }
+    path.resize(length < path.size() ? length : 0);
     while (path.ends_with(L'\\'))
         path.pop_back();
     return path;
 }
 
-void File::Flush() {
-    if (!FlushFileBuffers(handle_))
-        FailBySystem(L"'" + DisplayPath(path_) + L"' cannot be written");
+bool File::Rename(const std::wstring& to, bool replace) {
+    if (RenameOwnEntry(handle_, to.c_str(), replace))
+        return true;
+    const DWORD error = GetLastError();
+    if (!replace && (error == ERROR_ALREADY_EXISTS || error == ERROR_FILE_EXISTS))
+        return false;
+    FailBySystem(L"'" + DisplayPath(to) + L"' cannot be written");
 }
 
 FileInTheMaking::FileInTheMaking(std::wstring place) : place_(std::move(place)) {
-    unsigned number = GetTickCount();
-    do
-        path_ = std::wstring(ParentOf(place_)) + L"\\~" + std::to_wstring(number++) + L".tmp";
-    while (AttributesOf(path_) != INVALID_FILE_ATTRIBUTES);
-    file_.emplace(File::Create(path_));
+    // One may be left of an earlier call that was ended in its middle.
+    for (int number = 0; !file_; ++number) {
+        path_ = std::wstring(ParentOf(place_)) + L"\\~arc" + std::to_wstring(number) + L".tmp";
+        if (std::optional<File> file = File::TryToCreate(path_, place_))
+            file_.emplace(std::move(*file));
+    }
 }
 
 FileInTheMaking::~FileInTheMaking() {
@@ -180,14 +233,21 @@ FileInTheMaking::~FileInTheMaking() {
     DeleteFileW(path_.c_str());
 }
 
-void FileInTheMaking::TakePlace() {
+bool FileInTheMaking::TakePlace(bool replace) {
+    const DWORD there = replace ? AttributesOf(place_) : INVALID_FILE_ATTRIBUTES;
+    const bool isGuarded = there != INVALID_FILE_ATTRIBUTES && (there & FILE_ATTRIBUTE_READONLY) != 0;
+    if (isGuarded)
+        SetFileAttributesW(place_.c_str(), FILE_ATTRIBUTE_NORMAL);
+    try {
+        if (!file_->Rename(place_, replace))
+            return false;
+    } catch (const Failure&) {
+        if (isGuarded)
+            SetFileAttributesW(place_.c_str(), there);
+        throw;
+    }
     file_.reset();
-    if (MoveFileExW(path_.c_str(), place_.c_str(), MOVEFILE_REPLACE_EXISTING))
-        return;
-    const DWORD error = GetLastError();
-    DeleteFileW(path_.c_str());
-    SetLastError(error);
-    FailBySystem(L"'" + DisplayPath(place_) + L"' cannot be written");
+    return true;
 }
 
 } // namespace archiver

@@ -15,8 +15,11 @@ namespace archiver {
 /// `path` made full from the current folder, without a backslash at its end. A drive's root is "\\?\E:".
 std::wstring FullPath(std::wstring_view path);
 
-/// A full path as people write it.
+/// A full path as the device names it: from the root down, without the drive that is the device.
 std::wstring DisplayPath(std::wstring_view fullPath);
+
+/// Whether the device can name it at all, in 259 characters: what it cannot name it could not even delete.
+bool DeviceCanName(std::wstring_view fullPath);
 
 /// The part behind the last backslash.
 std::wstring_view LeafOf(std::wstring_view path);
@@ -27,20 +30,31 @@ std::wstring_view ParentOf(std::wstring_view path);
 /// Attributes of what is there; INVALID_FILE_ATTRIBUTES when nothing is.
 DWORD AttributesOf(const std::wstring& path);
 
-/// Which file it is on its volume, under whatever name.
-struct FileIdentity {
-    std::uint64_t index;
-    DWORD volume;
-    bool operator==(const FileIdentity&) const = default;
-};
+/// Makes a folder in one that is there. False when it cannot, with the system's error set.
+bool MakeFolder(const std::wstring& path);
+
+/// What is free for this user on the disk of a folder; nothing when the system does not say.
+std::optional<std::uint64_t> FreeSpaceAt(const std::wstring& folder);
+
+/// Whether two paths or names are the same one to the device, which takes capital and small letters for
+/// equal.
+bool SameName(std::wstring_view a, std::wstring_view b);
+
+/// The same text for all names that are the same one to the device.
+std::wstring Folded(std::wstring_view name);
 
 /// An open file or folder, closed when it goes. Failures are thrown.
 class File {
   public:
     static File OpenToRead(const std::wstring& path);
-    /// A folder or file, for its identity and its times.
+    /// A folder or file, for what is known of it, whoever else has it open.
     static File OpenToKnow(const std::wstring& path);
-    /// A new file; one that is there already is a failure.
+    /// The same to set its times.
+    static File OpenToMark(const std::wstring& path);
+    /// A new file, to be written and renamed; nothing when there is one already. `place` is what it is called
+    /// in words about failures.
+    static std::optional<File> TryToCreate(const std::wstring& path, const std::wstring& place);
+    /// The same under its own name; one that is there is a failure.
     static File Create(const std::wstring& path);
 
     File(File&& other) noexcept;
@@ -52,26 +66,25 @@ class File {
     void Write(const void* bytes, std::size_t size);
     void Seek(std::uint64_t position);
     std::uint64_t Position() const;
-    /// The file ends here from now on.
-    void CutOff();
     std::uint64_t Size() const;
     FILETIME WriteTime() const;
     void SetWriteTime(const FILETIME& time);
-    FileIdentity Identity() const;
-    /// Where it really is, once every link on the way is followed; empty when the system does not say.
+    /// Where it really is, once every link on the way is followed; empty when the system does not say. It
+    /// tells files apart where numbers do not: two cards may each have a file of the same number.
     std::wstring FinalPath() const;
-    /// Brings what was written to the disk.
-    void Flush();
+    /// Gives it another name on its volume. False when that is taken and it is not to `replace` what is
+    /// there.
+    bool Rename(const std::wstring& to, bool replace);
 
   private:
     File(HANDLE handle, const std::wstring& path);
 
     HANDLE handle_;
-    std::wstring path_;
+    std::wstring path_; // for words about failures
 };
 
 /// A file in the making beside the place it is meant for: it takes that place when it is complete, and
-/// vanishes when it never is.
+/// vanishes when it never is. Whatever ends the program meanwhile, no part of a file has its name.
 class FileInTheMaking {
   public:
     explicit FileInTheMaking(std::wstring place);
@@ -80,8 +93,9 @@ class FileInTheMaking {
     ~FileInTheMaking();
 
     File& Content() { return *file_; }
-    /// Closes the file and puts it into its place, over what is there.
-    void TakePlace();
+    /// Puts the file into its place, over a read-only file as well when it is to `replace` what is there.
+    /// False when something is there that it is not to replace; then it can be tried again.
+    bool TakePlace(bool replace);
 
   private:
     std::wstring place_;

@@ -9,7 +9,7 @@
 namespace archiver {
 
 struct LhaMember {
-    /// "-lh0-" stored, "-lh5-" packed, "-lhd-" a folder.
+    /// "-lh0-" stored, "-lhd-" a folder.
     std::string_view method;
     /// In UTF-8, with slashes between its parts and none at the end.
     std::string name;

@@ -6,13 +6,12 @@
 
 #include "companions/archiver/crc16.h"
 #include "companions/archiver/failure.h"
+#include "companions/archiver/lha_names.h"
 #include "companions/archiver/member_names.h"
 
 namespace archiver {
 
 namespace {
-
-constexpr unsigned japaneseLetters = 932, dosLetters = 437;
 
 /// The file as lhasa asks for it, which remembers how a header began. Nothing may be thrown through lhasa.
 struct Input {
@@ -51,14 +50,6 @@ int SkipInput(void* context, std::size_t count) {
     }
 }
 
-/// LHA archives do not say in which letters their names are; most old ones are from Japan.
-std::wstring DecodeOldName(std::string_view bytes) {
-    for (const unsigned letters : {static_cast<unsigned>(CP_UTF8), japaneseLetters, dosLetters})
-        if (std::optional<std::wstring> name = DecodeName(bytes, letters))
-            return *name;
-    return {};
-}
-
 class LhaReader : public ArchiveReader {
   public:
     explicit LhaReader(File& file) : input_(file) {
@@ -90,18 +81,17 @@ bool LhaReader::Next(ArchiveMember& member) {
     input_.endedWell = false;
     header_ = lha_reader_next_file(reader_.get());
     if (!header_) {
-        if (first)
-            throw FinalFailure(L"the file is not an LHA archive, or is damaged");
+        const bool isEmpty = first && input_.endedWell && input_.file.Size() == 1;
+        if (first && !isEmpty)
+            throw DamagedArchive(L"the file is not an LHA archive, or is damaged");
         if (!input_.endedWell)
-            throw FinalFailure(L"the archive is damaged or cut off");
+            throw DamagedArchive(L"the archive is damaged or cut off");
         return false;
     }
     read_ = 0;
     check_ = 0;
     member = {};
-    const std::string name =
-        std::string(header_->path ? header_->path : "") + (header_->filename ? header_->filename : "");
-    member.name = DecodeOldName(name);
+    member.name = LhaName({reinterpret_cast<const char*>(header_->raw_data), header_->raw_data_len});
     member.size = header_->length;
     member.time = LHA_FILE_HAVE_EXTRA(header_, LHA_FILE_WINDOWS_TIMESTAMPS)
                       ? FILETIME{static_cast<DWORD>(header_->win_modification_time),
@@ -125,8 +115,8 @@ std::size_t LhaReader::Read(void* buffer, std::size_t size) {
     check_ = Crc16(check_, buffer, read);
     read_ += read;
     if (read == 0 && !IsWhole())
-        throw Failure(L"it is damaged, cut off or packed in an unknown way (" +
-                      DecodeOldName(header_->compress_method) + L")");
+        throw Failure(L"damaged, cut off or packed in an unknown way (" +
+                      DecodeName(header_->compress_method, CP_UTF8).value_or(L"") + L")");
     return read;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
-// Makes LHA archives, with names in UTF-8 and files of up to 4 GB.
+// Makes LHA archives, with names in UTF-8 and files of up to 4 GB, which are stored as they are: no library
+// packs for LHA.
 
 #include <memory>
 

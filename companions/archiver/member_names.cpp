@@ -9,13 +9,13 @@ namespace archiver {
 
 namespace {
 
-constexpr std::wstring_view climbs = L"its name leads out of the target folder";
-constexpr std::wstring_view wholePath = L"its name is a whole path, not one below the target folder";
-constexpr std::wstring_view deviceName = L"its name is a device's";
-constexpr std::wstring_view badEnd = L"its name ends in a dot or a blank";
-constexpr std::wstring_view badLetter = L"its name holds a character that file names cannot have";
-constexpr std::wstring_view noName = L"it has no name";
-constexpr std::wstring_view tooLong = L"its name is too long";
+constexpr std::wstring_view climbs = L"the name leads out of the target folder";
+constexpr std::wstring_view wholePath = L"the name is a whole path, not one below the target folder";
+constexpr std::wstring_view deviceName = L"the name is a device's";
+constexpr std::wstring_view badEnd = L"the name ends in a dot or a blank";
+constexpr std::wstring_view badLetter = L"the name holds a character that file names cannot have";
+constexpr std::wstring_view noName = L"without a name";
+constexpr std::wstring_view tooLong = L"the name is too long";
 constexpr std::size_t longestPart = 255, longestPath = 4000; // characters
 
 bool IsBadLetter(wchar_t letter) {

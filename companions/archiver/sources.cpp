@@ -1,9 +1,9 @@
 #include "companions/archiver/sources.h"
 
 #include <algorithm>
-#include <iterator>
 
 #include "companions/archiver/failure.h"
+#include "companions/archiver/member_names.h"
 
 namespace archiver {
 
@@ -11,100 +11,146 @@ namespace {
 
 constexpr std::wstring_view wholeFolder = L"\\*";
 
-bool SameText(std::wstring_view a, std::wstring_view b) {
-    return CompareStringOrdinal(a.data(), static_cast<int>(a.size()), b.data(), static_cast<int>(b.size()),
-                                TRUE) == CSTR_EQUAL;
+/// A link that lies directly on a volume is a storage card.
+bool IsStorageCard(const std::wstring& path) {
+    return ParentOf(path).ends_with(L':');
 }
 
-/// Whether a folder's entry leads elsewhere. The host's links to files look like files: only where they
-/// really are tells them.
-bool IsLink(const std::wstring& folderPlace, const std::wstring& path, DWORD attributes) {
-    if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0)
-        return true;
-    const std::wstring place = File::OpenToKnow(path).FinalPath();
-    return !place.empty() && !folderPlace.empty() &&
-           !SameText(place, folderPlace + L'\\' + std::wstring(LeafOf(path)));
+/// Where a folder or file really is; nothing for a link that leads nowhere.
+std::optional<std::wstring> RealPlaceOf(const std::wstring& path) {
+    try {
+        return File::OpenToKnow(path).FinalPath();
+    } catch (const Failure&) {
+        const DWORD attributes = AttributesOf(path);
+        if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0)
+            throw;
+        return std::nullopt;
+    }
 }
 
 class Collector {
   public:
-    Collector(std::wstring base, const std::optional<FileIdentity>& leftOut)
-        : base_(std::move(base)), leftOut_(leftOut) {}
+    Collector(std::wstring base, Attendant& attendant, LeftOut& leftOut)
+        : base_(std::move(base)), attendant_(attendant), leftOut_(leftOut) {}
 
-    void Add(const std::wstring& path, DWORD attributes);
+    void Add(const std::wstring& path);
     Sources Take() { return std::move(found_); }
 
   private:
-    void ListInto(const std::wstring& folder, std::vector<Source>& pending);
+    bool MayGoIn(const Source& source);
+    void Enter(Source& folder);
+    void List(const Source& folder, const std::shared_ptr<const std::wstring>& place);
 
     std::wstring base_;
-    std::optional<FileIdentity> leftOut_;
+    Attendant& attendant_;
+    LeftOut& leftOut_;
     Sources found_;
+    std::vector<Source> pending_; // the last one comes next: folders may lie deeper than the stack reaches
 };
 
-/// Works through folders with a list of its own: they may lie deeper than the stack reaches.
-void Collector::Add(const std::wstring& path, DWORD attributes) {
-    std::vector<Source> pending = {
-        {path, NameInArchive(path, base_), (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0}};
-    while (!pending.empty()) {
-        const Source next = std::move(pending.back());
-        pending.pop_back();
-        if (!next.isFolder && leftOut_ && File::OpenToKnow(next.path).Identity() == *leftOut_)
+void Collector::Add(const std::wstring& path) {
+    const DWORD attributes = AttributesOf(path);
+    if (attributes == INVALID_FILE_ATTRIBUTES)
+        FailBySystem(L"'" + DisplayPath(path) + L"' cannot be opened");
+    const File entry = File::OpenToKnow(path);
+    const bool isFolder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    pending_.push_back(
+        {path, NameInArchive(path, base_), isFolder, entry.WriteTime(),
+         std::make_shared<const std::wstring>(File::OpenToKnow(std::wstring(ParentOf(path))).FinalPath())});
+    if (!isFolder) {
+        ++found_.files;
+        found_.bytes += entry.Size();
+    }
+    while (!pending_.empty()) {
+        GoOn(attendant_);
+        Source next = std::move(pending_.back());
+        pending_.pop_back();
+        if (!MayGoIn(next))
             continue;
-        if (!next.name.empty())
-            found_.entries.push_back(next);
         if (next.isFolder)
-            ListInto(next.path, pending);
+            Enter(next);
+        else
+            found_.entries.push_back(std::move(next));
     }
 }
 
-void Collector::ListInto(const std::wstring& folder, std::vector<Source>& pending) {
-    const std::wstring folderPlace = File::OpenToKnow(folder).FinalPath();
-    const std::wstring pattern = folder + L"\\*";
+/// What could not be extracted again here is not packed.
+bool Collector::MayGoIn(const Source& source) {
+    if (source.name.empty()) // the base itself
+        return true;
+    std::wstring reason = JudgeName(source.name).reason;
+    if (reason.empty() && !EncodeName(source.name, CP_UTF8))
+        reason = L"the name holds a character that file names cannot have";
+    if (reason.empty() && !DeviceCanName(source.path))
+        reason = L"the path is longer than the device can have";
+    if (!reason.empty())
+        leftOut_.Add(source.name, reason);
+    return reason.empty();
+}
+
+void Collector::Enter(Source& folder) {
+    const std::optional<std::wstring> place = RealPlaceOf(folder.path);
+    const bool mayLeadAway = folder.path.ends_with(L':') || IsStorageCard(folder.path);
+    if (!place || (!mayLeadAway && IsElsewhere(*place, *folder.folderPlace, folder.path))) {
+        leftOut_.Add(folder.name, linkReason);
+        return;
+    }
+    attendant_.ShowName(LeafOf(folder.path));
+    const Source copy = folder;
+    if (!folder.name.empty())
+        found_.entries.push_back(std::move(folder));
+    List(copy, std::make_shared<const std::wstring>(*place));
+}
+
+void Collector::List(const Source& folder, const std::shared_ptr<const std::wstring>& place) {
     WIN32_FIND_DATAW entry;
-    const HANDLE find = FindFirstFileW(pattern.c_str(), &entry);
+    const HANDLE find = FindFirstFileExW((folder.path + L"\\*").c_str(), FindExInfoBasic, &entry,
+                                         FindExSearchNameMatch, nullptr, 0);
     if (find == INVALID_HANDLE_VALUE) {
         if (GetLastError() == ERROR_FILE_NOT_FOUND)
             return;
-        FailBySystem(L"'" + DisplayPath(folder) + L"' cannot be listed");
+        FailBySystem(L"'" + DisplayPath(folder.path) + L"' cannot be listed");
     }
-    std::vector<std::pair<std::wstring, DWORD>> entries;
-    do
-        entries.emplace_back(entry.cFileName, entry.dwFileAttributes);
-    while (FindNextFileW(find, &entry));
+    const std::size_t first = pending_.size();
+    do {
+        const std::wstring_view name = entry.cFileName;
+        if (name == L"." || name == L"..")
+            continue;
+        const bool isFolder = (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+        std::wstring path = folder.path;
+        path.append(1, L'\\').append(name);
+        std::wstring inArchive = NameInArchive(path, base_);
+        if (!isFolder && (entry.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {
+            leftOut_.Add(inArchive, linkReason);
+            continue;
+        }
+        pending_.push_back({std::move(path), std::move(inArchive), isFolder, entry.ftLastWriteTime, place});
+        if (isFolder)
+            continue;
+        ++found_.files;
+        found_.bytes += static_cast<std::uint64_t>(entry.nFileSizeHigh) << 32 | entry.nFileSizeLow;
+    } while (FindNextFileW(find, &entry));
     const DWORD end = GetLastError();
     FindClose(find);
     if (end != ERROR_NO_MORE_FILES) {
         SetLastError(end);
-        FailBySystem(L"'" + DisplayPath(folder) + L"' cannot be listed");
+        FailBySystem(L"'" + DisplayPath(folder.path) + L"' cannot be listed");
     }
-
-    // The last one pushed comes first.
-    std::sort(entries.rbegin(), entries.rend());
-    for (const auto& [name, attributes] : entries) {
-        if (name == L"." || name == L"..")
-            continue;
-        std::wstring path = folder;
-        path.append(1, L'\\').append(name);
-        if (IsLink(folderPlace, path, attributes))
-            ++found_.linksLeftOut;
-        else
-            pending.push_back(
-                {path, NameInArchive(path, base_), (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0});
-    }
-}
-
-/// A link that lies directly on a volume is a storage card.
-bool IsStorageCard(const std::wstring& path, DWORD attributes) {
-    return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 && ParentOf(path).ends_with(L':');
+    std::sort(pending_.begin() + static_cast<std::ptrdiff_t>(first), pending_.end(),
+              [](const Source& a, const Source& b) { return a.path > b.path; });
 }
 
 } // namespace
 
+bool IsElsewhere(std::wstring_view place, std::wstring_view folderPlace, std::wstring_view path) {
+    return !place.empty() && !folderPlace.empty() &&
+           !SameName(place, std::wstring(folderPlace) + L'\\' + std::wstring(LeafOf(path)));
+}
+
 std::wstring NameInArchive(const std::wstring& path, const std::wstring& base) {
     const std::size_t length = base.size();
     const bool below = path.size() > length && path[length] == L'\\' &&
-                       SameText(std::wstring_view(path).substr(0, length), base);
+                       SameName(std::wstring_view(path).substr(0, length), base);
     std::wstring name;
     if (below)
         name = path.substr(length + 1);
@@ -116,19 +162,12 @@ std::wstring NameInArchive(const std::wstring& path, const std::wstring& base) {
     return name;
 }
 
-Sources CollectSources(const CommandLine& command, const std::optional<FileIdentity>& leftOut) {
-    Collector collector(FullPath(command.folder), leftOut);
+Sources CollectSources(const CommandLine& command, Attendant& attendant, LeftOut& leftOut) {
+    Collector collector(FullPath(command.folder), attendant, leftOut);
     for (std::wstring_view asked : command.files) {
         if (asked.ends_with(wholeFolder))
             asked.remove_suffix(wholeFolder.size());
-        const std::wstring path = FullPath(asked.empty() ? L"\\" : asked);
-        const DWORD attributes = AttributesOf(path);
-        if (attributes == INVALID_FILE_ATTRIBUTES)
-            FailBySystem(L"'" + DisplayPath(path) + L"' cannot be opened");
-        if (!path.ends_with(L':') && !IsStorageCard(path, attributes) &&
-            IsLink(File::OpenToKnow(std::wstring(ParentOf(path))).FinalPath(), path, attributes))
-            throw Failure(L"'" + DisplayPath(path) + L"' is a link, and links are not followed");
-        collector.Add(path, attributes);
+        collector.Add(FullPath(asked.empty() ? L"\\" : asked));
     }
     return collector.Take();
 }

@@ -1,5 +1,8 @@
 #include "companions/archiver/zip_reader.h"
 
+#include <algorithm>
+#include <array>
+#include <string_view>
 #include <vector>
 
 #include <archive.h>
@@ -17,7 +20,7 @@ constexpr unsigned dosLetters = 437; // of names that do not say that they are U
 /// The file as libarchive asks for it. Nothing may be thrown through its functions.
 struct Input {
     File& file;
-    std::vector<char> block = std::vector<char>(256 * 1024);
+    std::vector<char> block = std::vector<char>(64 * 1024);
 };
 
 la_ssize_t ReadInput(archive* reader, void* context, const void** bytes) {
@@ -82,6 +85,15 @@ MemberKind KindOf(archive_entry* entry) {
     }
 }
 
+/// Whether there is nothing but the end of a directory without entries, which libarchive takes for damage.
+bool IsEmptyZip(File& file) {
+    std::array<char, 22> end{};
+    file.Seek(0);
+    const bool isEnd = file.Size() >= end.size() && file.Read(end.data(), end.size()) == end.size() &&
+                       std::string_view(end.data(), 4) == "PK\5\6";
+    return isEnd && std::all_of(end.begin() + 4, end.end() - 2, [](char byte) { return byte == 0; });
+}
+
 class ZipReader : public ArchiveReader {
   public:
     explicit ZipReader(File& file);
@@ -120,9 +132,11 @@ bool ZipReader::Next(ArchiveMember& member) {
     const int result = archive_read_next_header(reader_.get(), &entry);
     if (result == ARCHIVE_EOF)
         return false;
+    if (result < ARCHIVE_WARN && !begun_ && IsEmptyZip(input_.file))
+        return false;
     if (result < ARCHIVE_WARN)
-        throw FinalFailure(begun_ ? L"the archive is damaged (" + Words() + L")"
-                                  : L"the file is not a ZIP archive, or is damaged");
+        throw DamagedArchive(begun_ ? L"the archive is damaged (" + Words() + L")"
+                                    : L"the file is not a ZIP archive, or is damaged");
     begun_ = true;
     member = {};
     member.name = NameOf(entry);
@@ -132,7 +146,7 @@ bool ZipReader::Next(ArchiveMember& member) {
     if (archive_entry_mtime_is_set(entry))
         member.time = FileTimeOf(archive_entry_mtime(entry));
     if (archive_entry_is_encrypted(entry))
-        member.fault = L"it is encrypted";
+        member.fault = L"encrypted";
     return true;
 }
 
@@ -140,7 +154,7 @@ std::size_t ZipReader::Read(void* buffer, std::size_t size) {
     const la_ssize_t read = archive_read_data(reader_.get(), buffer, size);
     if (read >= 0)
         return static_cast<std::size_t>(read);
-    throw Failure(L"it is damaged or packed in an unknown way (" + Words() + L")");
+    throw Failure(L"damaged or packed in an unknown way (" + Words() + L")");
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 #pragma once
-// Makes ZIP archives: deflated members, names in UTF-8, of any size and number.
+// Makes ZIP archives of any size, with names in UTF-8, by libarchive.
 
 #include <memory>
 

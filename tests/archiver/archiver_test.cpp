@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "tests/support/text.h"
+#include "tests/support/waiting.h"
 
 ArchiverEntry EntryOfArchiver(const char* name) {
     static const HMODULE library = [] {
@@ -45,4 +46,45 @@ void ArchiverTest::Extract(Kind kind, const std::wstring& archive, const std::ws
     const ArchiverAnswer answer = TryToExtract(kind, archive, target);
     if (answer.result != 0)
         throw std::runtime_error("extracting failed: " + Narrow(answer.text));
+}
+
+User::User(std::function<void()> act)
+    : thread_([act = std::move(act)] {
+          try {
+              act();
+          } catch (const std::exception& problem) {
+              ADD_FAILURE() << problem.what();
+          }
+      }) {}
+
+User::User(std::vector<int> answers)
+    : User(std::function<void()>([this, answers = std::move(answers)] {
+          for (const int answer : answers) {
+              Dialog question = WaitForArchiverDialog(L"Replace existing File?");
+              questions_.push_back(question.TextsShown());
+              question.Command(answer);
+              question.WaitUntilClosed();
+          }
+      })) {}
+
+User::~User() {
+    if (thread_.joinable())
+        thread_.join();
+}
+
+const std::vector<std::vector<std::wstring>>& User::Questions() {
+    if (thread_.joinable())
+        thread_.join();
+    return questions_;
+}
+
+Dialog WaitForArchiverDialog(const std::wstring& title) {
+    HWND found = nullptr;
+    WaitFor("for the dialog " + Narrow(title), [&] {
+        for (const HWND dialog : DialogsOf(GetCurrentProcessId()))
+            if (Dialog(dialog).Title() == title && IsWindowEnabled(dialog))
+                found = dialog;
+        return found != nullptr;
+    });
+    return Dialog(found);
 }

@@ -1,11 +1,15 @@
 #pragma once
 // Tests that call UNZip.dll as the program does.
 
+#include <functional>
 #include <string>
+#include <thread>
+#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "tests/support/device.h"
+#include "tests/support/dialog.h"
 #include "tests/support/host.h"
 
 /// What a call came to.
@@ -36,3 +40,26 @@ using ArchiverEntry = int(WINAPI*)(HWND, const wchar_t*, wchar_t*, DWORD);
 
 /// An entry point of the library, by its name.
 ArchiverEntry EntryOfArchiver(const char* name);
+
+/// Waits for a window of the archiver's that takes input.
+Dialog WaitForArchiverDialog(const std::wstring& title);
+
+/// A user who sits before the archiver's windows while the test's own thread calls it. With questions left
+/// over, or one too few, the test fails.
+class User {
+  public:
+    /// Answers one "Replace existing File?" after the other by these commands.
+    explicit User(std::vector<int> answers);
+    /// Does something of its own.
+    explicit User(std::function<void()> act);
+    User(const User&) = delete;
+    User& operator=(const User&) = delete;
+    ~User();
+
+    /// Waits until all is done. The texts of each question, in the order of its controls.
+    const std::vector<std::vector<std::wstring>>& Questions();
+
+  private:
+    std::vector<std::vector<std::wstring>> questions_;
+    std::thread thread_;
+};

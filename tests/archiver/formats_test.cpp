@@ -4,8 +4,9 @@
 
 #include "companions/archiver/archive_writer.h"
 #include "companions/archiver/crc16.h"
-#include "companions/archiver/expansion_limit.h"
+#include "companions/archiver/left_out.h"
 #include "companions/archiver/lha_header.h"
+#include "companions/archiver/lha_names.h"
 #include "companions/archiver/reply.h"
 #include "companions/archiver/sources.h"
 
@@ -53,27 +54,11 @@ TEST(ArchiverCrc16, IsTheOneOfLha) {
     EXPECT_EQ(Crc16(Crc16(0, "1234", 4), "56789", 5), 0xBB3D);
 }
 
-TEST(ArchiverTimes, AreOfTheClockTheArchiveKeeps) {
+TEST(ArchiverTimes, AreSecondsOfTheWorldsClock) {
     SYSTEMTIME utc{2005, 7, 5, 8, 9, 10, 12, 0};
     FILETIME time;
     SystemTimeToFileTime(&utc, &time);
-    EXPECT_EQ(MemberTime(time).unix, 1120813812);
-    // The clock here is nine hours ahead.
-    EXPECT_EQ(MemberTime(time).dos, 25u << 25 | 7u << 21 | 8u << 16 | 18u << 11 | 10u << 5 | 6u);
-    utc.wYear = 1970;
-    SystemTimeToFileTime(&utc, &time);
-    EXPECT_EQ(MemberTime(time).dos, 1u << 21 | 1u << 16);
-    utc.wYear = 2200;
-    SystemTimeToFileTime(&utc, &time);
-    EXPECT_EQ(MemberTime(time).dos >> 25, 127u);
-}
-
-TEST(ArchiverLimit, IsOnlyForLargeExpansion) {
-    EXPECT_FALSE(ExpandsTooFar(freeExpansion, 1));
-    EXPECT_TRUE(ExpandsTooFar(freeExpansion + 1, 1));
-    EXPECT_FALSE(ExpandsTooFar(1ull << 40, 1ull << 33));
-    EXPECT_TRUE(ExpandsTooFar(UINT64_MAX, 1ull << 33));
-    EXPECT_FALSE(ExpandsTooFar(largestExpansion << 20, 1 << 20));
+    EXPECT_EQ(UnixTimeOf(time), 1120813812);
 }
 
 TEST(ArchiverReply, NeverGoesBeyondTheBuffer) {
@@ -97,6 +82,55 @@ TEST(ArchiverReply, IsNeverLongerThanTheProgramsBuffer) {
     WriteReply(buffer.data(), 8192, std::wstring(4000, L'x'));
     EXPECT_EQ(buffer.find(L'\0'), 1023u);
     EXPECT_EQ(buffer[1024], L'#');
+}
+
+TEST(ArchiverLeftOut, TellsEachReasonOnceWithACount) {
+    LeftOut leftOut;
+    EXPECT_TRUE(leftOut.IsEmpty());
+    leftOut.Add(L"a", L"links are not followed");
+    leftOut.Add(L"b\n", L"encrypted");
+    leftOut.Add(L"c", L"links are not followed");
+    leftOut.Add(L"d", L"links are not followed");
+    EXPECT_EQ(leftOut.Lines(), L"\n'a' and 2 more were left out: links are not followed."
+                               L"\n'b ' was left out: encrypted.");
+}
+
+TEST(ArchiverLeftOut, IsNeverLongerThanTheProgramsBuffer) {
+    LeftOut leftOut;
+    for (int number = 0; number < 500; ++number)
+        leftOut.Add(std::wstring(300, L'n'), L"reason " + std::to_wstring(number));
+    const std::wstring lines = leftOut.Lines();
+    EXPECT_LT(lines.size(), 950u);
+    EXPECT_TRUE(lines.ends_with(L" more were left out.")) << lines.size();
+}
+
+namespace {
+
+/// A header of level 0 or 1 as far as its name goes.
+std::string OldHeader(char level, std::string_view name, std::string_view fields = {}) {
+    std::string header = std::string(2, '\0') + "-lh0-" + std::string(13, '\0') + level +
+                         static_cast<char>(name.size()) + std::string(name) + std::string(3, '\0');
+    header[0] = static_cast<char>(header.size());
+    return header + std::string(fields);
+}
+
+} // namespace
+
+TEST(ArchiverLhaNames, HoldHalvesOfLettersThatLookLikeSeparatorsAndCapitals) {
+    EXPECT_EQ(LhaName(OldHeader(0, "\x95\x5C.txt")), L"\u8868.txt");
+    EXPECT_EQ(LhaName(OldHeader(0, "A\\\x83\x41\x83\x43\x83\x45.TXT")), L"A\\\u30a2\u30a4\u30a6.TXT");
+    EXPECT_EQ(LhaName(OldHeader(1, "\x95\x5C.txt", std::string("\0\0", 2))), L"\u8868.txt");
+}
+
+TEST(ArchiverLhaNames, StandInFieldsAsWell) {
+    using namespace std::string_literals;
+    EXPECT_EQ(LhaName(OldHeader(1, "short.txt", "\x0A\0\x01long.tx\x07\0\x02"s + "ab\xFF"s + "c\0\0"s)),
+              L"ab\\c\\long.tx");
+    // What the fields say of their lengths may be wrong.
+    EXPECT_EQ(LhaName(OldHeader(1, "n", "\xFF\xFF\x01x"s)), L"n");
+    EXPECT_EQ(LhaName(OldHeader(1, "n", "\x01\0"s)), L"n");
+    EXPECT_EQ(LhaName(""), L"");
+    EXPECT_EQ(LhaName(std::string(22, '\xFF')), L"");
 }
 
 TEST(ArchiverSources, AreNamedRelativeToTheirBase) {
