@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 
 #include "app/change_watcher.h"
 #include "app/settings.h"
@@ -41,8 +42,8 @@ struct AppState {
     bool ctrlLatched = false;
     bool shiftLatched = false;
 
-    ArchiverAvailability archivers; // found at the start
-    Path lastExtractTarget;         // the folder last chosen for extraction
+    ArchiverAvailability archivers;        // found at the start
+    std::optional<Path> lastExtractTarget; // the folder last chosen for extraction; none yet: the default one
 
     bool deviceChanged = false;
     bool dragging = false;

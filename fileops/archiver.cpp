@@ -47,11 +47,11 @@ ArchiverAvailability FindArchivers() {
     return {found, found}; // one library for both
 }
 
-bool RunArchiver(ArchiveType type, const wchar_t* command) {
+ArchiverRun RunArchiver(ArchiveType type, const wchar_t* command) {
     LibraryHandle library(LoadLibraryW(libraryName));
     if (!library) {
         Report(type == ArchiveType::Lha ? L"UNLHA.DLL is not found." : L"UNZip.dll is not found.");
-        return false;
+        return {};
     }
     std::vector<wchar_t> output(outputSize + 1);
     const bool succeeded = Call(library.Get(), type, command, output.data());
@@ -59,5 +59,5 @@ bool RunArchiver(ArchiveType type, const wchar_t* command) {
     output.back() = L'\0';
     if (!succeeded)
         Report(output.data());
-    return succeeded;
+    return {true, succeeded};
 }

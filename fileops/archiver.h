@@ -7,6 +7,12 @@
 /// What the library is good for, if it is there.
 ArchiverAvailability FindArchivers();
 
-/// Has the library carry out a command for an archive of this type. False when it cannot, which the user has
-/// been told then.
-bool RunArchiver(ArchiveType type, const wchar_t* command);
+/// How a command went.
+struct ArchiverRun {
+    bool ran = false; // the library was called, and may have changed files even when it failed
+    bool succeeded = false;
+};
+
+/// Has the library carry out a command for an archive of this type. The user has been told why it did not
+/// succeed.
+ArchiverRun RunArchiver(ArchiveType type, const wchar_t* command);

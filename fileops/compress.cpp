@@ -42,8 +42,9 @@ void CompressSelection() {
     if (entries.empty() || !AskForArchive(type, folder, archive))
         return;
     const OwnedText command = CompressCommand(archive.View(), folder.View(), ArchiverFileList(entries).get());
-    if (!RunArchiver(type, command.get()))
+    const ArchiverRun run = RunArchiver(type, command.get());
+    if (!run.ran)
         return;
-    const bool open = list.options.alwaysOpenExtractFolder != 0;
+    const bool open = run.succeeded && list.options.alwaysOpenExtractFolder != 0;
     list.GoToFolder(open ? ParentOf(archive.View()) : folder.View(), treeSelectOnly);
 }

@@ -42,28 +42,36 @@ struct Extraction {
     bool ownFolder = false; // named like the archive
 };
 
-bool ExtractArchive(const SelectionEntry& entry, const Extraction& extraction) {
+ArchiverRun ExtractArchive(const SelectionEntry& entry, const Extraction& extraction) {
     Path archive;
     Path target;
     if (!archive.AssignChild(entry.folder.data(), entry.name.data()) ||
         !AssignExtractTarget(target, extraction.base, entry.name.data(), extraction.ownFolder) ||
         !MakeTarget(target)) {
         ReportNoTarget();
-        return false;
+        return {};
     }
-    if (!RunArchiver(extraction.type, ExtractCommand(archive.View(), target.View()).get()))
-        return false;
-    // The target may be new, and there may be new folders in it.
+    const ArchiverRun run = RunArchiver(extraction.type, ExtractCommand(archive.View(), target.View()).get());
+    // The target may be new, and there may be new folders in it, also of what failed in its middle.
     appState.folderTree.SelectPath(ParentOf(target.View()), true, false);
     appState.folderTree.SelectPath(target.View(), true, false);
-    if (extraction.open)
+    if (run.succeeded && extraction.open)
         appState.fileList.GoToFolder(target.View(), treeRescan);
-    return true;
+    return {true, run.succeeded};
 }
 
-/// Asks where to extract to. Whatever the answer, it is the last folder chosen that counts, none being the
-/// root. `shown` becomes the folder that the list shows when something was extracted.
-void AskForTarget(Path& shown) {
+/// The folder that archives go to while the user has chosen none: the default one of the options.
+Path DefaultTarget() {
+    std::wstring_view folder = appState.fileList.compressFolder.data();
+    while (folder.ends_with(L'\\'))
+        folder.remove_suffix(1);
+    Path target;
+    return target.Assign(folder) ? target : Path();
+}
+
+/// Asks where to extract to, and returns that. Whatever the answer, it is the last folder chosen that counts.
+/// `shown` becomes the folder that the list shows when something was extracted.
+Path AskForTarget(Path& shown) {
     if (!IsExistingFolder(shown.Text()))
         shown.Clear(); // search results
     FolderChoice choice{shown};
@@ -71,26 +79,29 @@ void AskForTarget(Path& shown) {
         shown = choice.folder;
         appState.lastExtractTarget = choice.folder;
     }
-    CopyTextTo(appState.fileList.compressFolder, appState.lastExtractTarget.View());
-    if (!choice.changed)
-        return;
-    appState.folderTree.SelectPath(choice.folder.View(), true, false);
-    appState.fileList.GoToFolder(appState.fileList.CurrentFolder().View(), treeSelectOnly);
+    const Path target = appState.lastExtractTarget ? *appState.lastExtractTarget : DefaultTarget();
+    CopyTextTo(appState.fileList.compressFolder, target.View());
+    if (choice.changed) {
+        appState.folderTree.SelectPath(choice.folder.View(), true, false);
+        appState.fileList.GoToFolder(appState.fileList.CurrentFolder().View(), treeSelectOnly);
+    }
+    return target;
 }
 
-/// Extracts each entry that is an archive. False when none could be.
-bool ExtractEach(std::span<const SelectionEntry> entries, std::wstring_view commonBase) {
+/// Extracts each entry that is an archive. Says whether one was tried, and whether one succeeded.
+ArchiverRun ExtractEach(std::span<const SelectionEntry> entries, std::wstring_view commonBase) {
     const ListOptions& options = appState.fileList.options;
-    bool any = false;
+    ArchiverRun any;
     for (const SelectionEntry& entry : entries) {
         const ArchiveType type = ArchiveTypeOf(entry.name.data());
         if (entry.kind != ItemKind::File || !appState.archivers.IsArchiverAvailable(type) ||
             !StillExists(entry))
             continue;
         const std::wstring_view base = options.extractInPlace ? entry.folder.data() : commonBase;
-        any = ExtractArchive(entry, {base, type, options.alwaysOpenExtractFolder != 0,
-                                     options.automaticFolderCreation != 0}) ||
-              any;
+        const ArchiverRun run = ExtractArchive(
+            entry, {base, type, options.alwaysOpenExtractFolder != 0, options.automaticFolderCreation != 0});
+        any.ran = any.ran || run.ran;
+        any.succeeded = any.succeeded || run.succeeded;
     }
     return any;
 }
@@ -102,13 +113,14 @@ void ExtractSelection() {
     // What is selected now is meant: the list may show something else by the time a folder is chosen.
     const std::vector<SelectionEntry> entries = list.CollectSelection();
     Path shown = list.CurrentFolder();
+    Path base;
     if (!list.options.extractInPlace)
-        AskForTarget(shown);
-    const Path base = appState.lastExtractTarget;
-    if (!ExtractEach(entries, base.View()))
+        base = AskForTarget(shown);
+    const ArchiverRun run = ExtractEach(entries, base.View());
+    if (!run.ran)
         return;
-    if (list.options.alwaysOpenExtractFolder)
-        shown = list.CurrentFolder(); // where the last archive has taken it
+    if (list.options.alwaysOpenExtractFolder || !run.succeeded)
+        shown = list.CurrentFolder(); // where the last archive has taken it, or where it stayed
     list.GoToFolder(shown.View(), treeRescan);
 }
 
@@ -119,6 +131,6 @@ void ExtractHere() {
         return;
     const SelectionEntry& first = entries.front();
     const Path folder = list.CurrentFolder();
-    if (ExtractArchive(first, {first.folder.data(), ArchiveType::Zip}))
+    if (ExtractArchive(first, {first.folder.data(), ArchiveType::Zip}).ran)
         list.GoToFolder(folder.View(), treeRescan);
 }

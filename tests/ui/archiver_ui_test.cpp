@@ -78,7 +78,7 @@ TEST_F(ArchiverUi, WhatAHostileArchiveTriesIsSaidAndNotDone) {
     program.WaitForListFocus();
     program.PostCommand(IDM_FILE_EXTRACT_TO);
     EXPECT_EQ(ReadMessage(),
-              L"1 of 2 files were extracted.\n'../evil.txt' was left out: its name leads out of the "
+              L"1 of 2 files were extracted.\n'../evil.txt' was left out: the name leads out of the "
               L"target folder.");
     EXPECT_EQ(device.NamesIn(L"\\Docs\\bad"), Texts{L"good.txt"});
     EXPECT_FALSE(device.Exists(L"\\Docs\\evil.txt"));

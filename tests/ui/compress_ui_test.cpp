@@ -153,6 +153,7 @@ TEST_F(CompressUi, WordsWithoutAnEndDoNoHarm) {
     StartAndSelect(L"\\Docs", {L"c d.txt"});
     for (const std::size_t length : {1024u, 2048u}) {
         archiver->Answer(1, std::wstring(length, L'w'));
+        Select({L"c d.txt"});
         program.PostCommand(IDM_SENDTO_ZIP);
         EXPECT_EQ(ReadMessage(), std::wstring(length, L'w'));
     }

@@ -154,14 +154,14 @@ TEST_F(ExtractUi, CancelExtractsIntoTheFolderChosenLast) {
     EXPECT_EQ(program.Folder(), L"\\Docs");
 }
 
-TEST_F(ExtractUi, CancelWithoutAFolderEverChosenExtractsIntoTheRoot) {
-    device.WriteText(settingsKey, L"CompressFolder", L"\\To");
+TEST_F(ExtractUi, CancelWithoutAFolderEverChosenExtractsIntoTheDefaultOne) {
+    device.WriteText(settingsKey, L"CompressFolder", L"\\To\\");
     StartAndSelect(L"\\Docs", {L"a.zip"});
     CancelChooser();
-    EXPECT_EQ(archiver->Calls(), Texts{L"UnZip 2048 e \"\\Docs\\a.zip\" \"\\\""});
+    EXPECT_EQ(archiver->Calls(), Texts{L"UnZip 2048 e \"\\Docs\\a.zip\" \"\\To\\\""});
     EXPECT_EQ(program.Folder(), L"\\Docs");
     program.Close();
-    EXPECT_EQ(device.TextValue(settingsKey, L"CompressFolder"), L"");
+    EXPECT_EQ(device.TextValue(settingsKey, L"CompressFolder"), L"\\To");
 }
 
 TEST_F(ExtractUi, AFolderChosenForNothingIsNotShown) {
@@ -196,7 +196,7 @@ TEST_F(ExtractUi, FromSearchResultsTheChooserBeginsAtTheRoot) {
     chooser.Command(IDCANCEL);
     chooser.WaitUntilClosed();
     program.WaitForFolder(L"My PocketPC");
-    EXPECT_EQ(archiver->Calls(), Texts{L"UnZip 2048 e \"\\Docs\\a.zip\" \"\\\""});
+    EXPECT_EQ(archiver->Calls(), Texts{L"UnZip 2048 e \"\\Docs\\a.zip\" \"\\Temp\\\""});
 }
 
 TEST_F(ExtractUi, AFolderMadeInTheChooserIsListedThoughNothingWasExtracted) {
@@ -210,6 +210,29 @@ TEST_F(ExtractUi, AFolderMadeInTheChooserIsListedThoughNothingWasExtracted) {
 }
 
 // --- Failures ---
+
+TEST_F(ExtractUi, WhatComesOutBeforeAFailureIsShown) {
+    InPlace();
+    IntoOwnFolders();
+    device.WriteNumber(settingsKey, L"ShowFolder", 1);
+    archiver->Answer(7, L"It is damaged.");
+    StartAndSelect(L"\\Docs", {L"a.zip"});
+    program.Tree().Expand(L"\\Docs");
+    program.PostCommand(IDM_FILE_EXTRACT_TO);
+    device.File(L"\\Docs\\beside.txt");
+    EXPECT_EQ(ReadMessage(), L"It is damaged.");
+    WaitFor(
+        "for the list to show it",
+        [&] { return program.List().Has(L"a") && program.List().Has(L"beside.txt"); },
+        1500); // sooner than the watcher would
+    EXPECT_TRUE(program.Tree().Has(L"\\Docs\\a"));
+    Select({L"a.zip"});
+    device.File(L"\\Docs\\here.txt");
+    program.PostCommand(IDM_FILE_EXTRACT_HERE);
+    EXPECT_EQ(ReadMessage(), L"It is damaged.");
+    WaitFor(
+        "for the list to show it", [&] { return program.List().Has(L"here.txt"); }, 1500);
+}
 
 TEST_F(ExtractUi, AFailureDoesNotStopTheOthers) {
     InPlace();

@@ -1,0 +1,232 @@
+// Screens: 240x320 320x240 176x220
+// Limit: 300 seconds
+
+// The archiver's own window over the program: how far the work is, its questions, its end before the end.
+
+#include <algorithm>
+
+#include "companions/archiver/window/resource.h"
+#include "tests/support/library_stand_in.h"
+#include "tests/ui/job_ui.h"
+#include "tests/ui/save_dialog.h"
+
+namespace {
+
+constexpr int many = 3000;
+constexpr int fileSize = 3000;
+
+class ArchiverWindowUi : public JobUi {
+  protected:
+    void SetUp() override {
+        JobUi::SetUp();
+        PutBuiltArchiver();
+        device.SetOption(ListOption::ExtractInPlace, 1);
+        device.SetOption(ListOption::AutomaticFolderCreation, 1);
+        device.Folder(L"\\Docs");
+    }
+
+    /// Fills \Docs\Many with files that take long.
+    static void MakeMany() {
+        RunOnHost("mkdir -p Docs/Many\ncd Docs/Many\nhead -c " + std::to_string(many * fileSize) +
+                  " /dev/urandom | split -b " + std::to_string(fileSize) + " -a 4 -d - f");
+    }
+    static void PackMany() {
+        MakeMany();
+        RunOnHost("cd Docs; zip -qr1 many.zip Many; rm -r Many");
+    }
+
+    void BeginExtracting(const std::wstring& archive) {
+        StartIn(L"\\Docs");
+        Select({archive});
+        program.WaitForListFocus();
+        program.PostCommand(IDM_FILE_EXTRACT_TO);
+    }
+    void BeginCompressing(const std::wstring& archive) {
+        StartIn(L"\\Docs");
+        Select({L"Many"});
+        program.WaitForListFocus();
+        Dialog dialog = AskForArchive(program);
+        NameFieldOf(dialog).SetText(archive);
+        PressLeftSoftKey();
+        dialog.WaitUntilClosed();
+    }
+    static int FilesDone(const Dialog& progress) { return std::stoi(progress.Item(IDC_JOB_COUNTER).Text()); }
+
+    /// How long the program lets messages wait while `working` holds, the shortest first.
+    std::vector<DWORD> Waits(const std::function<bool()>& working) {
+        std::vector<DWORD> waits;
+        while (working()) {
+            const DWORD start = GetTickCount();
+            DWORD_PTR answer = 0;
+            SendMessageTimeoutW(program.Window(), WM_NULL, 0, 0, SMTO_NORMAL, 5000, &answer);
+            waits.push_back(GetTickCount() - start);
+            Sleep(5);
+        }
+        std::ranges::sort(waits);
+        return waits;
+    }
+
+    /// Nothing has the name of a file but is none, and nothing is left beside.
+    static void ExpectWhole(const std::string& folder) {
+        RunOnHost("find " + folder + " -type f -name 'f*' ! -size " + std::to_string(fileSize) +
+                  "c >parts; test ! -s parts || { cat parts; exit 1; }");
+    }
+};
+
+TEST_F(ArchiverWindowUi, ShowsHowFarItIsAndAnswersMeanwhile) {
+    PackMany();
+    BeginExtracting(L"many.zip");
+    const Dialog progress = program.WaitForDialog(L"Extract Files");
+    EXPECT_EQ(GetWindow(progress.Window(), GW_OWNER), program.Window());
+    EXPECT_FALSE(IsWindowEnabled(program.Window()));
+    EXPECT_EQ(progress.SoftKeys(), Texts{L"Cancel"});
+    EXPECT_EQ(progress.Item(IDC_JOB_SOURCE).Text(), L"'many.zip' to 'many'");
+    WaitFor("for the counter", [&] { return FilesDone(progress) > 0; });
+    const std::wstring counter = progress.Item(IDC_JOB_COUNTER).Text();
+    EXPECT_NE(counter.find(L"/3000\n"), std::wstring::npos) << Narrow(counter);
+    EXPECT_TRUE(counter.ends_with(L" of 8.58 MB")) << Narrow(counter);
+    WaitFor("for a name", [&] { return progress.Item(IDC_JOB_STATUS).Text().starts_with(L"f"); });
+    const std::vector<DWORD> waits = Waits([&] { return progress.IsOpen(); });
+    ASSERT_GT(waits.size(), 20u);
+    EXPECT_LE(waits[waits.size() * 19 / 20], 100u); // on a busy machine one or the other takes longer
+    EXPECT_LE(waits.back(), 1000u);
+    FinishJob();
+    EXPECT_TRUE(IsWindowEnabled(program.Window()));
+    EXPECT_TRUE(Eventually([&] { return program.List().Has(L"many") && program.ListHasFocus(); }));
+    RunOnHost("test $(ls Docs/many/Many | wc -l) = 3000; test ! -e Docs/many/Many/~arc0.tmp");
+}
+
+TEST_F(ArchiverWindowUi, QuickWorkShowsNoWindow) {
+    device.File(L"\\Docs\\f.txt", "f");
+    RunOnHost("cd Docs; zip -q a.zip f.txt");
+    BeginExtracting(L"a.zip");
+    WaitFor("for the file", [&] {
+        EXPECT_FALSE(program.HasDialog());
+        return program.List().Has(L"a");
+    });
+    EXPECT_TRUE(program.ListHasFocus());
+}
+
+TEST_F(ArchiverWindowUi, CancelEndsExtractingAtOnce) {
+    PackMany();
+    BeginExtracting(L"many.zip");
+    const Dialog progress = program.WaitForDialog(L"Extract Files");
+    WaitFor("for its middle", [&] { return FilesDone(progress) > 100; });
+    const DWORD start = GetTickCount();
+    PressLeftSoftKey();
+    MessageBoxShown box = program.WaitForMessageBox();
+    EXPECT_LE(GetTickCount() - start, 1000u); // with the box that tells it, and a busy machine
+    const std::wstring text = box.Text();
+    box.Answer(IDOK);
+    const std::wstring begin = L"Canceled: ";
+    ASSERT_TRUE(text.starts_with(begin)) << Narrow(text);
+    EXPECT_TRUE(text.ends_with(L" of 3000 files were extracted.")) << Narrow(text);
+    RunOnHost("test $(ls -A Docs/many/Many | wc -l) = " +
+              Narrow(text.substr(begin.size(), text.find(L" of") - begin.size())));
+    ExpectWhole("Docs/many");
+    EXPECT_TRUE(Eventually([&] { return program.List().Has(L"many"); }));
+}
+
+TEST_F(ArchiverWindowUi, CancelLeavesNoHalfMadeArchive) {
+    MakeMany();
+    device.File(L"\\Docs\\made.zip", "earlier");
+    device.File(L"\\Docs\\Many\\large", std::string(60'000'000, 'l'));
+    BeginCompressing(L"\\Docs\\new.zip");
+    const Dialog progress = program.WaitForDialog(L"Compress Files");
+    EXPECT_EQ(progress.Item(IDC_JOB_SOURCE).Text(), L"'Docs' to 'new.zip'");
+    WaitFor("for its middle", [&] { return FilesDone(progress) > 100; });
+    Dialog(progress).Command(IDM_JOB_CANCEL);
+    EXPECT_EQ(ReadMessage(), L"Canceled: the archive was not made.");
+    EXPECT_EQ(device.NamesIn(L"\\Docs"), (Texts{L"Many", L"made.zip"}));
+}
+
+TEST_F(ArchiverWindowUi, AsksInTheProgramsWay) {
+    device.File(L"\\Docs\\a.txt", "new a");
+    device.File(L"\\Docs\\b.txt", "new b");
+    RunOnHost("cd Docs; zip -q x.zip a.txt b.txt");
+    device.File(L"\\Docs\\x\\a.txt", "old");
+    device.File(L"\\Docs\\x\\b.txt", "old");
+    BeginExtracting(L"x.zip");
+    Dialog question = WaitForFileQuestion();
+    EXPECT_EQ(question.SoftKeys(), (Texts{L"Yes", L"Menu"}));
+    EXPECT_EQ(question.SoftKeyMenu().Texts(), (Texts{L"No", L"All", L"Cancel", L"No to All"}));
+    EXPECT_EQ(question.TextsShown().front(), L"this file 'a.txt' already exists.");
+    // Over the progress window, which fills the same place of the screen.
+    const HWND progress = GetWindow(question.Window(), GW_OWNER);
+    EXPECT_EQ(Dialog(progress).Title(), L"Extract Files");
+    EXPECT_EQ(GetWindow(progress, GW_OWNER), program.Window());
+    const RECT place = question.Place(), below = Dialog(progress).Place();
+    EXPECT_TRUE(EqualRect(&place, &below));
+    PressLeftSoftKey();
+    question.WaitUntilClosed();
+    question = WaitForFileQuestion();
+    EXPECT_EQ(question.TextsShown().front(), L"this file 'b.txt' already exists.");
+    PressRightSoftKey();
+    program.WaitForMenu();
+    PressKey('1'); // No
+    question.WaitUntilClosed();
+    FinishJob();
+    EXPECT_EQ(device.Content(L"\\Docs\\x\\a.txt"), "new a");
+    EXPECT_EQ(device.Content(L"\\Docs\\x\\b.txt"), "old");
+    EXPECT_TRUE(Eventually([&] { return program.ListHasFocus(); }));
+}
+
+TEST_F(ArchiverWindowUi, LongWordsCanBeReadToTheirEnd) {
+    RunOnHost("/usr/bin/python3 - <<'END'\n"
+              "import zipfile\n"
+              "with zipfile.ZipFile('Docs/x.zip', 'w') as archive:\n"
+              "    for name in '../climbs', '/absolute', 'C:drive', 'nul', 'dot.', 'colon:', 'd' * 300:\n"
+              "        archive.writestr(name, 'text')\n"
+              "END");
+    BeginExtracting(L"x.zip");
+    MessageBoxShown box = program.WaitForMessageBox();
+    EXPECT_TRUE(box.Text().starts_with(L"0 of 7 files were extracted.\n"));
+    const HWND scrolled = box.ScrolledText();
+    EXPECT_TRUE(scrolled || GetSystemMetrics(SM_CXSCREEN) != 176);
+    if (scrolled) {
+        const auto firstLine = [&] { return SendMessageW(scrolled, EM_GETFIRSTVISIBLELINE, 0, 0); };
+        for (LRESULT before = -1; before != firstLine();) {
+            before = firstLine();
+            PressKey(VK_DOWN);
+            HoldsWithin(300, [&] { return firstLine() != before; });
+        }
+        EXPECT_GT(firstLine(), 0);
+        const LRESULT length = SendMessageW(scrolled, WM_GETTEXTLENGTH, 0, 0);
+        const LRESULT last = SendMessageW(scrolled, EM_POSFROMCHAR, length - 1, 0);
+        RECT room{};
+        GetClientRect(scrolled, &room);
+        EXPECT_LT(static_cast<short>(HIWORD(last)), room.bottom);
+    }
+    PressKey(VK_RETURN);
+    EXPECT_TRUE(Eventually([&] { return !program.HasMessageBox(); }));
+}
+
+TEST_F(ArchiverWindowUi, TheProgramCanBeEndedMeanwhile) {
+    PackMany();
+    BeginExtracting(L"many.zip");
+    program.WaitForDialog(L"Extract Files");
+    PostMessageW(program.Window(), WM_CLOSE, 0, 0);
+    program.WaitForEnd();
+    ExpectWhole("Docs/many");
+    RunOnHost("test ! -e Docs/many/Many/~arc0.tmp");
+}
+
+TEST_F(ArchiverWindowUi, KilledItLeavesWholeFilesAndNoArchive) {
+    PackMany();
+    BeginExtracting(L"many.zip");
+    const Dialog extracting = program.WaitForDialog(L"Extract Files");
+    WaitFor("for its middle", [&] { return FilesDone(extracting) > 300; });
+    program.Kill();
+    ExpectWhole("Docs/many");
+    RunOnHost("rm -r Docs/many Docs/many.zip");
+    MakeMany();
+    device.File(L"\\Docs\\Many\\large", std::string(60'000'000, 'l'));
+    BeginCompressing(L"\\Docs\\new.zip");
+    const Dialog compressing = program.WaitForDialog(L"Compress Files");
+    WaitFor("for its middle", [&] { return FilesDone(compressing) > 300; });
+    program.Kill();
+    EXPECT_FALSE(device.Exists(L"\\Docs\\new.zip"));
+    RunOnHost("test $(ls Docs/Many | wc -l) = 3001");
+}
+
+} // namespace
