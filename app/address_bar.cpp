@@ -73,9 +73,9 @@ bool FocusAddressBar() {
     return true;
 }
 
-bool IsAddressBarFocused() {
-    HWND focus = GetFocus();
-    return focus && (focus == appState.addressCombo || IsChild(appState.addressCombo, focus));
+bool IsAddressBeingTyped() {
+    HWND edit = AddressEdit();
+    return GetFocus() == edit && SendMessageW(edit, EM_GETMODIFY, 0, 0);
 }
 
 void GoToTypedAddress() {

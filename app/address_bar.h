@@ -19,8 +19,8 @@ bool IsAddressBarShown();
 /// Gives the address bar's edit field the focus. False, and nothing happens, while it is hidden.
 bool FocusAddressBar();
 
-/// True when the focus is in the address bar.
-bool IsAddressBarFocused();
+/// True while the focus is in the address bar and what stands there was typed, not gone to yet.
+bool IsAddressBeingTyped();
 
 /// Goes to the typed text and puts it on top of the list of recent paths.
 void GoToTypedAddress();

@@ -21,10 +21,13 @@ class LockGuard {
     CRITICAL_SECTION& lock_;
 };
 
-void DropQueuedNotices() {
+/// Whether there were any.
+bool DropQueuedNotices() {
+    bool any = false;
     MSG message;
-    while (PeekMessageW(&message, appState.mainWindow, UM_FOLDERCHANGED, UM_FOLDERCHANGED, PM_REMOVE)) {
-    }
+    while (PeekMessageW(&message, appState.mainWindow, UM_FOLDERCHANGED, UM_FOLDERCHANGED, PM_REMOVE))
+        any = true;
+    return any;
 }
 
 } // namespace
@@ -43,31 +46,49 @@ void ChangeWatcher::StopWatcher() {
     wakeEvent_.Reset();
 }
 
+// Emptying the queue also delivers messages sent by others, a hand-over of a folder among them, which pauses
+// and resumes in here: so in both of these what is asked for is done last.
+
 void ChangeWatcher::PauseWatcher() {
-    SetActive(false);
+    const LockGuard guard(lock_);
+    DropQueuedNotices();
+    unread_ = true;
+    active_ = false;
+    ended_ = true;
+    next_.Reset();
+    ce::EventModify(wakeEvent_.Get(), EVENT_SET);
 }
 
 void ChangeWatcher::ResumeWatcher() {
-    SetActive(true);
-}
-
-void ChangeWatcher::SetActive(bool active) {
     const LockGuard guard(lock_);
-    // Emptying the queue also delivers messages sent by others, a hand-over of a folder among them, which
-    // pauses and resumes in here: so the state asked for is set last.
-    DropQueuedNotices();
-    active_ = active;
+    unread_ = DropQueuedNotices() || unread_;
+    if (active_ && !unread_)
+        return; // resumed in between: the watch that was armed before the folder was read goes on
+    active_ = true;
+    if (unread_) {
+        ArmNext();
+        PostMessageW(appState.mainWindow, UM_LOOKAGAIN, 0, 0);
+    }
     ce::EventModify(wakeEvent_.Get(), EVENT_SET);
 }
 
 void ChangeWatcher::WatchFolder(std::wstring_view folder) {
-    const std::wstring_view watched = folder.empty() ? std::wstring_view(L"\\") : folder;
-    if (EqualNoCase(watched, watchedPath_.View()))
-        return;
     const LockGuard guard(lock_);
-    if (!watchedPath_.Assign(watched))
+    if (!watchedPath_.Assign(folder.empty() ? std::wstring_view(L"\\") : folder))
         watchedPath_.Clear();
-    ce::EventModify(wakeEvent_.Get(), EVENT_SET);
+    ArmNext();
+    unread_ = false;
+}
+
+bool ChangeWatcher::TakeUnread() {
+    return active_ && std::exchange(unread_, false);
+}
+
+void ChangeWatcher::ArmNext() {
+    next_.Reset();
+    if (!watchedPath_.IsSearchFolder())
+        next_.Reset(ce::FindFirstChangeNotificationW(
+            watchedPath_.Text(), FALSE, FILE_NOTIFY_CHANGE_FILE_NAME | FILE_NOTIFY_CHANGE_DIR_NAME));
 }
 
 DWORD WINAPI ChangeWatcher::ThreadProcedure(void* watcher) {
@@ -77,9 +98,8 @@ DWORD WINAPI ChangeWatcher::ThreadProcedure(void* watcher) {
 
 void ChangeWatcher::Run() {
     while (!stopRequested_) {
-        if (ArmWatch()) {
+        if (TakeWatch()) {
             WaitForChange();
-            FindCloseChangeNotification(std::exchange(notifyHandle_, INVALID_HANDLE_VALUE));
         } else {
             WaitForSingleObject(wakeEvent_.Get(), INFINITE);
             ce::EventModify(wakeEvent_.Get(), EVENT_RESET);
@@ -87,18 +107,25 @@ void ChangeWatcher::Run() {
     }
 }
 
-/// Sets up a watch of the folder, when one is wanted and the folder can be watched.
-bool ChangeWatcher::ArmWatch() {
+/// Takes the watch over that was armed before the folder was read, or arms one after a change that was
+/// reported. A wake-up alone is no reason to let go of the one there is: it may know of a change already.
+/// False when none is wanted or the folder cannot be watched.
+bool ChangeWatcher::TakeWatch() {
     const LockGuard guard(lock_);
-    if (active_ && !watchedPath_.IsSearchFolder())
-        notifyHandle_ = ce::FindFirstChangeNotificationW(
-            watchedPath_.Text(), FALSE, FILE_NOTIFY_CHANGE_FILE_NAME | FILE_NOTIFY_CHANGE_DIR_NAME);
-    return notifyHandle_ != INVALID_HANDLE_VALUE;
+    if (std::exchange(ended_, false))
+        watch_.Reset();
+    if (!active_)
+        return false;
+    if (!next_ && !watch_)
+        ArmNext();
+    if (next_)
+        watch_ = std::move(next_);
+    return static_cast<bool>(watch_);
 }
 
-/// Waits for the end of the armed watch: a change, which is reported, or a wake-up.
+/// Waits for a change, which is reported and ends the watch, or for a wake-up.
 void ChangeWatcher::WaitForChange() {
-    const std::array<HANDLE, 2> handles = {wakeEvent_.Get(), notifyHandle_};
+    const std::array<HANDLE, 2> handles = {wakeEvent_.Get(), watch_.Get()};
     DWORD ended = WaitForSingleObject(wakeEvent_.Get(), settleTime);
     if (ended == WAIT_TIMEOUT)
         ended = WaitForMultipleObjects(handles.size(), handles.data(), FALSE, INFINITE);
@@ -106,8 +133,10 @@ void ChangeWatcher::WaitForChange() {
         ce::EventModify(wakeEvent_.Get(), EVENT_RESET);
     if (ended != WAIT_OBJECT_0 + 1)
         return;
-    // A wake-up since then means that the program itself has been at work: its listing shows this change.
+    // A wake-up since then means that the program itself has been at work: it looks at what is there then.
     const LockGuard guard(lock_);
-    if (WaitForSingleObject(wakeEvent_.Get(), 0) == WAIT_TIMEOUT)
-        PostMessageW(appState.mainWindow, UM_FOLDERCHANGED, 0, 0);
+    if (WaitForSingleObject(wakeEvent_.Get(), 0) != WAIT_TIMEOUT)
+        return;
+    watch_.Reset();
+    PostMessageW(appState.mainWindow, UM_FOLDERCHANGED, 0, 0);
 }

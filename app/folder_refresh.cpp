@@ -1,5 +1,6 @@
 #include "app/folder_refresh.h"
 
+#include "app/address_bar.h"
 #include "app/app_state.h"
 #include "app/file_facts.h"
 #include "app/main_window.h"
@@ -26,15 +27,20 @@ void OnFolderChanged() {
     ScheduleRefresh(RefreshCause::FolderChange);
 }
 
+void OnLookAgain() {
+    if (appState.changeWatcher.TakeUnread() && !appState.fileList.ShowsWhatIsThere())
+        ScheduleRefresh(RefreshCause::FolderChange);
+}
+
 void RefreshAfterChange() {
-    // It would close the editor over a name half typed, or take away the entries that are dragged or that a
-    // menu was opened for.
-    if (appState.labelEditing || appState.dragging || appState.menuOpen)
+    // It would close the editor over a name half typed, overwrite an address half typed, or take away the
+    // entries that are dragged or that a menu was opened for.
+    if (appState.labelEditing || appState.dragging || appState.menuOpen || IsAddressBeingTyped())
         return StartDelay();
     KillTimer(appState.mainWindow, refreshTimer);
     appState.folderTree.RefreshRoot();
     Path target = appState.fileList.CurrentFolder();
-    const bool exists = Exists(target.Text());
+    const bool exists = IsExistingFolder(target.Text());
     if (appState.deviceChanged && exists) {
         // A card came or went elsewhere: the list may stay as it is.
         if (!target.IsEmpty() && target.View() != appState.settings.networkLeaf) {
@@ -50,6 +56,6 @@ void RefreshAfterChange() {
 }
 
 void CutToExisting(Path& folder) {
-    while (!Exists(folder.Text()) && folder.View().find(L'\\') != std::wstring_view::npos)
+    while (!IsExistingFolder(folder.Text()) && folder.View().find(L'\\') != std::wstring_view::npos)
         folder.Truncate(ParentOf(folder.View()).size());
 }

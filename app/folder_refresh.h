@@ -11,9 +11,13 @@ void ScheduleRefresh(RefreshCause cause);
 /// The watcher's notice: every further notice already queued counts with it.
 void OnFolderChanged();
 
+/// The watch goes on after the program's own work: what others changed meanwhile is refreshed like any
+/// change.
+void OnLookAgain();
+
 /// The two seconds are over: the tree and the list show what is there now. While a name is edited, something
-/// is dragged or a menu is open they begin again.
+/// is dragged, a menu is open or an address is half typed they begin again.
 void RefreshAfterChange();
 
-/// Cuts `folder` at its last backslash until it exists or none is left.
+/// Cuts `folder` at its last backslash until it is an existing folder or none is left.
 void CutToExisting(Path& folder);

@@ -12,6 +12,7 @@
 #include "app/pointer.h"
 #include "app/settings_store.h"
 #include "app/start_up.h"
+#include "app/sticky_keys.h"
 #include "app/text_format.h"
 #include "resources/resource.h"
 
@@ -26,6 +27,7 @@ void OnCreate() {
 
 /// Everything is saved before the windows that know it go.
 void OnClose() {
+    ReleaseStickyKeys();
     SaveSettings(appState.settings);
     SaveCommandBarState(appState.commandBands);
     SaveRecent(appState.addressCombo);
@@ -177,6 +179,8 @@ LRESULT CALLBACK MainWindowProcedure(HWND window, UINT message, WPARAM wParam, L
         return OnHotKey(wParam, lParam);
     case UM_FOLDERCHANGED:
         return OnFolderChanged(), 0;
+    case UM_LOOKAGAIN:
+        return OnLookAgain(), 0;
     case UM_SELECTIONCHANGED:
         return OnSelectionChanged(), 0;
     default:

@@ -26,3 +26,11 @@ void ToggleStickyKey(StickyKey key) {
     Press(isCtrl ? VK_CONTROL : VK_SHIFT, latch);
     RefreshCheckMarks();
 }
+
+void ReleaseStickyKeys() {
+    if (appState.ctrlLatched)
+        Press(VK_CONTROL, false);
+    if (appState.shiftLatched)
+        Press(VK_SHIFT, false);
+    appState.ctrlLatched = appState.shiftLatched = false;
+}

@@ -57,6 +57,9 @@ class FileList {
     FileItem* ItemAt(int index) const;
     /// Turns commands that make no sense among search results into 0 while these are shown.
     int FilterSearchCommand(int command) const;
+    /// Whether the folder shown holds, by their names, just what the list shows of it. True for what is no
+    /// folder's content, as search results are.
+    bool ShowsWhatIsThere() const;
     /// Sums the sizes of the folder's files anew and shows the total, leaving the entries alone.
     void RecountFolderBytes(std::wstring_view path);
     /// Shows the count of files, the bytes and, without an address bar, the folder's name.
@@ -77,7 +80,6 @@ class FileList {
     /// Carries out an Arrange Icons By command.
     void OnSortCommand(int command);
     void OnColumnClick(int column);
-    void UpdateSortChecks();
 
     // --- navigation.cpp ---
     void GoBack();
@@ -196,8 +198,6 @@ class FileList {
     LabelEdit labelEdit;
 
   private:
-    friend class ListSettingsStore; // reads and writes the fields that are stored
-
     /// What the view's rows point to.
     struct Records {
         std::vector<std::unique_ptr<FileItem>> items;

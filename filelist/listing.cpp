@@ -1,14 +1,17 @@
 // What the list shows: folders, search results, one single entry.
 
+#include <algorithm>
 #include <string_view>
 #include <utility>
 
 #include "app/address_bar.h"
 #include "app/app_state.h"
+#include "app/name_rules.h"
 #include "app/text_format.h"
 #include "app/wait_cursor.h"
 #include "filelist/file_list.h"
 #include "filelist/listing_rules.h"
+#include "filelist/navigation_rules.h"
 #include "filelist/rows.h"
 #include "filelist/sorting.h"
 #include "filelist/status_texts.h"
@@ -53,9 +56,10 @@ bool StillExists(const SearchResult& result) {
 
 void FileList::GoToFolder(std::wstring_view path, int treeFlag) {
     Path folder; // a copy: the text may belong to an entry that goes with the listing
-    if (!folder.Assign(path))
+    if (!folder.Assign(NamesRoot(path, DeviceDisplayName()) ? std::wstring_view() : StoredName(path)))
         return;
     appState.changeWatcher.PauseWatcher();
+    appState.changeWatcher.WatchFolder(folder.View());
     SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
     if (folder.IsSearchFolder())
         ListSearchResults();
@@ -66,7 +70,6 @@ void FileList::GoToFolder(std::wstring_view path, int treeFlag) {
     const int selected = FirstSelected();
     if (selected >= 0)
         SendMessageW(window_, LVM_ENSUREVISIBLE, static_cast<WPARAM>(selected), FALSE);
-    appState.changeWatcher.WatchFolder(folder.View());
     appState.changeWatcher.ResumeWatcher();
 }
 
@@ -86,7 +89,9 @@ void FileList::ListFolder(const Path& path, int treeFlag) {
                 return;
             const bool matches = !name.empty() && name == entry.cFileName;
             found = found || matches;
-            const FileItem* item = AddEntry(folder, entry);
+            const FileItem* item = IsListed(entry.cFileName, entry.dwFileAttributes, options)
+                                       ? AddEntry(folder, entry)
+                                       : nullptr;
             if (matches)
                 reselected = item;
         });
@@ -107,7 +112,9 @@ void FileList::ListSearchResults() {
         SearchResult* result = searchResults.First();
         while (result) {
             if (StillExists(*result)) {
-                AddEntry(records_.folders.KeepOnce(result->folder), FoundAgain(*result));
+                const WIN32_FIND_DATAW entry = FoundAgain(*result);
+                if (IsListed(entry.cFileName, entry.dwFileAttributes, options))
+                    AddEntry(records_.folders.KeepOnce(result->folder), entry);
                 result = result->next.get();
             } else {
                 result = searchResults.Remove(result);
@@ -167,6 +174,27 @@ int FileList::FilterSearchCommand(int command) const {
     return currentFolder_.IsSearchFolder() ? FilterForSearchResults(command) : command;
 }
 
+bool FileList::ShowsWhatIsThere() const {
+    std::vector<std::wstring_view> shown;
+    for (const std::unique_ptr<FileItem>& item : records_.items) {
+        if (item->kind == ItemKind::UpLevel)
+            continue;
+        if (currentFolder_.View() != item->folder)
+            return true; // a search result, or the one entry that a command of the tree is for
+        shown.emplace_back(item->name.get());
+    }
+    std::ranges::sort(shown);
+    std::size_t found = 0;
+    bool same = !currentFolder_.IsSearchFolder();
+    ForEachFound(currentFolder_.View(), [&](const WIN32_FIND_DATAW& entry) {
+        if ((hideFolders && IsFolder(entry)) || !IsListed(entry.cFileName, entry.dwFileAttributes, options))
+            return;
+        ++found;
+        same = same && std::ranges::binary_search(shown, std::wstring_view(entry.cFileName));
+    });
+    return currentFolder_.IsSearchFolder() || (same && found == shown.size());
+}
+
 void FileList::RecountFolderBytes(std::wstring_view path) {
     totalBytes_ = 0;
     ForEachFound(path, [&](const WIN32_FIND_DATAW& entry) {
@@ -206,8 +234,6 @@ void FileList::AddUpLevel() {
 }
 
 FileItem* FileList::AddEntry(const wchar_t* folder, const WIN32_FIND_DATAW& found) {
-    if (!IsListed(found.cFileName, found.dwFileAttributes, options))
-        return nullptr;
     records_.items.push_back(std::make_unique<FileItem>(MakeFileItem(folder, found)));
     totalBytes_ += records_.items.back()->size;
     return records_.items.back().get();

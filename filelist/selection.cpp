@@ -1,6 +1,7 @@
 // The selected entries as the operations on files take them, and what becomes of them in the view.
 
 #include <algorithm>
+#include <utility>
 
 #include "app/app_state.h"
 #include "filelist/file_list.h"
@@ -9,10 +10,26 @@
 
 namespace {
 
-bool Names(const FileItem* item, const SelectionEntry& entry) {
-    return item && std::wstring_view(item->folder) == entry.folder.data() &&
-           std::wstring_view(item->name.get()) == entry.name.data();
-}
+/// Looked for by name, so that it does not matter at which place an entry stands by now.
+class DoneEntries {
+  public:
+    explicit DoneEntries(std::span<const SelectionEntry> entries) {
+        for (const SelectionEntry& entry : entries) {
+            if (entry.done)
+                names_.emplace_back(entry.folder.data(), entry.name.data());
+        }
+        std::ranges::sort(names_);
+    }
+    bool IsEmpty() const { return names_.empty(); }
+    bool Has(const FileItem& item) const {
+        return std::ranges::binary_search(names_, Name(item.folder, item.name.get()));
+    }
+
+  private:
+    using Name = std::pair<std::wstring_view, std::wstring_view>;
+
+    std::vector<Name> names_; // folder and name
+};
 
 } // namespace
 
@@ -36,16 +53,20 @@ std::vector<SelectionEntry> FileList::CollectSelection() const {
     return entries;
 }
 
-/// Takes what is done out of the view; from the last to the first, so that the places before stay right.
+/// Takes what is done out of the view, from the last to the first, so that the places before stay right. The
+/// list may have been read anew since the entries were collected, or show another folder.
 void FileList::RemoveDone(std::span<const SelectionEntry> entries) {
+    const DoneEntries done(entries);
+    if (done.IsEmpty())
+        return;
     std::vector<const FileItem*> gone;
     SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
-    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
-        const FileItem* item = ItemAt(entry->index);
-        if (!entry->done || !Names(item, *entry)) // another folder may be shown by now
+    for (int row = ItemCount() - 1; row >= 0; --row) {
+        const FileItem* item = ItemAt(row);
+        if (!item || item->kind == ItemKind::UpLevel || !done.Has(*item))
             continue;
         gone.push_back(item);
-        SendMessageW(window_, LVM_DELETEITEM, static_cast<WPARAM>(entry->index), 0);
+        SendMessageW(window_, LVM_DELETEITEM, static_cast<WPARAM>(row), 0);
     }
     SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
     std::ranges::sort(gone);

@@ -47,6 +47,13 @@ struct FindTraits {
 };
 using FindHandle = OwnedHandle<FindTraits>;
 
+struct ChangeNoticeTraits {
+    using Handle = HANDLE;
+    static Handle Invalid() { return INVALID_HANDLE_VALUE; }
+    static void Close(Handle handle) { FindCloseChangeNotification(handle); }
+};
+using ChangeNoticeHandle = OwnedHandle<ChangeNoticeTraits>;
+
 struct FileTraits {
     using Handle = HANDLE;
     static Handle Invalid() { return INVALID_HANDLE_VALUE; }

@@ -5,6 +5,7 @@
 
 #include <array>
 
+#include "tests/ui/folder_changes.h"
 #include "tests/ui/job_ui.h"
 
 namespace {
@@ -308,6 +309,31 @@ TEST_F(DeleteUi, NothingSelectedAsksNothing) {
     Select({L".."});
     Give(IDM_FILE_DELETE);
     EXPECT_FALSE(program.HasDialog());
+}
+
+TEST_F(DeleteUi, WhatIsGoneLeavesAListThatWasReadAnewMeanwhile) {
+    Delete({L"b.txt", L"c.txt"});
+    const Dialog question = WaitForDeleteQuestion();
+    device.File(L"\\T\\a0.txt", "0");
+    device.File(L"\\T\\z.txt", "z");
+    Ask(program.Window(), folderChanged);
+    WaitFor("for the refresh", [&] { return program.List().Has(L"z.txt"); });
+    Answer(question, yesKey);
+    FinishJob();
+    EXPECT_EQ(program.List().Names(), (Texts{L"..", L"Sub", L"a.txt", L"a0.txt", L"z.txt"}));
+    EXPECT_EQ(program.Status().Texts().front(), L"4");
+}
+
+TEST_F(DeleteUi, WhatOthersMakeDuringAJobIsShownAfterIt) {
+    device.SetAttributes(L"\\T\\b.txt", FILE_ATTRIBUTE_READONLY);
+    Delete({L"a.txt", L"b.txt"});
+    AnswerDelete(yesKey);
+    const Dialog question = WaitForDeleteQuestion();
+    device.File(L"\\T\\late.txt", "l");
+    Answer(question, yesKey);
+    FinishJob();
+    WaitFor("for the refresh", [&] { return program.List().Has(L"late.txt"); });
+    EXPECT_EQ(program.List().Names(), (Texts{L"..", L"Sub", L"c.txt", L"late.txt"}));
 }
 
 } // namespace

@@ -144,4 +144,35 @@ TEST_F(FolderRefreshUi, ABorderIsLetGoWhenAnotherWindowTakesTheStylus) {
     Ask(program.Window(), WM_LBUTTONUP, 0, MAKELPARAM(30, height + 30));
 }
 
+TEST_F(FolderRefreshUi, LeavesAFolderInWhosePlaceAFileStands) {
+    program.Start(L"\\T\\Sub");
+    MoveFileW(L"\\T\\Sub", L"\\T\\Gone");
+    device.File(L"\\T\\Sub", "no folder");
+    PostMessageW(program.Window(), folderChanged, 0, 0);
+    WaitFor("for the folder above", [&] { return program.Folder() == L"\\T"; });
+    EXPECT_EQ(program.List().SelectedNames(), Texts{L"Sub"});
+}
+
+TEST_F(FolderRefreshUi, WaitsWhileAnAddressIsHalfTyped) {
+    ShowAddressBar();
+    program.Start(L"\\T");
+    PressKey(VK_F6);
+    WaitFor("for the address bar", [&] { return program.AddressBarHasFocus(); });
+    ChangeByOthers();
+    ExpectToCome(); // nothing is typed yet
+    PressKey(VK_END);
+    TypeText(L"\\Su");
+    device.Remove(L"\\T\\fresh.txt");
+    PostMessageW(program.Window(), folderChanged, 0, 0);
+    EXPECT_TRUE(HoldsFor(refreshDelay + 600, [&] { return Refreshed(); }));
+    EXPECT_EQ(program.AddressBar().Text(), L"\\T\\Su");
+    PressKey(VK_BACK);
+    TypeText(L"ub");
+    PressKey(VK_RETURN);
+    program.WaitForFolder(L"\\T\\Sub");
+    ChangeByOthers();
+    device.File(L"\\T\\Sub\\fresh.txt");
+    ExpectToCome();
+}
+
 } // namespace

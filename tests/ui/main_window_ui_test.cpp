@@ -95,6 +95,17 @@ TEST_F(MainWindowUi, AStickyKeyIsDownUntilItIsChosenAgainAndReleasesTheOther) {
     EXPECT_TRUE(HoldsWithin(1000, [&] { return !isDown(VK_CONTROL) && !isDown(VK_SHIFT); }));
 }
 
+TEST_F(MainWindowUi, AStickyKeyIsLetGoWhenTheProgramEnds) {
+    const auto isDown = [](int key) { return GetAsyncKeyState(key) < 0; };
+    for (const auto& [command, key] : {std::pair{IDM_KEY_CTRL, VK_CONTROL}, {IDM_KEY_SHIFT, VK_SHIFT}}) {
+        program.Start();
+        program.Command(command);
+        EXPECT_TRUE(HoldsWithin(1000, [&] { return isDown(key); }));
+        program.Close();
+        EXPECT_TRUE(HoldsWithin(1000, [&] { return !isDown(key); }));
+    }
+}
+
 // --- Refresh ---
 
 TEST_F(MainWindowUi, RefreshShowsWhatOthersDid) {

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <string>
 
 #include <gtest/gtest.h>
 
@@ -83,6 +84,41 @@ TEST_F(ChangeWatching, SettlesFirstAndThenReportsManyChangesOnce) {
     MakeFile(L"d");
     watcher_.PauseWatcher();
     EXPECT_EQ(TakeNotices(), 0);
+}
+
+TEST_F(ChangeWatching, ReportsWhatChangesWhileTheFolderIsRead) {
+    // The thread may see to the pause at once, or only when it is over.
+    for (const DWORD reading : {0u, 1u, 300u}) {
+        watcher_.PauseWatcher();
+        watcher_.WatchFolder(L"\\Temp\\Watched");
+        MakeFile(std::to_wstring(reading).c_str());
+        Sleep(reading);
+        watcher_.ResumeWatcher();
+        EXPECT_TRUE(NoticeComes(15000)) << reading;
+    }
+}
+
+TEST_F(ChangeWatching, HasTheFolderLookedAtAfterAPauseInWhichNobodyReadIt) {
+    const auto isAskedFor = [] {
+        MSG message;
+        return PeekMessageW(&message, appState.mainWindow, UM_LOOKAGAIN, UM_LOOKAGAIN, PM_REMOVE) != FALSE;
+    };
+    watcher_.WatchFolder(L"\\Temp\\Watched");
+    watcher_.ResumeWatcher();
+    EXPECT_FALSE(isAskedFor());
+    EXPECT_FALSE(watcher_.TakeUnread());
+
+    watcher_.PauseWatcher();
+    EXPECT_FALSE(watcher_.TakeUnread()) << "the pause goes on";
+    watcher_.ResumeWatcher();
+    EXPECT_TRUE(isAskedFor());
+    EXPECT_TRUE(watcher_.TakeUnread());
+    EXPECT_FALSE(watcher_.TakeUnread()) << "told once";
+
+    watcher_.PauseWatcher();
+    watcher_.WatchFolder(L"\\Temp\\Watched");
+    watcher_.ResumeWatcher();
+    EXPECT_FALSE(isAskedFor());
 }
 
 TEST_F(ChangeWatching, EndsWhateverItWatches) {

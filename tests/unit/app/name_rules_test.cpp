@@ -20,3 +20,14 @@ TEST(NameRules, MessageShowsTheCharacters) {
     EXPECT_EQ(std::wstring(forbiddenNameMessage),
               std::wstring(L"A filename cannot contain these characters:\n\n") + forbiddenCharacters);
 }
+
+TEST(NameRules, FileSystemsKeepNoBlanksAndDotsAtTheEnd) {
+    EXPECT_EQ(StoredName(L"name"), L"name");
+    EXPECT_EQ(StoredName(L"name."), L"name");
+    EXPECT_EQ(StoredName(L"a.b . .."), L"a.b");
+    EXPECT_EQ(StoredName(L" .name"), L" .name");
+    EXPECT_EQ(StoredName(L"\\Temp. \\Folder "), L"\\Temp. \\Folder") << "the last name alone";
+    EXPECT_EQ(StoredName(L"\\Temp\\"), L"\\Temp\\");
+    for (const wchar_t* place : {L"", L"..", L"\\Temp\\..", L"."})
+        EXPECT_EQ(StoredName(place), place);
+}
