@@ -45,6 +45,8 @@ struct AppState {
     ArchiverAvailability archivers;        // found at the start
     std::optional<Path> lastExtractTarget; // the folder last chosen for extraction; none yet: the default one
 
+    bool filesToPaste = false; // the list's clipboard holds entries, as UpdatePasteItems told last
+
     bool deviceChanged = false;
     bool dragging = false;
     bool labelEditing = false;

@@ -145,17 +145,9 @@ bool IsCommandChecked(int command, const CheckFacts& facts) {
         return facts.ctrlLatched;
     case IDM_KEY_SHIFT:
         return facts.shiftLatched;
-    case IDM_VIEW_LARGE:
-        return facts.viewStyle == 0;
-    case IDM_VIEW_DETAILED:
-        return facts.viewStyle == 1 && !facts.lineSelect;
-    case IDM_VIEW_DETAILED_LINE:
-        return facts.viewStyle == 1 && facts.lineSelect;
-    case IDM_VIEW_LIST:
-        return facts.viewStyle == 2;
-    case IDM_VIEW_SMALL:
-        return facts.viewStyle == 3;
-    default: // IDM_TOOLBAR_HIDE too: the tool bar always starts hidden
+    case IDM_TOOLBAR_HIDE: // the tool bar always starts hidden
         return false;
+    default:
+        return command == facts.viewCommand;
     }
 }

@@ -31,8 +31,7 @@ struct CheckFacts {
     bool shiftLatched = false;
     std::uint32_t sortKey = 0;
     bool ascending = true;
-    std::uint32_t viewStyle = 0;
-    bool lineSelect = false;
+    int viewCommand = 0; // the one that stands for the style shown
 };
 
 /// Every command whose state follows the facts; the built "Send To" entries go by their first.

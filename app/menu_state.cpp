@@ -2,19 +2,13 @@
 
 #include "app/app_state.h"
 #include "app/menu_rules.h"
+#include "filelist/view_styles.h"
 #include "resources/resource.h"
 
 namespace {
 
-/// The list's clipboard holds entries, as UpdatePasteItems told last.
-bool filesToPaste = false;
-
 constexpr int toolButtons[] = {IDM_FILE_DELETE, IDM_MENU_PROPERTIES, IDM_TOOLBAR_CUT, IDM_TOOLBAR_COPY,
                                IDM_TOOLBAR_PASTE};
-
-HMENU SoftKeyMenu() {
-    return reinterpret_cast<HMENU>(SendMessageW(appState.menuBar, SHCMBM_GETSUBMENU, 0, IDM_SOFTKEY_MENU));
-}
 
 void EnableIn(HMENU menu, int command, bool enabled) {
     EnableMenuItem(menu, static_cast<UINT>(command), MF_BYCOMMAND | (enabled ? MF_ENABLED : MF_GRAYED));
@@ -64,7 +58,7 @@ MenuFacts GatherMenuFacts() {
     facts.archiverAvailable =
         appState.archivers.IsArchiverAvailable(static_cast<ArchiveType>(list.options.archiveType));
     facts.anyArchiverAvailable = appState.archivers.AnyArchiverAvailable();
-    facts.filesToPaste = filesToPaste;
+    facts.filesToPaste = appState.filesToPaste;
     facts.textToPaste = IsClipboardFormatAvailable(CF_UNICODETEXT) != FALSE;
     if (facts.focus == Focus::List) {
         const int first = list.FirstSelected();
@@ -89,8 +83,7 @@ CheckFacts GatherCheckFacts() {
         .shiftLatched = appState.shiftLatched,
         .sortKey = options.sortKey,
         .ascending = options.ascending != 0,
-        .viewStyle = options.viewStyle,
-        .lineSelect = options.extendedStyle != 0,
+        .viewCommand = CheckedViewCommand(options),
     };
 }
 
@@ -108,6 +101,10 @@ void ApplyFacts(HMENU menu, const MenuFacts& facts) {
 }
 
 } // namespace
+
+HMENU SoftKeyMenu() {
+    return reinterpret_cast<HMENU>(SendMessageW(appState.menuBar, SHCMBM_GETSUBMENU, 0, IDM_SOFTKEY_MENU));
+}
 
 void UpdateMenuState() {
     const MenuFacts facts = GatherMenuFacts();
@@ -134,14 +131,6 @@ void ApplyCheckMarks(HMENU menu) {
         CheckIn(menu, command, IsCommandChecked(command, facts));
 }
 
-void SetMenuCheck(int command, bool checked) {
-    CheckIn(SoftKeyMenu(), command, checked);
-}
-
-void EnableMenuCommand(int command, bool enabled) {
-    EnableIn(SoftKeyMenu(), command, enabled);
-}
-
 void UpdateNavigationItems(bool up, bool back, bool forward) {
     HMENU menu = SoftKeyMenu();
     EnableIn(menu, IDM_TOOLBAR_UP_FOLDER, up);
@@ -150,10 +139,10 @@ void UpdateNavigationItems(bool up, bool back, bool forward) {
 }
 
 void UpdatePasteItems(bool canPaste, bool alsoShortcut) {
-    EnableMenuCommand(IDM_TOOLBAR_PASTE, canPaste);
+    EnableIn(SoftKeyMenu(), IDM_TOOLBAR_PASTE, canPaste);
     EnableToolButton(IDM_TOOLBAR_PASTE, canPaste);
     if (alsoShortcut) {
-        filesToPaste = canPaste;
-        EnableMenuCommand(IDM_TOOLBAR_PASTE_SHORTCUT, canPaste);
+        appState.filesToPaste = canPaste;
+        EnableIn(SoftKeyMenu(), IDM_TOOLBAR_PASTE_SHORTCUT, canPaste);
     }
 }

@@ -5,6 +5,9 @@
 
 #include "platform/ce_api.h"
 
+/// The popup of the right soft key.
+HMENU SoftKeyMenu();
+
 /// Enables and greys every command by the focus, the selection, the folder and the clipboards.
 void UpdateMenuState();
 
@@ -16,10 +19,6 @@ void RefreshCheckMarks();
 
 /// The same for another menu with some of these commands.
 void ApplyCheckMarks(HMENU menu);
-
-/// One command of the soft-key menu.
-void SetMenuCheck(int command, bool checked);
-void EnableMenuCommand(int command, bool enabled);
 
 /// What the list can do from the folder it shows.
 void UpdateNavigationItems(bool up, bool back, bool forward);

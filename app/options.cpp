@@ -69,7 +69,7 @@ void MainPage::TakeOver() {
 void ShowListAnew() {
     FileList& list = appState.fileList;
     list.RebuildMenus();
-    if (list.options.viewStyle == viewReport)
+    if (ShownStyle(list.options) == viewReport)
         list.ApplyViewStyle(list.options.extendedStyle ? IDM_VIEW_DETAILED_LINE : IDM_VIEW_DETAILED);
     list.GoToFolder(list.CurrentFolder().View(), treeSelectOnly);
     UpdateMenuState();

@@ -34,11 +34,6 @@ bool HoldsCommand(HMENU menu, UINT command) {
     return CheckMenuItem(menu, command, MF_BYCOMMAND | MF_UNCHECKED) != static_cast<DWORD>(-1);
 }
 
-/// The popup of the right soft key.
-HMENU SoftKeyMenu() {
-    return reinterpret_cast<HMENU>(SendMessageW(appState.menuBar, SHCMBM_GETSUBMENU, 0, IDM_SOFTKEY_MENU));
-}
-
 /// The place of the popup that holds `command`, or -1.
 int PositionOfPopup(HMENU menu, UINT command) {
     constexpr int mostEntries = 32;
@@ -60,7 +55,6 @@ void FileList::CreateList(HWND parent) {
     InsertColumns();
     BuildIconSets();
     ChooseStartFolder();
-    UpdateSortChecks();
     menu_.Reset(LoadMenuW(appState.instance, MAKEINTRESOURCEW(IDR_MENU_LIST)));
     AttachGoToMenu();
     BuildUserPathMenu();
@@ -140,13 +134,13 @@ HMENU FileList::ContextPopupMenu(int number) const {
 void FileList::ApplyViewStyle(int command) {
     labelEdit.Leave(); // its entry takes another place
     ApplyViewCommand(options, command);
-    SetWindowLongW(window_, GWL_STYLE, static_cast<LONG>(ViewWindowStyle(options)));
-    icons_ = options.viewStyle == viewIcon ? &largeIcons_ : &smallIcons_;
+    SetViewStyle(window_, ViewWindowStyle(options));
+    icons_ = ShownStyle(options) == viewIcon ? &largeIcons_ : &smallIcons_;
     RefreshCheckMarks();
     const auto extended = static_cast<DWORD>(SendMessageW(window_, LVM_GETEXTENDEDLISTVIEWSTYLE, 0, 0));
     SendMessageW(window_, LVM_SETEXTENDEDLISTVIEWSTYLE, 0,
                  static_cast<LPARAM>(ViewExtendedStyle(options, extended)));
-    if (options.viewStyle == viewIcon)
+    if (ShownStyle(options) == viewIcon)
         SendMessageW(window_, LVM_SETICONSPACING, 0, MAKELPARAM(iconSpacing, iconSpacing));
     SendMessageW(window_, LVM_ARRANGE, LVA_DEFAULT, 0);
     InvalidateRect(appState.mainWindow, nullptr, FALSE);
@@ -198,7 +192,7 @@ int FileList::FirstSelected() const {
 }
 
 void FileList::SaveColumnWidths() {
-    if (options.viewStyle != viewReport)
+    if (ShownStyle(options) != viewReport)
         return;
     for (WPARAM column = 0; column < options.columnWidths.size(); ++column)
         options.columnWidths[column] =

@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "filelist/view_styles.h"
+
 namespace {
 
 /// Rows from which on the way they are added matters.
@@ -52,22 +54,24 @@ void CutRows(HWND view, std::size_t wanted) {
 /// once, and many places cost more than the rows.
 class FillingStyle {
   public:
-    FillingStyle(HWND view, std::size_t added) : view_(view), style_(GetWindowLongW(view, GWL_STYLE)) {
-        const LONG type = style_ & LVS_TYPEMASK;
+    FillingStyle(HWND view, std::size_t added)
+        : view_(view), style_(static_cast<DWORD>(GetWindowLongW(view, GWL_STYLE))) {
+        const DWORD type = style_ & LVS_TYPEMASK;
         changed_ = added >= manyRows && (type == LVS_ICON || type == LVS_SMALLICON);
         if (changed_)
-            SetWindowLongW(view_, GWL_STYLE, (style_ & ~LVS_TYPEMASK) | LVS_REPORT | LVS_NOCOLUMNHEADER);
+            SetViewStyle(view_,
+                         (style_ & ~static_cast<DWORD>(LVS_TYPEMASK)) | LVS_REPORT | LVS_NOCOLUMNHEADER);
     }
     FillingStyle(const FillingStyle&) = delete;
     FillingStyle& operator=(const FillingStyle&) = delete;
     ~FillingStyle() {
         if (changed_)
-            SetWindowLongW(view_, GWL_STYLE, style_);
+            SetViewStyle(view_, style_);
     }
 
   private:
     HWND view_;
-    LONG style_;
+    DWORD style_;
     bool changed_ = false;
 };
 

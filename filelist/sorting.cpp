@@ -148,17 +148,11 @@ void FileList::OnSortCommand(int command) {
     if (!ApplySortCommand(options, command))
         return;
     SortList();
-    UpdateSortChecks();
+    RefreshCheckMarks();
 }
 
 void FileList::OnColumnClick(int column) {
     ApplyColumnClick(options, column);
     SortList();
-    UpdateSortChecks();
-}
-
-void FileList::UpdateSortChecks() {
-    for (const SortChoice& choice : sortChoices)
-        SetMenuCheck(choice.command, options.sortKey == choice.key);
-    SetMenuCheck(IDM_ARRANGE_REVERSE, options.ascending == 0);
+    RefreshCheckMarks();
 }

@@ -24,7 +24,7 @@ constexpr ViewChoice viewChoices[] = {
 
 const ViewChoice* CurrentChoice(const ListOptions& options) {
     for (const ViewChoice& choice : viewChoices) {
-        if (choice.style == options.viewStyle &&
+        if (choice.style == ShownStyle(options) &&
             (choice.style != viewReport || (choice.extended != 0) == (options.extendedStyle != 0)))
             return &choice;
     }
@@ -55,16 +55,25 @@ int CheckedViewCommand(const ListOptions& options) {
     return current ? current->command : 0;
 }
 
+std::uint32_t ShownStyle(const ListOptions& options) {
+    return options.viewStyle & LVS_TYPEMASK;
+}
+
 DWORD ViewWindowStyle(const ListOptions& options) {
-    // A stored number may be anything: no more of it than a style reaches the window.
-    DWORD style = viewBaseStyle | (options.viewStyle & LVS_TYPEMASK);
-    if (options.viewStyle == viewReport && options.noColumnNames)
+    DWORD style = viewBaseStyle | ShownStyle(options);
+    if (ShownStyle(options) == viewReport && options.noColumnNames)
         style |= LVS_NOCOLUMNHEADER;
     return style;
 }
 
 DWORD ViewExtendedStyle(const ListOptions& options, DWORD current) {
-    if (options.viewStyle != viewReport || options.extendedStyle == 0)
+    if (ShownStyle(options) != viewReport || options.extendedStyle == 0)
         return 0;
     return current | LVS_EX_FULLROWSELECT | LVS_EX_ONECLICKACTIVATE;
+}
+
+void SetViewStyle(HWND view, DWORD style) {
+    constexpr DWORD liveBits = WS_VSCROLL | WS_HSCROLL;
+    const auto now = static_cast<DWORD>(GetWindowLongW(view, GWL_STYLE));
+    SetWindowLongW(view, GWL_STYLE, static_cast<LONG>((style & ~liveBits) | (now & liveBits)));
 }

@@ -22,11 +22,18 @@ void ApplyViewCommand(ListOptions& options, int command);
 /// The command that "List Style" stands for now: the styles in a ring.
 int NextViewCommand(const ListOptions& options);
 
-/// The command whose menu entry is checked; 0 for a stored number that is no style.
+/// The style that is shown. A stored number may be anything: no more of it than a style counts.
+std::uint32_t ShownStyle(const ListOptions& options);
+
+/// The command whose menu entry is checked.
 int CheckedViewCommand(const ListOptions& options);
 
 /// The window style for the options.
 DWORD ViewWindowStyle(const ListOptions& options);
+
+/// Gives the view's window this style. Whether its scroll bars are there is the control's own affair: one
+/// that is taken away stays dead until the rows need another.
+void SetViewStyle(HWND view, DWORD style);
 
 /// The extended list-view style for the options, given the one the view has.
 DWORD ViewExtendedStyle(const ListOptions& options, DWORD current);

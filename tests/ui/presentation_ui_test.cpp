@@ -159,4 +159,88 @@ TEST_F(SelectionUi, TheUpLevelEntryIsNoneOfTheCountedOnes) {
     EXPECT_TRUE(program.SoftKeyMenu().IsEnabled(IDM_FILE_DELETE));
 }
 
+class ScrollBarsUi : public PresentationUi {
+  protected:
+    void SetUp() override { device.Files(L"\\Many", L"a rather long name for a file ", 60); }
+
+    /// Where the first row lies along a scroll bar.
+    LONG FirstRowAlong(int bar) const {
+        RemoteMemory memory(program.List().Window(), sizeof(POINT));
+        Ask(program.List().Window(), LVM_GETITEMPOSITION, 0, reinterpret_cast<LPARAM>(memory.Address()));
+        POINT place{};
+        memory.Read(&place, sizeof(place));
+        return bar == SB_VERT ? place.y : place.x;
+    }
+
+    /// A tap on the bar's end moves the rows, and one on its beginning moves them back.
+    void ExpectAlive(int bar) {
+        const HWND list = program.List().Window();
+        SCOPED_TRACE(testing::Message()
+                     << (bar == SB_VERT ? "upright" : "lying") << ", style " << program.List().ViewStyle());
+        ASSERT_NE(program.List().Style() & (bar == SB_VERT ? WS_VSCROLL : WS_HSCROLL), 0u);
+        RECT inside{};
+        GetClientRect(list, &inside);
+        MapWindowPoints(list, nullptr, reinterpret_cast<POINT*>(&inside), 2);
+        const LONG half = GetSystemMetrics(SM_CXVSCROLL) / 2;
+        const POINT back = bar == SB_VERT ? POINT{inside.right + half, inside.top + half}
+                                          : POINT{inside.left + half, inside.bottom + half};
+        const POINT further =
+            bar == SB_VERT ? POINT{back.x, inside.bottom - half} : POINT{inside.right - half, back.y};
+        const LONG before = FirstRowAlong(bar);
+        Tap(further);
+        EXPECT_TRUE(Eventually([&] { return FirstRowAlong(bar) < before; }));
+        Tap(back);
+        EXPECT_TRUE(Eventually([&] { return FirstRowAlong(bar) == before; }));
+    }
+};
+
+TEST_F(ScrollBarsUi, LiveOnWhenTheStyleStaysOfItsType) {
+    device.SetOption(ListOption::ViewStyle, LVS_REPORT);
+    program.Start(L"\\Many");
+    ExpectAlive(SB_VERT);
+    ExpectAlive(SB_HORZ);
+    for (const UINT style : {IDM_VIEW_DETAILED_LINE, IDM_VIEW_DETAILED, IDM_VIEW_DETAILED}) {
+        program.Command(style);
+        ExpectAlive(SB_VERT);
+        ExpectAlive(SB_HORZ);
+    }
+    program.PostCommand(IDM_VIEW_OPTIONS);
+    Dialog options = program.WaitForDialog(L"Options");
+    options.Command(IDOK);
+    options.WaitUntilClosed();
+    program.WaitUntilIdle();
+    ExpectAlive(SB_VERT);
+    ExpectAlive(SB_HORZ);
+}
+
+TEST_F(ScrollBarsUi, LiveOnWhenAStyleIsChosenAgain) {
+    program.Start(L"\\Many");
+    for (const auto& [style, bar] :
+         {std::pair{IDM_VIEW_LARGE, SB_VERT}, {IDM_VIEW_LIST, SB_VERT}, {IDM_VIEW_SMALL, SB_HORZ}}) {
+        program.Command(style);
+        ExpectAlive(bar);
+        program.Command(style);
+        ExpectAlive(bar);
+    }
+}
+
+TEST_F(PresentationUi, AStoredNumberBeyondTheStylesShowsOneStyleAllThrough) {
+    device.SetOption(ListOption::ViewStyle, 4 | LVS_REPORT);
+    program.Start();
+    EXPECT_EQ(program.List().ViewStyle(), static_cast<DWORD>(LVS_REPORT));
+    EXPECT_EQ(CheckedStyles(), Texts{L"Detailed"});
+    program.List().SetColumnWidth(0, 111);
+    program.Restart();
+    EXPECT_EQ(program.List().ColumnWidth(0), 111);
+    EXPECT_EQ(device.StoredOption(ListOption::ViewStyle), 4u | LVS_REPORT);
+    program.Close();
+
+    device.SetOption(ListOption::ViewStyle, 4 | LVS_ICON);
+    program.Start();
+    EXPECT_EQ(program.List().ViewStyle(), static_cast<DWORD>(LVS_ICON));
+    EXPECT_EQ(Ask(program.List().Window(), LVM_GETITEMSPACING, FALSE), MAKELONG(72, 72));
+    program.Command(IDM_TOOLBAR_LIST_STYLE);
+    EXPECT_EQ(CheckedStyles(), Texts{L"List"});
+}
+
 } // namespace

@@ -98,17 +98,6 @@ TEST_F(MenuState, MarksTheSettings) {
     EXPECT_TRUE(Checked(IDM_VIEW_LARGE));
 }
 
-TEST_F(MenuState, SetsSingleCommands) {
-    SetMenuCheck(IDM_VIEW_STATUS_BAR, false);
-    EXPECT_FALSE(Checked(IDM_VIEW_STATUS_BAR));
-    SetMenuCheck(IDM_VIEW_STATUS_BAR, true);
-    EXPECT_TRUE(Checked(IDM_VIEW_STATUS_BAR));
-    EnableMenuCommand(IDM_MENU_REFRESH, false);
-    EXPECT_FALSE(Enabled(IDM_MENU_REFRESH));
-    EnableMenuCommand(IDM_MENU_REFRESH, true);
-    EXPECT_TRUE(Enabled(IDM_MENU_REFRESH));
-}
-
 TEST_F(MenuState, FollowsTheNavigation) {
     UpdateNavigationItems(true, false, true);
     EXPECT_TRUE(Enabled(IDM_TOOLBAR_UP_FOLDER));

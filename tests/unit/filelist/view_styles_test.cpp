@@ -61,11 +61,18 @@ TEST(ViewStyles, FollowOneAnotherInARing) {
                                         IDM_VIEW_DETAILED_LINE, IDM_VIEW_LARGE}));
 }
 
-TEST(ViewStyles, LeadFromAnUnknownNumberToTheFirst) {
+TEST(ViewStyles, TakeAnUnknownNumberForTheStyleItShowsAs) {
     ListOptions options;
-    options.viewStyle = 0xFFFFFFFF;
-    EXPECT_EQ(NextViewCommand(options), IDM_VIEW_LARGE);
-    EXPECT_EQ(CheckedViewCommand(options), 0);
+    options.viewStyle = 0xFFFFFFFC;
+    EXPECT_EQ(ShownStyle(options), viewIcon);
+    EXPECT_EQ(CheckedViewCommand(options), IDM_VIEW_LARGE);
+    EXPECT_EQ(NextViewCommand(options), IDM_VIEW_LIST);
+    options.viewStyle = 5;
+    options.extendedStyle = LVS_EX_FULLROWSELECT;
+    options.noColumnNames = 1;
+    EXPECT_EQ(CheckedViewCommand(options), IDM_VIEW_DETAILED_LINE);
+    EXPECT_EQ(ViewExtendedStyle(options, 0), 0x60u);
+    EXPECT_EQ(ViewWindowStyle(options), 0x50814249u);
 }
 
 TEST(ViewStyles, CheckTheCommandOfTheStyle) {
