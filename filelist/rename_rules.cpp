@@ -13,5 +13,8 @@ LabelVerdict JudgeLabel(const wchar_t* label, ItemKind kind) {
 }
 
 bool NameFromLabel(std::wstring_view label, std::wstring_view oldName, bool extensionHidden, Path& name) {
-    return name.Assign(label) && (!extensionHidden || name.Append(ExtensionOf(oldName)));
+    if (!name.Assign(label) || (extensionHidden && !name.Append(ExtensionOf(oldName))))
+        return false;
+    name.Truncate(StoredName(name.View()).size());
+    return true;
 }

@@ -17,6 +17,7 @@ enum class LabelVerdict {
 LabelVerdict JudgeLabel(const wchar_t* label, ItemKind kind);
 
 /// The name that `label` stands for. A file whose extension is not shown keeps it: only the stem was edited.
-/// False when the name is too long for any path.
+/// Blanks and dots at the end, which no file system keeps, are no part of it. False when the name is too long
+/// for any path.
 [[nodiscard]] bool NameFromLabel(std::wstring_view label, std::wstring_view oldName, bool extensionHidden,
                                  Path& name);

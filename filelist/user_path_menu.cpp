@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/menu_text.h"
 #include "app/path.h"
 #include "filelist/file_list.h"
 #include "foldertree/user_paths_dialog.h"
@@ -25,7 +26,7 @@ std::wstring_view UserPathMenuText(std::wstring_view path) {
 void InsertUserPaths(HMENU goToMenu, std::span<const OwnedText> paths) {
     UINT_PTR command = IDM_USERPATH_FIRST;
     for (const OwnedText& path : ShownPaths(paths)) {
-        const OwnedText text = CopyText(UserPathMenuText(path.get()));
+        const OwnedText text = MenuTextOf(UserPathMenuText(path.get()));
         InsertMenuW(goToMenu, IDM_GOTO_USER_PATH, MF_BYCOMMAND | MF_STRING, command++, text.get());
     }
     if (!paths.empty())

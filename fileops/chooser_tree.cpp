@@ -54,14 +54,6 @@ void ChooserTree::BuildImages() {
     SendMessageW(window_, TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(images_.Get()));
 }
 
-void ChooserTree::SetName(HTREEITEM node, const wchar_t* name) {
-    TVITEMW item{};
-    item.mask = TVIF_TEXT;
-    item.hItem = node;
-    item.pszText = const_cast<wchar_t*>(name);
-    SendMessageW(window_, TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
-}
-
 void ChooserTree::SelectPath(std::wstring_view path) {
     HTREEITEM node = root_;
     for (PathComponents components(path); components.HasNext();) {

@@ -16,7 +16,6 @@ class ChooserTree : public TreeView {
     void SelectPath(std::wstring_view path);
     bool IsRoot(HTREEITEM node) const { return node == root_; }
     HTREEITEM Parent(HTREEITEM node) const { return Related(TVGN_PARENT, node); }
-    void SetName(HTREEITEM node, const wchar_t* name);
 
     /// Shows a folder just made in the node's, and selects it.
     void AddMade(HTREEITEM parent, const wchar_t* name);

@@ -5,6 +5,7 @@
 #include "app/app_state.h"
 #include "app/device_info.h"
 #include "app/dialog_frame.h"
+#include "app/name_rules.h"
 #include "app/text.h"
 #include "app/wait_cursor.h"
 #include "fileops/chooser_tree.h"
@@ -160,6 +161,7 @@ void FolderChooser::RenameSelected(HTREEITEM node, PathText& name) {
     tree_.ReadText(node, oldName);
     if (std::wstring_view(name.data()) == oldName.data())
         return;
+    name[StoredName(name.data()).size()] = L'\0';
     // A backslash would put the folder somewhere else.
     const bool isName = std::wstring_view(name.data()).find_first_of(L"\\/") == std::wstring_view::npos;
     if (!isName || !tree_.PathBelowRoot(node, oldPath) || !tree_.PathBelowRoot(tree_.Parent(node), parent) ||

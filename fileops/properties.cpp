@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "app/app_state.h"
+#include "app/name_rules.h"
 #include "app/text_format.h"
 #include "fileops/contents_page.h"
 #include "fileops/properties_page.h"
@@ -69,6 +70,7 @@ PropertiesOutcome ApplyChanges(const PropertiesRequest& request) {
     // The extension comes on top even where the field showed it: it has always doubled so.
     if (appState.fileList.options.noExtension && request.entry.kind == ItemKind::File)
         AppendExtension(name, request.entry.name.data());
+    name[StoredName(name.data()).size()] = L'\0';
 
     const bool targetChanged = ChangeTarget(request, path);
     const bool attributesChanged = ChangeAttributes(request, path);

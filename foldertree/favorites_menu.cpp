@@ -1,5 +1,6 @@
 #include "foldertree/favorites_menu.h"
 
+#include "app/menu_text.h"
 #include "platform/handles.h"
 #include "resources/resource.h"
 
@@ -57,8 +58,8 @@ class MenuBuilder {
     void AddPopup(HMENU menu) {
         MenuHandle popup(CreatePopupMenu());
         AddEntries(popup.Get());
-        if (AppendMenuW(menu, MF_POPUP | MF_STRING, reinterpret_cast<UINT_PTR>(popup.Get()),
-                        LeafOf(path_.View()).data()))
+        const OwnedText text = MenuTextOf(LeafOf(path_.View()));
+        if (AppendMenuW(menu, MF_POPUP | MF_STRING, reinterpret_cast<UINT_PTR>(popup.Get()), text.get()))
             popup.Release();
     }
 
@@ -67,7 +68,7 @@ class MenuBuilder {
         if (ExtensionOf(name).empty() || files_.size() >= favoriteLimit ||
             !scratch_.AssignChild(path_.View(), name))
             return;
-        const OwnedText text = CopyText(name.substr(0, name.size() - ExtensionOf(name).size()));
+        const OwnedText text = MenuTextOf(name.substr(0, name.size() - ExtensionOf(name).size()));
         if (AppendMenuW(menu, MF_STRING, IDM_FAVORITE_FIRST + files_.size(), text.get()))
             files_.push_back(CopyText(scratch_.View()));
     }

@@ -99,6 +99,7 @@ class FolderTree : public TreeView {
     void OnBeginLabelEdit(HTREEITEM node);
     bool OnEndLabelEdit(HTREEITEM node, const wchar_t* text);
     bool RenameEdited(HTREEITEM node, std::wstring_view name);
+    bool TakesNameAsTyped(HTREEITEM node, std::wstring_view name, std::wstring_view typed);
     void RefuseName(HTREEITEM node, const wchar_t* message);
     void EditAgain();
 

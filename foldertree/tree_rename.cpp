@@ -37,7 +37,7 @@ bool FolderTree::OnEndLabelEdit(HTREEITEM node, const wchar_t* text) {
     UpdateMenuState();
     if (!text)
         return false;
-    const std::wstring_view name(text);
+    const std::wstring_view name = StoredName(text);
     if (HasForbiddenCharacter(name))
         RefuseName(node, forbiddenNameMessage);
     else if (name.empty())
@@ -45,7 +45,15 @@ bool FolderTree::OnEndLabelEdit(HTREEITEM node, const wchar_t* text) {
     else if (editedPath_.View().find(L'\\') == std::wstring_view::npos)
         RefuseName(node, renameFailedMessage); // the device itself and the search results
     else
-        return RenameEdited(node, name);
+        return RenameEdited(node, name) && TakesNameAsTyped(node, name, text);
+    return false;
+}
+
+/// The control gives the node what was typed. True when that is its folder's name; otherwise it has that now.
+bool FolderTree::TakesNameAsTyped(HTREEITEM node, std::wstring_view name, std::wstring_view typed) {
+    if (name == typed)
+        return true;
+    SetName(node, CopyText(name).get());
     return false;
 }
 

@@ -32,6 +32,14 @@ void TreeView::Select(HTREEITEM node) {
     SendMessageW(window_, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(node));
 }
 
+void TreeView::SetName(HTREEITEM node, const wchar_t* name) {
+    TVITEMW item{};
+    item.mask = TVIF_TEXT;
+    item.hItem = node;
+    item.pszText = const_cast<wchar_t*>(name);
+    SendMessageW(window_, TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+}
+
 HTREEITEM TreeView::InsertNode(HTREEITEM parent, const wchar_t* text, int image, int selectedImage,
                                bool children) {
     TVINSERTSTRUCTW insertion{};

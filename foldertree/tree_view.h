@@ -22,6 +22,7 @@ class TreeView {
     /// The folder of a node; the root's is the empty path. False when it is too long to be one.
     bool PathBelowRoot(HTREEITEM node, Path& path) const;
     void Select(HTREEITEM node);
+    void SetName(HTREEITEM node, const wchar_t* name);
 
   protected:
     HTREEITEM InsertNode(HTREEITEM parent, const wchar_t* text, int image, int selectedImage, bool children);

@@ -8,7 +8,7 @@ std::wstring_view NewUserPath(std::wstring_view currentFolder, std::wstring_view
 }
 
 std::wstring_view TypedUserPath(std::wstring_view text, std::wstring_view deviceName) {
-    return text.empty() ? deviceName : text;
+    return text.empty() ? deviceName : StoredName(text);
 }
 
 bool HasForbiddenPathCharacter(std::wstring_view path) {

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "app/menu_text.h"
 #include "app/path.h"
 #include "platform/handles.h"
 #include "resources/resource.h"
@@ -78,7 +79,7 @@ void PreferredPrograms::Remove(std::span<const HMENU> menus) {
 
 void PreferredPrograms::Add(std::wstring_view fileName, OwnedText target, std::span<const HMENU> menus) {
     const UINT_PTR command = IDM_SENDTO_FIRST + targets_.size();
-    const OwnedText text = CopyText(ProgramMenuText(fileName));
+    const OwnedText text = MenuTextOf(ProgramMenuText(fileName));
     for (HMENU menu : menus) {
         if (targets_.empty())
             AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);

@@ -32,5 +32,7 @@ void UndoHostQuoting(wchar_t* commandLine) {
     if (closed != wrapped)
         return;
     typed.insert(typed.end(), backslashes, L'\\');
+    if (typed.empty())
+        return; // an empty path was given, which is not the same as none
     *std::copy(typed.begin(), typed.end(), commandLine) = L'\0';
 }

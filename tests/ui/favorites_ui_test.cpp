@@ -165,4 +165,25 @@ TEST_F(FavoritesUi, LoopsOfLinksAreNotFollowed) {
     EXPECT_EQ(Favorites().Texts(), (Texts{L"Add", L"Organize", L"-", L"One"}));
 }
 
+TEST_F(FavoritesUi, NamesWithAnAmpersandReadAsTheyAre) {
+    // "&&" is what menus draw as "&".
+    ShortcutTo(L"Music & Video\\R&D.lnk", "\\Windows");
+    ShortcutTo(L"Home & Away.lnk", "\\My Documents");
+    device.File(L"\\Windows\\SendTo\\Cut & Paste.exe");
+    program.Start();
+    EXPECT_EQ(Favorites().Texts(), (Texts{L"Add", L"Organize", L"-", L"Music && Video", L"Home && Away"}));
+    EXPECT_EQ(Favorites().Popup(L"Music && Video").Texts(), Texts{L"R&&D"});
+    EXPECT_EQ(program.SoftKeyMenu().Item(IDM_SENDTO_FIRST).text, L"Cut && Paste");
+    program.Command(IDM_FAVORITE_FIRST);
+    program.WaitForFolder(L"\\Windows");
+}
+
+TEST_F(FavoritesUi, AFavoriteThatIsAShortcutToAShortcutLeadsOn) {
+    device.File(L"\\Temp\\docs.lnk", "15#\"\\My Documents\"");
+    ShortcutTo(L"Docs.lnk", "\\Temp\\docs.lnk");
+    program.Start();
+    program.Command(IDM_FAVORITE_FIRST);
+    program.WaitForFolder(L"\\My Documents");
+}
+
 } // namespace

@@ -219,4 +219,16 @@ TEST_F(NavigationUi, TheGoToMenuLeadsToItsPlaces) {
     EXPECT_EQ(program.Folder(), L"\\Windows\\Favorites");
 }
 
+TEST_F(NavigationUi, BlanksAndDotsAtTheEndOfATypedPathAreNoPartOfIt) {
+    program.Start();
+    for (const wchar_t* typed : {L"\\Aa\\Bb ", L"\\Aa\\Bb.", L"\\Aa\\Bb . ."}) {
+        Visit(L"\\Dd");
+        TypeAddress(typed);
+        EXPECT_EQ(program.Folder(), L"\\Aa\\Bb");
+        EXPECT_EQ(program.List().Names(), (Texts{L"..", L"Cc"}));
+        PressKey(VK_RETURN); // opens the selected row, which leads up
+        program.WaitForFolder(L"\\Aa");
+    }
+}
+
 } // namespace

@@ -201,4 +201,14 @@ TEST_F(RenameNamesUi, AHiddenExtensionCountsForTheLongestPath) {
     EXPECT_TRUE(Becomes(deep, {std::wstring(room, L'x') + L".doc"}));
 }
 
+TEST_F(RenameNamesUi, BlanksAndDotsAtTheEndAreNoPartOfAName) {
+    StartWithFiles();
+    Rename(L"a.txt", L"b.doc. .");
+    ExpectMessage(renameFailedText); // there is one
+    Rename(L"a.txt", L"new.txt. ");
+    EXPECT_TRUE(Becomes(home, {L"b.doc", L"c.bin", L"new.txt"}));
+    EXPECT_TRUE(EditorIsGone());
+    EXPECT_EQ(List().Names(), (Texts{L"..", L"new.txt", L"b.doc", L"c.bin"}));
+}
+
 } // namespace

@@ -447,4 +447,19 @@ TEST_F(StartUpUi, AfterTheEndTheProgramStartsAnew) {
     EXPECT_EQ(program.Folder(), L"\\Temp");
 }
 
+TEST_F(StartUpUi, EverySpellingOfTheRootStartsThere) {
+    device.WriteText(settingsKey, L"LastFolder", L"\\Windows");
+    for (const wchar_t* root : {L"\\", L"\"\\\"", L"/", L"/FOLDER:\\"}) {
+        EXPECT_EQ(FolderShownBy(root), rootName) << Narrow(root);
+        EXPECT_EQ(program.List().Names(),
+                  (Texts{L"My Documents", L"Network", L"Program Files", L"Temp", L"Windows"}));
+        program.Kill();
+    }
+}
+
+TEST_F(StartUpUi, AnEmptyPathFallsBackToTheLastFolder) {
+    device.WriteText(settingsKey, L"LastFolder", L"\\Windows");
+    EXPECT_EQ(FolderShownBy(L"\"\""), L"\\Windows");
+}
+
 } // namespace

@@ -215,4 +215,18 @@ TEST_F(TreeRenameUi, AnotherCommandLeavesNoEditorOpenOverAnotherTree) {
     EXPECT_EQ(Tree().ChildrenOf(L"\\Temp"), device.NamesIn(L"\\Temp")) << "kept or committed, both agree";
 }
 
+TEST_F(TreeRenameUi, BlanksAndDotsAtTheEndAreNoPartOfAName) {
+    device.File(L"\\Temp\\old\\inside.txt");
+    StartAt(L"\\Temp\\old");
+    RenameTo(L"new. ");
+    WaitFor("for the new name", [&] { return Tree().Has(L"\\Temp\\new"); });
+    EXPECT_TRUE(EditorIsGone());
+    EXPECT_EQ(Tree().SelectedPath(), L"\\Temp\\new");
+    EXPECT_FALSE(Tree().Has(L"\\Temp\\new. "));
+    EXPECT_TRUE(device.IsFolder(L"\\Temp\\new"));
+    EXPECT_EQ(program.List().Names(), (Texts{L"..", L"inside"}));
+    program.Command(IDM_MENU_REFRESH);
+    EXPECT_EQ(program.List().Names(), (Texts{L"..", L"inside"}));
+}
+
 } // namespace
