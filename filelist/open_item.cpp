@@ -9,20 +9,31 @@
 
 namespace {
 
+/// So many shortcuts to shortcuts are followed: they may lead round in a circle.
+constexpr int mostShortcuts = 16;
+
 struct Launch {
     Path program;
     Path parameters;
 };
 
-/// What opening the file starts: itself, or what the shortcut leads to. False when that is not on the device.
+/// What opening the file starts: itself, or what the shortcut, or the last of shortcuts to shortcuts, leads
+/// to. The first of them that says what its program is given says it for all. False when that is not on the
+/// device.
 bool ReadLaunch(const Path& path, Launch& launch) {
     launch.program = path;
-    wchar_t text[pathCapacity] = {};
-    if (!EqualNoCase(ExtensionOf(path.View()), L".LNK") ||
-        !ce::SHGetShortcutTarget(path.Text(), text, static_cast<int>(pathCapacity)))
-        return true;
-    const ShortcutTarget target = SplitShortcutTarget(text);
-    return TakeOutsideProgram(target.program, launch.program) && launch.parameters.Assign(target.parameters);
+    for (int followed = 0; followed <= mostShortcuts; ++followed) {
+        wchar_t text[pathCapacity] = {};
+        if (!EqualNoCase(ExtensionOf(launch.program.View()), L".LNK") ||
+            !ce::SHGetShortcutTarget(launch.program.Text(), text, static_cast<int>(pathCapacity)))
+            return true;
+        const ShortcutTarget target = SplitShortcutTarget(text);
+        if (launch.parameters.IsEmpty() && !launch.parameters.Assign(target.parameters))
+            return false;
+        if (!TakeOutsideProgram(target.program, launch.program))
+            return false;
+    }
+    return false;
 }
 
 bool LeadsToFolder(const Launch& launch) {

@@ -4,6 +4,7 @@
 
 #include <thread>
 
+#include "tests/support/stand_in.h"
 #include "tests/support/ui_test.h"
 
 namespace {
@@ -131,6 +132,43 @@ TEST_F(OpenAndTapUi, ADoubleTapOpens) {
     program.List().Select(L"Sub");
     DoubleTap(program.List().PointOf(L"Sub"));
     program.WaitForFolder(L"\\T\\Sub");
+}
+
+TEST_F(OpenAndTapUi, ShortcutsToShortcutsAreFollowed) {
+    device.File(L"\\T\\first.lnk", "10#\\T\\way.lnk");
+    device.File(L"\\T\\before.lnk", "14#\"\\T\\first.lnk\"");
+    device.File(L"\\T\\top.lnk", "3#\"\\\"");
+    program.Command(IDM_MENU_REFRESH);
+    for (const wchar_t* name : {L"first", L"before"}) {
+        Open(name);
+        program.WaitForFolder(L"\\Windows");
+        program.Command(IDM_TOOLBAR_BACK);
+        program.WaitForFolder(L"\\T");
+    }
+    Open(L"top");
+    program.WaitForFolder(L"My PocketPC");
+    EXPECT_TRUE(program.List().Has(L"My Documents"));
+}
+
+TEST_F(OpenAndTapUi, AShortcutToAShortcutStartsItsProgram) {
+    StandIn tool(L"\\T\\tool.exe");
+    device.File(L"\\T\\inner.lnk", "18#\\T\\tool.exe inner");
+    device.File(L"\\T\\plain.lnk", "12#\\T\\inner.lnk");
+    device.File(L"\\T\\outer.lnk", "18#\\T\\inner.lnk outer");
+    program.Command(IDM_MENU_REFRESH);
+    Open(L"plain");
+    EXPECT_TRUE(Eventually([&] { return tool.Starts() == Texts{L"inner"}; }));
+    Open(L"outer");
+    EXPECT_TRUE(Eventually([&] { return tool.Starts() == Texts{L"inner", L"outer"}; }));
+}
+
+TEST_F(OpenAndTapUi, ShortcutsThatLeadRoundInACircleLeadNowhere) {
+    device.File(L"\\T\\one.lnk", "10#\\T\\two.lnk");
+    device.File(L"\\T\\two.lnk", "10#\\T\\one.lnk");
+    program.Command(IDM_MENU_REFRESH);
+    Open(L"one");
+    ExpectNothing();
+    EXPECT_FALSE(program.HasMessageBox());
 }
 
 } // namespace
