@@ -100,3 +100,9 @@ INT_PTR DialogFrame::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
         return OnMessage(message, wParam, lParam);
     }
 }
+
+void FitOnlyColumn(HWND view) {
+    RECT client{};
+    GetClientRect(view, &client);
+    SendMessageW(view, LVM_SETCOLUMNWIDTH, 0, MAKELPARAM(client.right, 0));
+}

@@ -73,3 +73,6 @@ class DialogFrame {
     const DialogLook& look_;
     HWND window_ = nullptr;
 };
+
+/// Makes the one column of a list view as wide as its rows can be seen: a scroll bar takes some of the width.
+void FitOnlyColumn(HWND view);

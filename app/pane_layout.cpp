@@ -11,7 +11,7 @@ namespace {
 constexpr int paneGap = 4;
 constexpr int addressOverlap = 2; // the panes reach this far up under the address bar
 constexpr int splitMargin = 20;   // the border stays this far from the ends
-constexpr std::int32_t coordinateLimit = 32000;
+constexpr int leastExtent = splitMargin - paneGap;
 constexpr int smallScreenHeight = 220;
 constexpr int smallLayoutHeight = 185;
 
@@ -19,6 +19,28 @@ int WindowHeight(HWND window) {
     RECT rect{};
     GetWindowRect(window, &rect);
     return rect.bottom - rect.top;
+}
+
+/// What lies between the bars.
+struct PaneArea {
+    int top;
+    int height;
+};
+
+PaneArea AreaOf(const LayoutInput& input) {
+    const int overlap = input.addressBarShown ? addressOverlap : 0;
+    const int top = (input.addressBarShown ? input.addressBarHeight : 0) - overlap;
+    int height = input.height - (input.addressBarShown ? input.addressBarHeight : 0) -
+                 (input.statusBarShown ? input.statusBarHeight : 0) + overlap;
+    if (!input.addressBarShown && !input.statusBarShown)
+        ++height;
+    return {top, height};
+}
+
+/// The extent that the tree is given of `whole`: a stored one may be anything, and beyond where the border
+/// can be dragged to nobody could bring it back.
+int ReachableExtent(std::int32_t stored, int whole) {
+    return std::clamp<int>(stored, leastExtent, std::max(leastExtent, whole - splitMargin - 1));
 }
 
 LayoutInput CurrentLayout() {
@@ -32,9 +54,8 @@ LayoutInput CurrentLayout() {
     input.statusBarHeight = input.statusBarShown ? WindowHeight(appState.statusBar) : 0;
     input.treeShown = settings.showFolderTree != 0;
     input.sideBySide = settings.viewSide != 0;
-    // A stored size may be anything; beyond this no coordinate means anything either.
-    input.treeWidth = std::clamp(settings.treeViewWidth, -coordinateLimit, coordinateLimit);
-    input.treeHeight = std::clamp(settings.treeViewHeight, -coordinateLimit, coordinateLimit);
+    input.treeWidth = ReachableExtent(settings.treeViewWidth, input.width);
+    input.treeHeight = ReachableExtent(settings.treeViewHeight, AreaOf(input).height);
     return input;
 }
 
@@ -54,13 +75,7 @@ PanePlaces ArrangePanes(const LayoutInput& input) {
     places.addressBar = {0, 0, input.width, input.addressBarHeight};
     places.statusBar = {0, input.height - input.statusBarHeight, input.width, input.statusBarHeight};
 
-    const int overlap = input.addressBarShown ? addressOverlap : 0;
-    const int top = (input.addressBarShown ? input.addressBarHeight : 0) - overlap;
-    int height = input.height - (input.addressBarShown ? input.addressBarHeight : 0) -
-                 (input.statusBarShown ? input.statusBarHeight : 0) + overlap;
-    if (!input.addressBarShown && !input.statusBarShown)
-        ++height;
-
+    const auto [top, height] = AreaOf(input);
     if (!input.treeShown) {
         places.list = {0, top, input.width, height};
     } else if (input.sideBySide) {
@@ -117,8 +132,9 @@ void LayoutPanes() {
 void BeginSplit(LPARAM pointer) {
     appState.splitDragging = appState.settings.showFolderTree != 0;
     appState.splitPress = PointOf(pointer);
-    appState.splitPressWidth = appState.settings.treeViewWidth;
-    appState.splitPressHeight = appState.settings.treeViewHeight;
+    const LayoutInput layout = CurrentLayout();
+    appState.splitPressWidth = layout.treeWidth;
+    appState.splitPressHeight = layout.treeHeight;
 }
 
 void DragSplitter(LPARAM pointer) {

@@ -41,8 +41,8 @@ std::optional<std::size_t> ReadBytes(HKEY key, const wchar_t* name, std::span<st
 bool ReadText(HKEY key, const wchar_t* name, std::span<wchar_t> field) {
     std::array<wchar_t, registryValueLimit / sizeof(wchar_t)> buffer;
     const std::optional<std::size_t> stored = Query(key, name, buffer.data());
-    if (!stored)
-        return false;
+    if (!stored || *stored < sizeof(wchar_t))
+        return false; // no text, not even an empty one
     const std::wstring_view characters(buffer.data(), *stored / sizeof(wchar_t));
     CopyTextTo(field, characters.substr(0, characters.find(L'\0')));
     return true;

@@ -26,7 +26,7 @@ void ReadNumber(HKEY key, const wchar_t* name, Number& number) {
 }
 
 /// Reads a text, cut to fit and always terminated; what stands in `field` behind the terminator stays.
-/// False when there is no such value.
+/// False when there is no such value, or one without even a terminator.
 bool ReadText(HKEY key, const wchar_t* name, std::span<wchar_t> field);
 
 /// Writes bytes as REG_BINARY.

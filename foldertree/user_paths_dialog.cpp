@@ -65,6 +65,7 @@ HWND UserPathsDialog::OnInit() {
     FitView();
     for (std::size_t row = 0; row < paths_.size(); ++row)
         InsertRow(row);
+    FitOnlyColumn(View());
     if (!paths_.empty())
         SelectRow(0);
     GreyMenuEntries();
@@ -82,12 +83,10 @@ void UserPathsDialog::FitView() {
     corner = {place.left, place.top};
     ScreenToClient(Window(), &corner);
     SetWindowPos(View(), nullptr, 0, corner.y, client.right, client.bottom - corner.y, SWP_NOZORDER);
-    GetClientRect(View(), &client);
     wchar_t heading[] = L"Path";
     LVCOLUMNW column{};
-    column.mask = LVCF_FMT | LVCF_WIDTH | LVCF_TEXT;
+    column.mask = LVCF_FMT | LVCF_TEXT;
     column.fmt = LVCFMT_LEFT;
-    column.cx = client.right;
     column.pszText = heading;
     SendMessageW(View(), LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
 }
@@ -155,6 +154,7 @@ void UserPathsDialog::AddPath() {
     paths_.push_back(CopyText(NewUserPath(appState.fileList.CurrentFolder().View(), DeviceDisplayName())));
     const std::size_t row = paths_.size() - 1;
     InsertRow(row);
+    FitOnlyColumn(View());
     SelectRow(row);
     GreyMenuEntries();
     EditPath(static_cast<int>(row));
@@ -166,6 +166,7 @@ void UserPathsDialog::DeletePath() {
         return;
     SendMessageW(View(), LVM_DELETEITEM, static_cast<WPARAM>(row), 0);
     paths_.erase(paths_.begin() + row);
+    FitOnlyColumn(View());
     // The next one is selected, so that keys alone can go on.
     if (!paths_.empty())
         SelectRow(std::min(static_cast<std::size_t>(row), paths_.size() - 1));

@@ -107,7 +107,7 @@ void ChooseProgramDialog::ShowPrograms(std::wstring_view selectProgram) {
         AddProgram(record, row++);
     }
     SelectRow(RowToSelect(selectProgram));
-    FitColumn();
+    FitOnlyColumn(List());
     ShowWindow(List(), SW_SHOW);
     SetFocus(List());
 }
@@ -147,13 +147,6 @@ void ChooseProgramDialog::SelectRow(int row) {
     item.state = LVIS_SELECTED | LVIS_FOCUSED;
     SendMessageW(List(), LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
     SendMessageW(List(), LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
-}
-
-/// As wide as the rows can be seen: a scroll bar takes some of it.
-void ChooseProgramDialog::FitColumn() {
-    RECT client{};
-    GetClientRect(List(), &client);
-    SendMessageW(List(), LVM_SETCOLUMNWIDTH, 0, MAKELPARAM(client.right, 0));
 }
 
 const ProgramRecord* ChooseProgramDialog::Selected() const {

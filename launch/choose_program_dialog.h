@@ -27,7 +27,6 @@ class ChooseProgramDialog final : public DialogFrame {
     int IconOf(const ProgramRecord& record);
     int RowToSelect(std::wstring_view selectProgram) const;
     void SelectRow(int row);
-    void FitColumn();
     /// The selected program: the first of its description. Null when none is selected.
     const ProgramRecord* Selected() const;
     void StartOnFile(const ProgramRecord& record) const;

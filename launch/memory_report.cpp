@@ -1,10 +1,18 @@
 #include "launch/memory_report.h"
 
+#include <array>
+
 #include "app/path.h"
 #include "app/text.h"
 #include "app/text_format.h"
 
-MemoryReport::MemoryReport() : length_(FormatText(text_, L"Memory Status")) {}
+MemoryReport::MemoryReport() : text_(1, L'\0') {
+    Append(L"Memory Status");
+}
+
+void MemoryReport::Append(std::wstring_view text) {
+    text_.insert(text_.end() - 1, text.begin(), text.end());
+}
 
 void MemoryReport::Add(std::wstring_view label, std::uint64_t freeBytes, std::uint64_t totalBytes) {
     std::array<wchar_t, 64> freeText{};
@@ -15,8 +23,5 @@ void MemoryReport::Add(std::wstring_view label, std::uint64_t freeBytes, std::ui
     const OwnedText terminated = CopyText(label);
     const std::size_t length =
         FormatText(line, L"\r\n%s: %s / %s", terminated.get(), freeText.data(), totalText.data());
-    if (length >= text_.size() - length_)
-        return;
-    CopyTextTo(std::span(text_).subspan(length_), line.data());
-    length_ += length;
+    Append({line.data(), length});
 }

@@ -1,7 +1,5 @@
 #include "launch/memory_status.h"
 
-#include <memory>
-
 #include "app/app_state.h"
 #include "app/dialog_frame.h"
 #include "launch/memory_report.h"
@@ -48,11 +46,11 @@ class MemoryDialog final : public DialogFrame {
 
   private:
     HWND OnInit() override {
-        const auto report = std::make_unique<MemoryReport>(); // too big for the phone's stack
-        AddProgramMemory(*report);
-        AddVolume(*report, L"\\", L"Data\t");
-        AddCards(*report);
-        SetDlgItemTextW(Window(), IDC_MEMORY_TEXT, report->Text());
+        MemoryReport report;
+        AddProgramMemory(report);
+        AddVolume(report, L"\\", L"Data\t");
+        AddCards(report);
+        SetDlgItemTextW(Window(), IDC_MEMORY_TEXT, report.Text());
         SendDlgItemMessageW(Window(), IDC_MEMORY_TEXT, EM_SETSEL, 0, 0);
         return Control(IDC_MEMORY_TEXT);
     }

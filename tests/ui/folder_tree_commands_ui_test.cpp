@@ -141,4 +141,21 @@ TEST_F(FolderTreeCommandsUi, TheDeviceAndTheSearchResultsAreNothingToWorkOn) {
     EXPECT_TRUE(device.Exists(L"\\My Documents"));
 }
 
+TEST_F(FolderTreeCommandsUi, HiddenFoldersAreWorkedOnToo) {
+    device.SetAttributes(L"\\Temp\\Home", FILE_ATTRIBUTE_HIDDEN);
+    program.Command(IDM_EDIT_COPY_PATH);
+    EXPECT_EQ(ClipboardText(), L"\\Temp\\Home");
+    ExpectShown(L"\\Temp\\Home");
+    program.Command(IDM_TOOLBAR_CUT);
+    program.HandOverFolder(L"\\Temp\\Other");
+    program.PostCommand(IDM_TOOLBAR_PASTE);
+    EXPECT_TRUE(Eventually([&] { return device.Exists(L"\\Temp\\Other\\Home\\inside.txt"); }));
+    WaitFor("for its node", [&] { return Tree().Has(L"\\Temp\\Other\\Home"); });
+    program.HandOverFolder(L"\\Temp\\Other\\Home");
+    program.PostCommand(IDM_FILE_DELETE);
+    AnswerDelete(IDM_ANSWER_YES);
+    EXPECT_FALSE(device.Exists(L"\\Temp\\Other\\Home"));
+    ExpectShown(L"\\Temp\\Other");
+}
+
 } // namespace

@@ -267,4 +267,34 @@ TEST_F(PaneLayoutUi, WithoutOverlappedTheWindowIsShownAsItIs) {
     EXPECT_TRUE(IsWindowVisible(program.Window()));
 }
 
+TEST_F(PaneLayoutUi, AStoredSizeBeyondThePanesLeavesBothInReach) {
+    for (const std::uint32_t side : {0u, 1u}) {
+        for (const std::uint32_t size :
+             {0x7FFFFFFFu, 5000u, static_cast<std::uint32_t>(width), 0u, 0x80000000u}) {
+            SCOPED_TRACE(testing::Message() << "side " << side << ", size " << size);
+            device.WriteNumber(settingsKey, L"ShowFolder", 1);
+            device.WriteNumber(settingsKey, L"ViewSide", side);
+            device.WriteNumber(settingsKey, L"TreeViewWidth", size);
+            device.WriteNumber(settingsKey, L"TreeViewHeight", size);
+            program.Start();
+            const auto extent = [&](const Place& place) { return side ? place.width : place.height; };
+            EXPECT_GE(extent(ListPlace()), 16);
+            EXPECT_GE(extent(TreePlace()), 16);
+            program.Close();
+            EXPECT_EQ(device.NumberValue(settingsKey, side ? L"TreeViewWidth" : L"TreeViewHeight"), size);
+
+            program.Start();
+            const POINT gap = GapPoint();
+            const POINT middle =
+                side ? POINT{width / 2, gap.y} : POINT{gap.x, PlaceOf(program.Window()).top + height / 2};
+            const LONG before = extent(TreePlace());
+            Drag(gap, middle);
+            EXPECT_TRUE(Eventually([&] { return extent(TreePlace()) != before; }));
+            EXPECT_GE(extent(ListPlace()), 40);
+            EXPECT_GE(extent(TreePlace()), 40);
+            program.Kill();
+        }
+    }
+}
+
 } // namespace

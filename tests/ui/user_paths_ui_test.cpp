@@ -249,4 +249,33 @@ TEST_F(UserPathsUi, ThePathsAreStoredAtTheEnd) {
     EXPECT_EQ(device.TextValue(settingsKey, L"OpenPthInfo1"), L"\\A");
 }
 
+TEST_F(UserPathsUi, ANameWithAnAmpersandReadsAsItIs) {
+    StartIn(L"\\Music & Video");
+    Dialog dialog = Open();
+    Add(dialog, L"\\Music & Video");
+    Close(dialog);
+    EXPECT_EQ(PathsInMenu(), (Texts{L"-", L"Music && Video", L"-", L"User Path"})); // drawn as one "&"
+}
+
+TEST_F(UserPathsUi, NoNumberOfPathsNeedsABarBelow) {
+    StartIn(L"\\A");
+    Dialog dialog = Open();
+    for (int path = 0; path < BUILT_ENTRY_LIMIT; ++path)
+        Add(dialog, L"\\A");
+    const auto expectFitting = [&] {
+        RECT client{};
+        GetClientRect(RowsOf(dialog).Window(), &client);
+        EXPECT_EQ(RowsOf(dialog).ColumnWidth(0), client.right);
+        EXPECT_EQ(RowsOf(dialog).Style() & WS_HSCROLL, 0u);
+    };
+    expectFitting();
+    Close(dialog);
+    dialog = Open();
+    expectFitting();
+    while (RowsOf(dialog).Count() > 1)
+        Ask(dialog.Window(), WM_COMMAND, IDM_USER_PATH_DELETE);
+    expectFitting();
+    EXPECT_EQ(RowsOf(dialog).Style() & WS_VSCROLL, 0u);
+}
+
 } // namespace
