@@ -172,10 +172,11 @@ process_of() {
     return 1
 }
 
-# start_program [WxH]: the program, showing $folder if that is set, in the virtual desktop "phone". It keeps the
-# device's lock (9) as long as anything runs there, whatever becomes of us.
+# start_program [WxH]: the program, showing $folder if that is set, in the virtual desktop "phone"; in the person's
+# locale if it is $for_person. It keeps the device's lock (9) as long as anything runs there, whatever becomes of us.
 start_program() {
     local argument=()
+    [[ -z ${for_person:-} ]] || restore_locale
     [[ -z $folder ]] || argument=("$folder")
     # shellcheck disable=SC2154  # the caller's
     WINEPREFIX=$prefix exec setsid wine explorer "/desktop=phone${1:+,$1}" \

@@ -19,8 +19,22 @@ product_version() {
     sed -n 's/.*VALUE "ProductVersion", "\(.*\)"/\1/p' "$house/resources/version.rc"
 }
 
-# File names outside ASCII need a UTF-8 locale; the pictures and tests the same one everywhere.
+# File names outside ASCII need a UTF-8 locale; the pictures and tests the same one everywhere. What is a person's
+# gets the person's back.
+persons_locale=${LC_ALL:-}
 export LC_ALL=C.UTF-8
+
+# restore_locale: the person's own, as far as file names allow.
+restore_locale() {
+    export LC_ALL=$persons_locale
+    [[ -n $LC_ALL ]] || unset LC_ALL
+    [[ $(locale charmap 2>/dev/null) != UTF-8 ]] || return
+    if [[ -n ${LC_ALL:-} ]]; then
+        unset "${!LC_@}"
+        export LANG=$persons_locale
+    fi
+    export LC_CTYPE=C.UTF-8
+}
 
 # Some services start without it.
 export HOME=${HOME:-$(getent passwd "$(id -u)" | cut -d: -f6)}

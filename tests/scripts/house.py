@@ -123,6 +123,12 @@ class House:
             raise RuntimeError("the program does not start: " + process.said())
         return process
 
+    def environment_of_program(self):
+        """What the program was started with, be it on the device or for a picture."""
+        process = eventually(lambda: self.processes("TarvikFileManag"))[0]
+        entries = Path(f"/proc/{process}/environ").read_bytes().decode().split("\0")
+        return dict(entry.split("=", 1) for entry in entries if entry)
+
     def handed_over(self):
         """The folders that the program was given while it ran."""
         file = self.prefix / "handed over"
