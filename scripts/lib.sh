@@ -217,12 +217,30 @@ check_build_folder() {
         "Give yourself the right to, or clone afresh"
 }
 
+# follow_build: hands on what a build says, and shows how far it is: on a terminal in a line that changes, else at
+# every quarter of one that takes long.
+follow_build() {
+    local line percent shown=0
+    while IFS= read -r line; do
+        printf '%s\n' "$line"
+        [[ $line =~ ^\[([0-9]+)/([0-9]+)\] ]] || continue
+        percent=$((BASH_REMATCH[1] * 100 / BASH_REMATCH[2]))
+        if [[ -t 2 ]]; then
+            printf '\r  %d of %d (%d %%)\e[K' "${BASH_REMATCH[@]:1}" "$percent" >&2
+        elif ((BASH_REMATCH[2] >= 40 && percent / 25 > shown)); then
+            shown=$((percent / 25))
+            say "  $percent %"
+        fi
+    done
+    [[ ! -t 2 ]] || printf '\r\e[K' >&2
+}
+
 # log_run PRESET COMMAND...: runs a step of the build, its output into build/PRESET.log. One at a time: the tests
 # start what builds, too.
 log_run() {
     local log=$house/build/$1.log
     shift
-    (flock 6 && cd "$house" && "$@" >"$log" 2>&1 </dev/null 6>&-) 6>"$house/build/lock" || {
+    (flock 6 && cd "$house" && "$@" 2>&1 </dev/null 6>&- | follow_build >"$log") 6>"$house/build/lock" || {
         tail -n 30 "$log" >&2
         fail "building failed" "See the lines above (all of it: $log); after moving the folder: rm -r build"
     }

@@ -78,6 +78,15 @@ class Building(unittest.TestCase):
         self.assertIn("the fault", said)
         self.assertNotIn("an old log", said)
 
+    def test_a_long_build_says_how_far_it_is(self):
+        (self.house.bin / "cmake").write_text(
+            '#!/bin/sh\n[ "$1" = --build ] || exit 0\nfor step in $(seq 80); do echo "[$step/80] Building"; done\nexit 1\n'
+        )
+        said = self.house.run()[1]
+        shown = [line for line in said.splitlines() if line.endswith("%")]
+        self.assertEqual(shown, [f"»   {percent} %" for percent in (25, 50, 75, 100)])
+        self.assertIn("[80/80] Building", (self.build / "desktop.log").read_text())
+
     def test_measurements_that_there_are_not(self):
         runner = self.house.place / "tests/support/run_on_device.sh"
         runner.parent.mkdir(parents=True)
