@@ -12,12 +12,17 @@ namespace {
 
 constexpr std::wstring_view folderPrefix = L"/FOLDER:";
 
+/// The handle by which a window comes forward together with what it owns, such as an open dialog.
+HWND WithOwned(HWND window) {
+    return reinterpret_cast<HWND>(reinterpret_cast<UINT_PTR>(window) | 1);
+}
+
 /// Brings the running instance forward and shows it the folder this start was given.
 void HandOverToRunningInstance() {
     HWND window = FindWindowW(instanceName, nullptr);
     if (!window)
         return;
-    SetForegroundWindow(window);
+    ce::SetForegroundWindow(WithOwned(window));
     if (!appState.startPath)
         return;
     COPYDATASTRUCT data{};

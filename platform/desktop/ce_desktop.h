@@ -144,6 +144,10 @@ HWND SHFindMenuBar(HWND parent);
 HWND CreateWindowExW(DWORD exStyle, const wchar_t* className, const wchar_t* title, DWORD style, int x, int y,
                      int width, int height, HWND parent, HMENU menu, HINSTANCE instance, void* parameter);
 
+/// Brings a window forward. With the lowest bit of its handle set, as on the phone, together with what it
+/// owns; the program of such a window sees to it that this has the keys.
+BOOL SetForegroundWindow(HWND window);
+
 // --- dialogs.cpp ---
 
 /// Sizes the dialog to the work area and, with SHIDIF_SIPDOWN, puts the input panel away.

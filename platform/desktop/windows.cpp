@@ -82,6 +82,16 @@ void RenewMessageTime() {
     PeekMessageW(&message, threadItself, UM_RENEW_MESSAGE_TIME, UM_RENEW_MESSAGE_TIME, PM_REMOVE);
 }
 
+/// The window that takes the keys in place of one that is greyed under its dialog. Null for one that takes
+/// them itself.
+HWND WindowInFrontOf(HWND window) {
+    if (IsWindowEnabled(window))
+        return nullptr;
+    HWND parent = MenuBarParent(FrontMenuBar());
+    HWND front = parent ? GetAncestor(parent, GA_ROOT) : nullptr;
+    return front != window ? front : nullptr;
+}
+
 LRESULT CALLBACK OnWindowEvent(int code, WPARAM wParam, LPARAM lParam) {
     HWND window = reinterpret_cast<HWND>(wParam);
     switch (code) {
@@ -93,6 +103,10 @@ LRESULT CALLBACK OnWindowEvent(int code, WPARAM wParam, LPARAM lParam) {
             RenewMessageTime();
         if (IsTitleStrip(window) || IsMenuBar(window))
             break;
+        if (HWND front = WindowInFrontOf(window)) {
+            SetActiveWindow(front);
+            return 1; // the greyed window stays where it is
+        }
         FollowWindow(window);
         ShowTitleOf(window);
         break;
@@ -171,4 +185,9 @@ HWND ce::CreateWindowExW(DWORD exStyle, const wchar_t* className, const wchar_t*
     if (style & WS_VISIBLE)
         ShowWindow(window, SW_SHOW);
     return window;
+}
+
+BOOL ce::SetForegroundWindow(HWND window) {
+    constexpr UINT_PTR withOwned = 1; // which the desktop's windows always come with
+    return ::SetForegroundWindow(reinterpret_cast<HWND>(reinterpret_cast<UINT_PTR>(window) & ~withOwned));
 }

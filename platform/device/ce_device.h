@@ -99,6 +99,7 @@ using ::GetProcAddressW;
 using ::MoveFileW;
 using ::RemoveDirectoryW;
 using ::SetFileAttributesW;
+using ::SetForegroundWindow;
 using ::SHCreateMenuBar;
 using ::SHCreateShortcut;
 using ::ShellExecuteEx;
