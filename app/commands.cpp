@@ -114,9 +114,9 @@ void OperateOnSelection(int id) {
     FileList& list = appState.fileList;
     switch (id) {
     case IDM_TOOLBAR_COPY:
-        return list.CopySelection();
+        return void(list.CopySelection());
     case IDM_TOOLBAR_CUT:
-        return list.CutSelection();
+        return void(list.CutSelection());
     case IDM_FILE_SHORTCUT:
         return list.ShortcutsHere();
     case IDM_EDIT_COPY_NAME:
@@ -177,13 +177,13 @@ void OnCopyOrCut(int id) {
 
 void OnPaste(int) {
     if (IsListFocused() || IsTreeFocused())
-        appState.fileList.Paste(true);
+        appState.fileList.Paste();
     else
         SendMessageW(GetFocus(), WM_PASTE, 0, 0);
 }
 
 void OnPasteShortcut(int) {
-    appState.fileList.PasteShortcut(true);
+    appState.fileList.PasteShortcut();
 }
 
 // --- View ---

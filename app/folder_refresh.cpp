@@ -3,6 +3,7 @@
 #include "app/address_bar.h"
 #include "app/app_state.h"
 #include "app/file_facts.h"
+#include "app/gestures.h"
 #include "app/main_window.h"
 
 namespace {
@@ -33,9 +34,8 @@ void OnLookAgain() {
 }
 
 void RefreshAfterChange() {
-    // It would close the editor over a name half typed, overwrite an address half typed, or take away the
-    // entries that are dragged or that a menu was opened for.
-    if (appState.labelEditing || appState.dragging || appState.menuOpen || IsAddressBeingTyped())
+    // Nor is an address half typed overwritten.
+    if (IsGestureRunning() || IsAddressBeingTyped())
         return StartDelay();
     KillTimer(appState.mainWindow, refreshTimer);
     appState.folderTree.RefreshRoot();

@@ -62,10 +62,10 @@ MenuFacts GatherMenuFacts() {
     facts.textToPaste = IsClipboardFormatAvailable(CF_UNICODETEXT) != FALSE;
     if (facts.focus == Focus::List) {
         const int first = list.FirstSelected();
-        const FileItem* item = list.ItemAt(first);
+        const std::optional<SelectionEntry> entry = list.EntryAt(first);
         facts.selectedCount = list.SelectedCount();
         facts.anySelected = first >= 0;
-        facts.firstIsFile = item && item->kind == ItemKind::File;
+        facts.firstIsFile = entry && entry->kind == ItemKind::File;
     }
     return facts;
 }

@@ -8,19 +8,23 @@
 #include "filelist/file_list.h"
 #include "filelist/tree_report.h"
 
-void FileList::CutSelection() {
+bool FileList::CutSelection() {
     if (SelectedCount() < 1)
-        return;
+        return false;
     FillClipboard(Transfer::Move);
     MarkSelectionCut(true);
+    return true;
 }
 
 /// Unlike a cut, copying nothing empties the clipboard.
-void FileList::CopySelection() {
-    if (SelectedCount() < 1)
-        return EmptyClipboard();
+bool FileList::CopySelection() {
+    if (SelectedCount() < 1) {
+        EmptyClipboard();
+        return false;
+    }
     FillClipboard(Transfer::Copy);
     MarkSelectionCut(false);
+    return true;
 }
 
 void FileList::FillClipboard(Transfer transfer) {
@@ -46,22 +50,28 @@ void FileList::MarkSelectionCut(bool cut) {
     }
 }
 
-void FileList::Paste(bool relist) {
-    if (clipboard.IsEmpty())
+void FileList::Paste() {
+    PasteInto(currentFolder_, true);
+}
+
+void FileList::PasteInto(const Path& folder, bool relist) {
+    const Path destination = folder;
+    // A copy: while the job runs, something else may be cut or copied.
+    FileClipboard pasted = clipboard;
+    if (pasted.IsEmpty())
         return;
-    if (!std::ranges::all_of(clipboard.entries, StillExists)) {
+    if (!std::ranges::all_of(pasted.entries, StillExists)) {
         MessageBoxW(appState.mainWindow,
                     L"You cannot paste this file. The source file may have been deleted.", L"", MB_ICONHAND);
         return EmptyClipboard();
     }
-    const Path destination = currentFolder_;
-    const bool moves = clipboard.transfer == Transfer::Move;
-    if (TransferEntries(clipboard.transfer, clipboard.sourceFolder, destination, clipboard.entries)) {
+    const bool moves = pasted.transfer == Transfer::Move;
+    if (TransferEntries(pasted.transfer, pasted.sourceFolder, destination, pasted.entries)) {
         if (relist)
             GoToFolder(destination.View(), treeSelectOnly);
-        if (moves && clipboard.sourceFolder.IsSearchFolder())
-            FollowMovedResults(destination);
-        if (TellTreeOfFolders(clipboard.entries, ReportedFolders::All))
+        if (moves && pasted.sourceFolder.IsSearchFolder())
+            FollowMovedResults(pasted.entries, destination);
+        if (TellTreeOfFolders(pasted.entries, ReportedFolders::All))
             appState.folderTree.SelectPath(destination.View(), true, relist);
     }
     if (moves)
@@ -69,22 +79,24 @@ void FileList::Paste(bool relist) {
 }
 
 /// Search results stay where they are in the list and name the new place.
-void FileList::FollowMovedResults(const Path& destination) {
-    for (const SelectionEntry& entry : clipboard.entries) {
+void FileList::FollowMovedResults(std::span<const SelectionEntry> entries, const Path& destination) {
+    for (const SelectionEntry& entry : entries) {
         if (SearchResult* result = searchResults.Find(entry.folder.data(), entry.name.data()))
             searchResults.SetFolder(*result, destination.View());
     }
 }
 
-void FileList::PasteShortcut(bool relist) {
+void FileList::PasteShortcut() {
     if (clipboard.IsEmpty())
         return;
     const Path destination = currentFolder_;
-    {
-        const WaitCursor wait;
-        for (const SelectionEntry& entry : clipboard.entries)
-            MakeShortcut(destination.View(), entry.folder.data(), entry.name.data());
-    }
-    if (relist)
-        GoToFolder(destination.View(), treeSelectOnly);
+    PasteShortcutInto(destination);
+    GoToFolder(destination.View(), treeSelectOnly);
+}
+
+void FileList::PasteShortcutInto(const Path& destination) {
+    const std::vector<SelectionEntry> entries = clipboard.entries; // as above
+    const WaitCursor wait;
+    for (const SelectionEntry& entry : entries)
+        MakeShortcut(destination.View(), entry.folder.data(), entry.name.data());
 }

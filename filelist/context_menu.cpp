@@ -25,13 +25,13 @@ void Prepare(HMENU popup, int number, const FileList& list) {
 
 bool ShowContextMenu(const FileList& list, POINT point) {
     HWND view = list.Window();
-    const FileItem* first = list.ItemAt(list.FirstSelected());
+    const std::optional<SelectionEntry> first = list.EntryAt(list.FirstSelected());
     ContextSelection selection;
     selection.count = list.SelectedCount();
-    selection.any = first != nullptr;
+    selection.any = first.has_value();
     if (first) {
         selection.firstIsFile = first->kind == ItemKind::File;
-        selection.firstName = first->name.get();
+        selection.firstName = first->name.data();
     }
     const int number = ContextPopup(selection);
     if (number == noContextPopup)

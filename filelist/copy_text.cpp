@@ -22,13 +22,13 @@ void PutOnClipboard(std::wstring_view text) {
 } // namespace
 
 void FileList::CopyNameToClipboard() {
-    if (const FileItem* item = ItemAt(FirstSelected()))
-        PutOnClipboard(item->name.get());
+    if (const std::optional<SelectionEntry> entry = EntryAt(FirstSelected()))
+        PutOnClipboard(entry->name.data());
 }
 
 void FileList::CopyPathToClipboard() {
     Path path;
-    const FileItem* item = ItemAt(FirstSelected());
-    if (item && path.AssignChild(item->folder, item->name.get()))
+    const std::optional<SelectionEntry> entry = EntryAt(FirstSelected());
+    if (entry && path.AssignChild(entry->folder.data(), entry->name.data()))
         PutOnClipboard(path.View());
 }

@@ -26,18 +26,6 @@ wchar_t* SizeText(FileItem& item) {
     return item.sizeText.get();
 }
 
-wchar_t* TypeText(FileItem& item) {
-    if (!item.typeText) {
-        item.typeText = MakeText(typeTextCapacity);
-        Path path;
-        SHFILEINFOW info{};
-        if (path.AssignChild(item.folder, item.name.get()) &&
-            ce::SHGetFileInfo(path.Text(), 0, &info, sizeof(info), SHGFI_TYPENAME))
-            CopyTextTo({item.typeText.get(), typeTextCapacity}, info.szTypeName);
-    }
-    return item.typeText.get();
-}
-
 wchar_t* DateText(FileItem& item, std::uint32_t mode) {
     if (!item.dateText) {
         item.dateText = MakeText(dateTextCapacity);
@@ -52,36 +40,50 @@ wchar_t* DateText(FileItem& item, std::uint32_t mode) {
 
 void FileList::OnGetDisplayInfo(NMLVDISPINFOW* info) {
     LVITEMW& entry = info->item;
-    FileItem* item = ItemAt(entry.iItem);
-    if (!item)
-        return;
-    if (entry.mask & LVIF_IMAGE) {
+    const FileItem* item = ItemAt(entry.iItem);
+    if (item && (entry.mask & LVIF_IMAGE)) {
         entry.iImage = item->iconIndex == iconWhenDrawn
                            ? icons_->IndexFor(item->name.get(), item->folder, item->attributes)
                            : item->iconIndex;
     }
     if (entry.mask & LVIF_TEXT) {
-        if (wchar_t* text = TextOf(*item, entry.iSubItem))
+        if (wchar_t* text = TextOf(entry.iItem, entry.iSubItem))
             entry.pszText = text;
     }
 }
 
-wchar_t* FileList::TextOf(FileItem& item, int column) const {
+wchar_t* FileList::TextOf(int row, int column) {
     static wchar_t folderType[] = L"Folder";
-    if (item.kind == ItemKind::Folder)
-        return column == 0 ? item.name.get() : column == 2 ? folderType : nullptr;
-    if (item.kind != ItemKind::File)
+    FileItem* item = ItemAt(row);
+    if (!item || item->kind == ItemKind::UpLevel)
         return nullptr;
+    if (item->kind == ItemKind::Folder)
+        return column == 0 ? item->name.get() : column == 2 ? folderType : nullptr;
     switch (column) {
     case 0:
-        return NameText(item, options.noExtension != 0);
+        return NameText(*item, options.noExtension != 0);
     case 1:
-        return SizeText(item);
+        return SizeText(*item);
     case 2:
-        return TypeText(item);
+        return item->typeText ? item->typeText.get() : MakeTypeText(row);
     case 3:
-        return DateText(item, dateMode);
+        return DateText(*item, dateMode);
     default:
         return nullptr;
     }
+}
+
+/// Asks the shell, which may let messages in: the list may have been read anew when it answers.
+wchar_t* FileList::MakeTypeText(int row) {
+    const std::optional<SelectionEntry> entry = EntryAt(row);
+    Path path;
+    SHFILEINFOW info{};
+    if (entry && path.AssignChild(entry->folder.data(), entry->name.data()))
+        ce::SHGetFileInfo(path.Text(), 0, &info, sizeof(info), SHGFI_TYPENAME);
+    FileItem* item = ItemAt(row);
+    if (!entry || !item || !Names(*item, *entry))
+        return nullptr;
+    item->typeText = MakeText(typeTextCapacity);
+    CopyTextTo({item->typeText.get(), typeTextCapacity}, info.szTypeName);
+    return item->typeText.get();
 }

@@ -1,6 +1,7 @@
 #include "filelist/drag_drop.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "app/app_state.h"
 #include "app/pointer.h"
@@ -49,18 +50,20 @@ void DragDrop::BeginFromList(const NMLISTVIEW& notification) {
 
 void DragDrop::BeginFromTree(const NMTREEVIEWW& notification) {
     HWND tree = appState.folderTree.Window();
-    if (!appState.folderTree.CanCarry(notification.itemNew.hItem))
+    HTREEITEM node = notification.itemNew.hItem;
+    Path folder;
+    if (appState.folderTree.IsPressUsedUp() || !appState.folderTree.FolderToCarry(node, folder))
         return;
     Begin(Mode::Files, tree);
-    node_ = notification.itemNew.hItem;
+    folder_ = folder;
     BeginImage(reinterpret_cast<HIMAGELIST>(
-                   SendMessageW(tree, TVM_CREATEDRAGIMAGE, 0, reinterpret_cast<LPARAM>(node_))),
+                   SendMessageW(tree, TVM_CREATEDRAGIMAGE, 0, reinterpret_cast<LPARAM>(node))),
                ToScreen(tree, notification.ptDrag));
 }
 
 void DragDrop::Begin(Mode mode, HWND source) {
     Cancel();
-    appState.fileList.tapAndHold.Cancel(appState.fileList.Window());
+    appState.fileList.tapAndHold.Abandon(appState.fileList.Window()); // it is no tap, however the drag ends
     SetCapture(appState.mainWindow);
     mode_ = mode;
     source_ = source;
@@ -105,8 +108,8 @@ void DragDrop::Move(POINT point) {
         return SelectRangeTo(index);
     if (image_)
         ImageList_DragLeave(nullptr);
-    const FileItem* item = appState.fileList.ItemAt(index);
-    MarkEntry(item && item->kind == ItemKind::Folder ? index : -1);
+    const std::optional<SelectionEntry> entry = appState.fileList.EntryAt(index);
+    MarkEntry(entry && entry->kind == ItemKind::Folder ? index : -1);
     UpdateWindow(appState.fileList.Window());
     appState.folderTree.MarkDropTarget(screenPoint);
     if (image_) {
@@ -171,43 +174,49 @@ DropAction DragDrop::ChooseAction() {
     DropKeys keys = CurrentDropKeys();
     if (!DropAsks(keys))
         return DropActionOf(0, keys);
+    const FileList& list = appState.fileList;
     const POINT point = MessagePoint();
-    HMENU menu = appState.fileList.ContextPopupMenu(POPUP_DROP);
+    const std::uint32_t listing = list.ListingNumber();
     appState.menuOpen = true; // this menu is the list's own: the main window hears nothing of it
-    const int choice =
-        TrackPopupMenuEx(menu, TPM_RETURNCMD, point.x, point.y, appState.fileList.Window(), nullptr);
+    const int choice = TrackPopupMenuEx(list.ContextPopupMenu(POPUP_DROP), TPM_RETURNCMD, point.x, point.y,
+                                        list.Window(), nullptr);
     appState.menuOpen = false;
-    return DropActionOfMenu(choice, CurrentDropKeys());
+    return list.ListingNumber() == listing ? DropActionOfMenu(choice, CurrentDropKeys()) : DropAction::None;
 }
 
 void DragDrop::DropOnEntry(int index) {
     FileList& list = appState.fileList;
+    Path destination = list.CurrentFolder();
+    const std::optional<SelectionEntry> entry = list.EntryAt(index);
+    if (entry && entry->kind == ItemKind::Folder &&
+        !destination.AssignChild(entry->folder.data(), entry->name.data()))
+        return;
     const DropAction action = ChooseAction();
     MarkEntry(-1);
-    const FileItem* item = list.ItemAt(index);
-    const Path shown = list.CurrentFolder();
-    Path destination = shown;
-    if (item && item->kind == ItemKind::Folder && !destination.AssignChild(item->folder, item->name.get()))
-        return;
     if (action == DropAction::None || destination.IsSearchFolder()) // results are no folder to put things in
         return;
-    FillClipboard(action);
-    if (source_ != list.Window())
-        list.GoToFolder(shown.View(), treeSelectOnly);
-    list.SetCurrentFolder(destination);
-    if (action == DropAction::Shortcut)
-        list.PasteShortcut(false);
-    else
-        list.Paste(false);
-    list.GoToFolder(destination.View(), treeSelectOnly);
+    if (PasteInto(destination, action))
+        list.GoToFolder(destination.View(), treeSelectOnly);
 }
 
-void DragDrop::FillClipboard(DropAction action) {
+bool DragDrop::PasteInto(const Path& destination, DropAction action) {
+    FileList& list = appState.fileList;
+    const Path shown = list.CurrentFolder();
+    if (!FillClipboard(action))
+        return false;
+    if (source_ != list.Window())
+        list.GoToFolder(shown.View(), treeSelectOnly);
+    if (action == DropAction::Shortcut)
+        list.PasteShortcutInto(destination);
+    else
+        list.PasteInto(destination, false);
+    return true;
+}
+
+/// False when there is nothing to put on it.
+bool DragDrop::FillClipboard(DropAction action) {
     const Transfer transfer = action == DropAction::Move ? Transfer::Move : Transfer::Copy;
     if (source_ != appState.fileList.Window())
-        appState.folderTree.PutOnClipboard(node_, transfer);
-    else if (transfer == Transfer::Move)
-        appState.fileList.CutSelection();
-    else
-        appState.fileList.CopySelection();
+        return appState.folderTree.PutOnClipboard(folder_, transfer);
+    return transfer == Transfer::Move ? appState.fileList.CutSelection() : appState.fileList.CopySelection();
 }

@@ -2,6 +2,7 @@
 // A drag over the panes, from a press that turned into one to the drop. The main window has the stylus
 // meanwhile and passes its moves on.
 
+#include "app/path.h"
 #include "filelist/drop_rules.h"
 #include "platform/handles.h"
 
@@ -20,10 +21,11 @@ class DragDrop {
     /// Escape, or the stylus was taken away.
     void Cancel();
 
-    /// Asks, where a drop asks, what it shall do.
+    /// Asks, where a drop asks, what it shall do: nothing when the list has other entries by then.
     static DropAction ChooseAction();
-    /// Puts what is dragged on the program's clipboard, for the action.
-    void FillClipboard(DropAction action);
+    /// Brings what was dragged into a folder, by way of the program's clipboard. False when there is nothing
+    /// to bring.
+    bool PasteInto(const Path& destination, DropAction action);
 
   private:
     enum class Mode { None, Files, Range };
@@ -36,10 +38,11 @@ class DragDrop {
     void SelectRangeTo(int index);
     void DropOnList();
     void DropOnEntry(int index);
+    bool FillClipboard(DropAction action);
 
     Mode mode_ = Mode::None;
     HWND source_ = nullptr;
-    HTREEITEM node_ = nullptr; // dragged from the tree
+    Path folder_; // dragged from the tree
     ImageListHandle image_;
     int marked_ = -1;      // the entry under the stylus that would take the drop
     int rangeAnchor_ = -1; // where the selected range begins

@@ -23,10 +23,7 @@ void FileList::AddFavorite() {
     CopySelection();
     if (clipboard.IsEmpty())
         appState.folderTree.OperateOnFolder(CopySelectionOf, IDM_FAVORITES_ADD);
-    const Path folder = currentFolder_;
-    SetCurrentFolder(favoritesFolder);
-    PasteShortcut(false);
-    SetCurrentFolder(folder);
+    PasteShortcutInto(favoritesFolder);
     ReleaseSelection();
     BuildFavorites();
     UpdateMenuState();

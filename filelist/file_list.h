@@ -4,6 +4,8 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -53,8 +55,8 @@ class FileList {
     void GoToFolder(std::wstring_view path, int treeFlag);
     /// Shows one tree folder as the single, selected entry, so that the list's operations act on it.
     void ShowSingleEntry(std::wstring_view path);
-    /// The record of an entry, or null for an index the list does not have.
-    FileItem* ItemAt(int index) const;
+    /// What an entry is, as a copy that outlives the listing; nothing for an index the list does not have.
+    std::optional<SelectionEntry> EntryAt(int index) const;
     /// Turns commands that make no sense among search results into 0 while these are shown.
     int FilterSearchCommand(int command) const;
     /// Whether the folder shown holds, by their names, just what the list shows of it. True for what is no
@@ -104,10 +106,10 @@ class FileList {
     void BeginRename();
     /// An editor opens over an entry's name.
     void OnBeginLabelEdit(int index);
-    /// The editor closes. True when the entry takes the new name; `text` is null when it was cancelled.
+    /// The editor closes. True when its row takes the new name; `text` is null when it was cancelled.
     bool OnEndLabelEdit(const wchar_t* text);
-    /// Opens the editor over the name of an entry.
-    void EditLabel(int index);
+    /// Opens the editor over the name of an entry, if it is listed.
+    void EditName(const Path& entry);
     /// Opens it again over the name that was refused, if its entry is still listed.
     void EditAgain();
 
@@ -135,12 +137,18 @@ class FileList {
     void DeleteSelection();
 
     // --- clipboard.cpp: the program's own clipboard ---
-    void CutSelection();
-    void CopySelection();
-    /// Moves or copies what is on the clipboard into the current folder, and shows that anew if `relist`.
-    void Paste(bool relist);
-    /// Makes shortcuts to it in the current folder.
-    void PasteShortcut(bool relist);
+
+    /// Both are false for a selection of nothing.
+    bool CutSelection();
+    bool CopySelection();
+    /// Moves or copies what is on the clipboard into the current folder, and shows that anew.
+    void Paste();
+    /// The same into any folder, which is shown if `relist`.
+    void PasteInto(const Path& folder, bool relist);
+    /// Makes shortcuts to it in the current folder, and shows that anew.
+    void PasteShortcut();
+    /// Makes them in any folder.
+    void PasteShortcutInto(const Path& destination);
 
     // --- copy_text.cpp: texts on the system's clipboard ---
     void CopyNameToClipboard();
@@ -174,6 +182,8 @@ class FileList {
     const Path& CurrentFolder() const { return currentFolder_; }
     /// Sets the path alone; the list shows it with the next listing.
     void SetCurrentFolder(const Path& folder) { currentFolder_ = folder; }
+    /// Tells one listing from the next: the entries are the same as long as it is.
+    std::uint32_t ListingNumber() const { return listingNumber_; }
     HWND Window() const { return window_; }
     /// The "Go to" popup.
     HMENU GoToMenu() const;
@@ -209,6 +219,8 @@ class FileList {
     void ListSearchResults();
     int ItemCount() const;
     int IndexOf(const Path& path) const;
+    FileItem* ItemAt(int index) const;
+    FileItem* FindItem(const SelectionEntry& entry) const;
     Records BeginListing();
     Records TakeRecords();
     void ClearList();
@@ -219,8 +231,9 @@ class FileList {
     void EndListing(const Path& folder);
 
     // --- rename.cpp ---
-    bool RenameEntry(FileItem& item, std::wstring_view label);
-    void RefuseLabel(const FileItem& item, const wchar_t* message);
+    bool RenameEntry(const SelectionEntry& entry, std::wstring_view label);
+    void TakeName(const SelectionEntry& entry, std::wstring_view name);
+    void RefuseLabel(const SelectionEntry& entry, const wchar_t* message);
 
     // --- new_folder.cpp ---
     bool CreateNewFolder(Path& path);
@@ -232,13 +245,14 @@ class FileList {
     void FillClipboard(Transfer transfer);
     void EmptyClipboard();
     void MarkSelectionCut(bool cut);
-    void FollowMovedResults(const Path& destination);
+    void FollowMovedResults(std::span<const SelectionEntry> entries, const Path& destination);
 
     // --- send_to_folder.cpp ---
     void TransferTo(Transfer transfer, const wchar_t* title);
 
     // --- display.cpp ---
-    wchar_t* TextOf(FileItem& item, int column) const;
+    wchar_t* TextOf(int row, int column);
+    wchar_t* MakeTypeText(int row);
 
     // --- presentation.cpp ---
     void InsertColumns();
@@ -250,8 +264,10 @@ class FileList {
     HWND window_ = nullptr;
     MenuHandle menu_; // the context menus and "Go to"
     Path currentFolder_;
-    Path refused_;                 // the entry whose new name was refused and is asked for again
-    Path previousFolder_;          // listed before; going up selects the child one came from
+    std::optional<SelectionEntry> edited_; // whose name is edited
+    Path refused_;                         // the entry whose new name was refused and is asked for again
+    Path previousFolder_;                  // listed before; going up selects the child one came from
+    std::uint32_t listingNumber_ = 0;
     FileItem* upLevel_ = nullptr;  // the ".." of the last folder listing, or null
     std::uint32_t totalBytes_ = 0; // of the files listed
     History history_;

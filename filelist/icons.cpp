@@ -90,7 +90,7 @@ int IconSet::IndexFor(std::wstring_view name, std::wstring_view folder, DWORD at
     const int kept = cache_.Find(choice.key.Text());
     if (kept >= 0)
         return kept;
-    Path path;
+    Path path; // all that is left of the entry when the shell lets messages in
     if (appState.dragging || !path.AssignChild(folder, name))
         return imageFile;
     const IconHandle icon = ShellIcon(path.Text());

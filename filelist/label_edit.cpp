@@ -26,8 +26,7 @@ void KeepInView(HWND editor, WINDOWPOS& place) {
 
 } // namespace
 
-void LabelEdit::Begin(HWND view, FileItem* item) {
-    item_ = item;
+void LabelEdit::Begin(HWND view) {
     editor_ = reinterpret_cast<HWND>(SendMessageW(view, LVM_GETEDITCONTROL, 0, 0));
     cancelled_ = false;
     if (!editor_)
@@ -39,7 +38,6 @@ void LabelEdit::Begin(HWND view, FileItem* item) {
 
 const wchar_t* LabelEdit::Finish(const wchar_t* reported) {
     HWND editor = std::exchange(editor_, nullptr);
-    item_ = nullptr;
     if (!editor || cancelled_)
         return nullptr;
     if (reported)

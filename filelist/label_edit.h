@@ -4,16 +4,12 @@
 #include <array>
 
 #include "app/path.h"
-#include "filelist/file_item.h"
 #include "platform/ce_api.h"
 
 class LabelEdit {
   public:
-    /// The view has opened its editor over the entry's name.
-    void Begin(HWND view, FileItem* item);
-
-    /// The entry whose name is edited, wherever it stands by now; null while none is.
-    FileItem* Item() const { return item_; }
+    /// The view has opened its editor over a name.
+    void Begin(HWND view);
 
     /// The editor closes; `reported` is the name the view reports. Null when the edit was cancelled, or had
     /// ended before: what answers its end may take the focus away, and the view ends the edit again.
@@ -30,7 +26,6 @@ class LabelEdit {
     static LRESULT CALLBACK EditorProcedure(HWND editor, UINT message, WPARAM wParam, LPARAM lParam);
 
     HWND editor_ = nullptr; // null while no name is edited
-    FileItem* item_ = nullptr;
     WNDPROC editorProcedure_ = nullptr;
     bool cancelled_ = false;
     std::array<wchar_t, 2 * pathCapacity>

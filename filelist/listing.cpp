@@ -6,6 +6,7 @@
 
 #include "app/address_bar.h"
 #include "app/app_state.h"
+#include "app/gestures.h"
 #include "app/name_rules.h"
 #include "app/text_format.h"
 #include "app/wait_cursor.h"
@@ -147,6 +148,8 @@ void FileList::ShowSingleEntry(std::wstring_view path) {
     SendMessageW(window_, LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&all));
 }
 
+/// The record of an entry, or null for an index the list does not have. It goes with the listing: not to be
+/// kept across anything that lets messages in.
 FileItem* FileList::ItemAt(int index) const {
     LVITEMW entry{};
     entry.mask = LVIF_PARAM;
@@ -154,6 +157,27 @@ FileItem* FileList::ItemAt(int index) const {
     if (index < 0 || !SendMessageW(window_, LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&entry)))
         return nullptr;
     return reinterpret_cast<FileItem*>(entry.lParam);
+}
+
+std::optional<SelectionEntry> FileList::EntryAt(int index) const {
+    const FileItem* item = ItemAt(index);
+    if (!item)
+        return std::nullopt;
+    SelectionEntry entry;
+    entry.index = index;
+    entry.kind = item->kind;
+    CopyTextTo(entry.folder, item->folder);
+    CopyTextTo(entry.name, item->name.get());
+    return entry;
+}
+
+/// The record of an entry, wherever it stands by now; null when it is listed no more.
+FileItem* FileList::FindItem(const SelectionEntry& entry) const {
+    for (const std::unique_ptr<FileItem>& item : records_.items) {
+        if (Names(*item, entry))
+            return item.get();
+    }
+    return nullptr;
 }
 
 /// Index of the entry with this path, or -1.
@@ -216,9 +240,10 @@ FileList::Records FileList::BeginListing() {
 }
 
 FileList::Records FileList::TakeRecords() {
-    labelEdit.Cancel(); // its entry goes
+    EndGesture(); // it is about entries that go
     tapAndHold.ForgetSelection();
     upLevel_ = nullptr;
+    ++listingNumber_;
     return std::exchange(records_, {});
 }
 

@@ -54,15 +54,15 @@ void FileList::UpOneLevel() {
 }
 
 void FileList::OpenEntry(int index) {
-    const FileItem* item = ItemAt(index);
-    if (!item)
+    const std::optional<SelectionEntry> entry = EntryAt(index);
+    if (!entry)
         return;
-    if (item->kind == ItemKind::UpLevel)
+    if (entry->kind == ItemKind::UpLevel)
         return UpOneLevel();
     Path path;
-    if (!path.AssignChild(item->folder, item->name.get()))
+    if (!path.AssignChild(entry->folder.data(), entry->name.data()))
         return ReportNotFound();
-    if (item->kind == ItemKind::Folder)
+    if (entry->kind == ItemKind::Folder)
         GoToFolder(path.View(), treeRescan);
     else
         OpenItem(*this, path);

@@ -4,10 +4,12 @@
 #include "filelist/file_list.h"
 #include "filelist/new_folder_names.h"
 
-/// Makes the folder under the first name that is free. The last number counts as none, even when it was free.
+/// Makes the folder in `path`, under the first name that is free, and gives back its own path there. The last
+/// number counts as none, even when it was free.
 bool FileList::CreateNewFolder(Path& path) {
+    const Path folder = path;
     for (int number = 1; number <= lastNewFolderNumber; ++number) {
-        if (path.AssignChild(currentFolder_.View(), NewFolderName(number).View()) &&
+        if (path.AssignChild(folder.View(), NewFolderName(number).View()) &&
             ce::CreateDirectoryW(path.Text(), nullptr))
             return number < lastNewFolderNumber;
     }
@@ -15,16 +17,17 @@ bool FileList::CreateNewFolder(Path& path) {
 }
 
 void FileList::NewFolder() {
-    Path path;
+    const Path folder = currentFolder_; // the list may go elsewhere in the watcher's pause
+    Path path = folder;
     appState.changeWatcher.PauseWatcher();
     if (!CreateNewFolder(path)) {
         MessageBoxW(appState.mainWindow, L"This folder cannot be created.", L"", MB_OK);
         appState.changeWatcher.ResumeWatcher();
         return;
     }
-    GoToFolder(currentFolder_.View(), treeRescan);
-    const int index = IndexOf(path); // none while folders are not shown
-    SendMessageW(window_, LVM_ENSUREVISIBLE, static_cast<WPARAM>(index), FALSE);
-    EditLabel(index);
+    GoToFolder(folder.View(), treeRescan);
+    if (const int index = IndexOf(path); index >= 0) // none while folders are not shown
+        SendMessageW(window_, LVM_ENSUREVISIBLE, static_cast<WPARAM>(index), FALSE);
+    EditName(path);
     appState.changeWatcher.ResumeWatcher();
 }

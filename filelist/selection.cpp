@@ -41,14 +41,9 @@ int FileList::NextSelected(int index) const {
 std::vector<SelectionEntry> FileList::CollectSelection() const {
     std::vector<SelectionEntry> entries;
     for (int index = NextSelected(-1); index >= 0; index = NextSelected(index)) {
-        const FileItem* item = ItemAt(index);
-        if (!item || item->kind == ItemKind::UpLevel)
-            continue;
-        SelectionEntry& entry = entries.emplace_back();
-        entry.index = index;
-        entry.kind = item->kind;
-        CopyTextTo(entry.folder, item->folder);
-        CopyTextTo(entry.name, item->name.get());
+        const std::optional<SelectionEntry> entry = EntryAt(index);
+        if (entry && entry->kind != ItemKind::UpLevel)
+            entries.push_back(*entry);
     }
     return entries;
 }

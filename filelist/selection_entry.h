@@ -14,5 +14,8 @@ struct SelectionEntry {
     std::int32_t done = 0; // set by the operation for each entry it has carried out
 };
 
+/// Whether the record is that of the entry.
+bool Names(const FileItem& item, const SelectionEntry& entry);
+
 /// Whether what was collected is there still.
 bool StillExists(const SelectionEntry& entry);

@@ -63,6 +63,8 @@ void FileList::ChangeUserPaths() {
 }
 
 void FileList::GoToUserPath(int index) {
-    if (index >= 0 && static_cast<std::size_t>(index) < userPaths.size())
-        GoToPath(userPaths[static_cast<std::size_t>(index)].get());
+    if (index < 0 || static_cast<std::size_t>(index) >= userPaths.size())
+        return;
+    const OwnedText path = CopyText(userPaths[static_cast<std::size_t>(index)].get()); // as a favourite's
+    GoToPath(path.get());
 }

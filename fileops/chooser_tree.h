@@ -15,7 +15,6 @@ class ChooserTree : public TreeView {
     /// Opens the folders on the way and selects the last one that there is.
     void SelectPath(std::wstring_view path);
     bool IsRoot(HTREEITEM node) const { return node == root_; }
-    HTREEITEM Parent(HTREEITEM node) const { return Related(TVGN_PARENT, node); }
 
     /// Shows a folder just made in the node's, and selects it.
     void AddMade(HTREEITEM parent, const wchar_t* name);

@@ -33,7 +33,7 @@ class FolderChooser final : public DialogFrame {
     void Confirm();
     void MakeFolder();
     void RenameFolder();
-    void RenameSelected(HTREEITEM node, PathText& name);
+    void RenameTo(const Path& folder, const PathText& name);
     void Report(const wchar_t* text, UINT icon);
 
     const wchar_t* title_;
@@ -146,28 +146,27 @@ void FolderChooser::RenameFolder() {
     const bool panelShown = (GetSipFlags() & SIPF_ON) != 0;
     if (!panelShown)
         ce::SipShowIM(SIPF_ON);
-    if (AskFolderName(Window(), name))
-        RenameSelected(node, name);
+    Path folder; // by which it is found again: behind the question its node may go
+    const bool fits = tree_.PathBelowRoot(node, folder);
+    if (AskFolderName(Window(), name) && fits)
+        RenameTo(folder, name);
     if (!panelShown)
         ce::SipShowIM(SIPF_OFF);
     SetFocus(tree_.Window());
 }
 
-void FolderChooser::RenameSelected(HTREEITEM node, PathText& name) {
-    Path parent;
-    Path oldPath;
-    Path newPath;
-    PathText oldName{};
-    tree_.ReadText(node, oldName);
-    if (std::wstring_view(name.data()) == oldName.data())
+void FolderChooser::RenameTo(const Path& folder, const PathText& name) {
+    const std::wstring_view newName = StoredName(name.data());
+    if (newName == LeafOf(folder.View()))
         return;
-    name[StoredName(name.data()).size()] = L'\0';
     // A backslash would put the folder somewhere else.
-    const bool isName = std::wstring_view(name.data()).find_first_of(L"\\/") == std::wstring_view::npos;
-    if (!isName || !tree_.PathBelowRoot(node, oldPath) || !tree_.PathBelowRoot(tree_.Parent(node), parent) ||
-        !newPath.AssignChild(parent.View(), name.data()) || !ce::MoveFileW(oldPath.Text(), newPath.Text()))
+    Path renamed;
+    if (newName.find_first_of(L"\\/") != std::wstring_view::npos ||
+        !renamed.AssignChild(ParentOf(folder.View()), newName) ||
+        !ce::MoveFileW(folder.Text(), renamed.Text()))
         return Report(L"This file cannot be renamed.", MB_ICONHAND);
-    tree_.SetName(node, name.data());
+    if (HTREEITEM node = tree_.NodeAtPath(folder.View()))
+        tree_.SetName(node, LeafOf(renamed.View()).data());
     choice_.changed = true;
 }
 

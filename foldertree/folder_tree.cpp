@@ -96,11 +96,9 @@ bool FolderTree::OnNotify(NMHDR* notification, LRESULT* result) {
     case TVN_BEGINLABELEDITW:
         OnBeginLabelEdit(reinterpret_cast<NMTVDISPINFOW*>(notification)->item.hItem);
         return true;
-    case TVN_ENDLABELEDITW: {
-        const TVITEMW& item = reinterpret_cast<NMTVDISPINFOW*>(notification)->item;
-        *result = OnEndLabelEdit(item.hItem, item.pszText);
+    case TVN_ENDLABELEDITW:
+        *result = OnEndLabelEdit(reinterpret_cast<NMTVDISPINFOW*>(notification)->item.pszText);
         return true;
-    }
     case TVN_KEYDOWN:
         OnKeyDown(reinterpret_cast<NMTVKEYDOWN*>(notification)->wVKey);
         return true;
@@ -127,8 +125,8 @@ bool FolderTree::OnNodeNotify(NMTREEVIEWW* notification) {
             OnCollapsed(notification->itemNew.hItem);
         return true;
     case TVN_DELETEITEMW:
-        if (notification->itemOld.hItem == editAgain_)
-            editAgain_ = nullptr;
+        if (notification->itemOld.hItem == editedNode_)
+            editedNode_ = nullptr;
         return true;
     default: // TVN_BEGINDRAGW: the drag itself is the main window's
         CancelHold();

@@ -2,6 +2,7 @@
 // The folder tree: the pane of the device's folders, kept in step with the list. One object; its work is
 // spread over the files of this folder by what it does.
 
+#include <optional>
 #include <string_view>
 
 #include "app/path.h"
@@ -47,6 +48,8 @@ class FolderTree : public TreeView {
 
     /// "Rename": edits the selected node's name in place.
     void BeginRename();
+    /// Closes an open editor; the name stays as it was.
+    void CancelEdit();
     /// Before and after every command of the main window: commits a name left in edit under a menu.
     void EndEditStep();
 
@@ -57,11 +60,11 @@ class FolderTree : public TreeView {
     void ClearDropMark();
     /// The stylus was lifted: true when it was over a folder here, which has taken the drop or declined it.
     bool TakeDrop(DragDrop& drag);
-    /// Whether a node is a folder that can be taken elsewhere: not the device itself nor the search results.
-    bool CanCarry(HTREEITEM node) const { return node && node != root_ && node != search_; }
-    /// Selects such a node and puts its folder on the program's clipboard. The list is left showing that
-    /// alone.
-    void PutOnClipboard(HTREEITEM node, Transfer transfer);
+    /// The folder of a node that can be taken elsewhere. False for the device itself and the search results.
+    bool FolderToCarry(HTREEITEM node, Path& folder) const;
+    /// Selects the node of such a folder and puts the folder on the program's clipboard. The list is left
+    /// showing that alone. False when the tree holds it no more.
+    bool PutOnClipboard(const Path& folder, Transfer transfer);
 
     // --- tree_commands.cpp ---
 
@@ -74,6 +77,11 @@ class FolderTree : public TreeView {
 
     /// WM_EXITMENULOOP of the main window.
     void OnMenuClosed();
+    /// The stylus is down on the tree and it is still open what that will be.
+    bool IsPressed() const;
+    /// The press has had its effect, or its node may go: it becomes neither a tap nor a drag.
+    bool IsPressUsedUp() const { return pressUsedUp_; }
+    void AbandonPress();
 
   private:
     static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
@@ -84,6 +92,7 @@ class FolderTree : public TreeView {
     bool OnListKey(WPARAM key);
 
     bool PathOfNode(HTREEITEM node, Path& path) const;
+    HTREEITEM NodeOfPath(const Path& path) const;
     void InsertSubfolder(HTREEITEM parent, const Path& folder, const wchar_t* name, DWORD attributes);
     void RefreshChildren(HTREEITEM node);
     void RemoveChildren(HTREEITEM node);
@@ -97,10 +106,9 @@ class FolderTree : public TreeView {
     void SyncListToSelection();
 
     void OnBeginLabelEdit(HTREEITEM node);
-    bool OnEndLabelEdit(HTREEITEM node, const wchar_t* text);
-    bool RenameEdited(HTREEITEM node, std::wstring_view name);
-    bool TakesNameAsTyped(HTREEITEM node, std::wstring_view name, std::wstring_view typed);
-    void RefuseName(HTREEITEM node, const wchar_t* message);
+    bool OnEndLabelEdit(const wchar_t* text);
+    bool RenameEdited(std::wstring_view name, bool asTyped);
+    void RefuseName(const wchar_t* message);
     void EditAgain();
 
     HTREEITEM DropTargetAt(POINT screenPoint) const;
@@ -119,14 +127,15 @@ class FolderTree : public TreeView {
     ImageListHandle images_;
     HTREEITEM search_ = nullptr;
 
-    bool ready_ = false;          // a change of the selection is the user's, not the program's
-    bool pendingSync_ = false;    // a selection by keys waits for the timer
-    bool holdPending_ = false;    // the stylus is down and the timer of tap and hold runs
-    POINT holdPoint_{};           // where it went down
-    bool holdOpenedMenu_ = false; // it was held until the menu opened
+    bool ready_ = false;       // a change of the selection is the user's, not the program's
+    bool pendingSync_ = false; // a selection by keys waits for the timer
+    bool holdPending_ = false; // the stylus is down and the timer of tap and hold runs
+    POINT holdPoint_{};        // where it went down
+    bool pressUsedUp_ = false; // it was held until the menu opened, or its node may have gone
 
-    Path editedPath_;               // of the node whose name is edited
-    HTREEITEM editAgain_ = nullptr; // its name was refused; the editor opens once more
-    bool endEdit_ = false;          // a menu closed over what may be an open editor
-    bool endEditHalfDone_ = false;  // every second step ends the matter
+    Path editedPath_;                // of the node whose name is edited
+    HTREEITEM editedNode_ = nullptr; // that node; null once it has gone
+    std::optional<Path> editAgain_;  // of the one whose name was refused: the editor opens once more
+    bool endEdit_ = false;           // a menu closed over what may be an open editor
+    bool endEditHalfDone_ = false;   // every second step ends the matter
 };

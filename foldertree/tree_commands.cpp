@@ -5,10 +5,8 @@
 #include "foldertree/folder_tree.h"
 
 void FolderTree::OperateOnFolder(void (*operation)(int command), int command) {
-    HTREEITEM node = Caret();
     Path folder;
-    // The device itself and the search results are nothing to work on.
-    if (!node || node == root_ || node == search_ || !PathOfNode(node, folder))
+    if (!FolderToCarry(Caret(), folder)) // nothing to work on
         return;
     FileList& list = appState.fileList;
     list.ShowSingleEntry(folder.View());

@@ -36,29 +36,24 @@ bool FolderTree::TakeDrop(DragDrop& drag) {
         return false;
     const DropAction action = DragDrop::ChooseAction();
     SetDropMark(nullptr);
-    if (action == DropAction::None)
+    if (action == DropAction::None || !drag.PasteInto(target, action))
         return true;
-    drag.FillClipboard(action);
-    list.SetCurrentFolder(target);
-    if (action == DropAction::Shortcut)
-        list.PasteShortcut(false);
-    else
-        list.Paste(false);
     CutToExisting(target);
     list.GoToFolder(target.View(), treeRescan);
     return true;
 }
 
-void FolderTree::PutOnClipboard(HTREEITEM node, Transfer transfer) {
-    Path folder;
-    if (!CanCarry(node) || !PathOfNode(node, folder))
-        return;
+bool FolderTree::FolderToCarry(HTREEITEM node, Path& folder) const {
+    return node && node != root_ && node != search_ && PathOfNode(node, folder);
+}
+
+bool FolderTree::PutOnClipboard(const Path& folder, Transfer transfer) {
+    HTREEITEM node = NodeOfPath(folder);
+    if (!node)
+        return false;
     ready_ = false;
     Select(node);
     ready_ = true;
     appState.fileList.ShowSingleEntry(folder.View());
-    if (transfer == Transfer::Move)
-        appState.fileList.CutSelection();
-    else
-        appState.fileList.CopySelection();
+    return transfer == Transfer::Move ? appState.fileList.CutSelection() : appState.fileList.CopySelection();
 }

@@ -68,7 +68,7 @@ void FolderTree::OnStylusDown(LPARAM point) {
     SetTimer(window_, holdTimer, GetDoubleClickTime(), nullptr);
     holdPoint_ = PointOf(point);
     holdPending_ = true;
-    holdOpenedMenu_ = false;
+    pressUsedUp_ = false;
 }
 
 void FolderTree::CancelHold() {
@@ -78,13 +78,22 @@ void FolderTree::CancelHold() {
     KillTimer(window_, holdTimer);
 }
 
+bool FolderTree::IsPressed() const {
+    return holdPending_ && IsStylusDown();
+}
+
+void FolderTree::AbandonPress() {
+    pressUsedUp_ = pressUsedUp_ || IsPressed();
+    CancelHold();
+}
+
 void FolderTree::OnHoldElapsed() {
     KillTimer(window_, holdTimer);
     const POINT now = MessagePointIn(window_);
     HTREEITEM node = NodeAt(holdPoint_);
     if (!node || node != NodeAt(now) || !IsHeldStill(holdPoint_, now))
         return;
-    holdOpenedMenu_ = true;
+    pressUsedUp_ = true;
     ClearDropMark(); // the control highlights the node under the stylus: the menu is for the selected one
     OpenMenu(node, {holdPoint_.x + holdMenuShift, holdPoint_.y});
 }
@@ -105,8 +114,8 @@ bool FolderTree::OnPointerNotify(UINT code, LRESULT* result) {
         CancelHold(); // the control has taken the stylus' lifting for itself
         if (menuAllowed && OnlyAltDown())
             OpenMenuAtPointer();
-        // What the hold has used up is no tap: the control would select the node or edit its name.
-        *result = std::exchange(holdOpenedMenu_, false);
+        // What is used up is no tap: the control would select the node or edit its name.
+        *result = std::exchange(pressUsedUp_, false);
         return true;
     case NM_RCLICK:
         if (menuAllowed)

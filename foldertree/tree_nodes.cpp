@@ -11,6 +11,11 @@ bool FolderTree::PathOfNode(HTREEITEM node, Path& path) const {
     return node == search_ ? path.Assign(searchFolder) : PathBelowRoot(node, path);
 }
 
+/// The other way round: null when the tree does not hold it.
+HTREEITEM FolderTree::NodeOfPath(const Path& path) const {
+    return path.IsSearchFolder() ? search_ : NodeAtPath(path.View());
+}
+
 void FolderTree::InsertSubfolder(HTREEITEM parent, const Path& folder, const wchar_t* name,
                                  DWORD attributes) {
     const Settings& settings = appState.settings;

@@ -9,27 +9,29 @@
 #include "foldertree/tree_messages.h"
 
 void FolderTree::BeginRename() {
-    HTREEITEM node = Caret();
-    if (!node)
+    if (!Caret())
         return;
     // This edit comes after the menu: it is not one left open under it.
     KillTimer(window_, endEditTimer);
     endEdit_ = endEditHalfDone_ = false;
     ce::SipShowIM(SIPF_ON);
     SetFocus(window_);
-    SendMessageW(window_, TVM_EDITLABELW, 0, reinterpret_cast<LPARAM>(node));
+    // Asked for only now: a name that was edited in the list may have changed the nodes on the way.
+    if (HTREEITEM node = Caret())
+        SendMessageW(window_, TVM_EDITLABELW, 0, reinterpret_cast<LPARAM>(node));
 }
 
 void FolderTree::OnBeginLabelEdit(HTREEITEM node) {
     CancelHold();
     appState.labelEditing = true;
     UpdateMenuState();
+    editedNode_ = node;
     if (!PathOfNode(node, editedPath_))
         editedPath_.Clear();
 }
 
 /// True when the node takes the new name. `text` is null when the edit was cancelled.
-bool FolderTree::OnEndLabelEdit(HTREEITEM node, const wchar_t* text) {
+bool FolderTree::OnEndLabelEdit(const wchar_t* text) {
     CancelHold();
     // In the midst of ending an edit its field loses the keyboard, for which the control ends it once more.
     if (!std::exchange(appState.labelEditing, false))
@@ -39,55 +41,60 @@ bool FolderTree::OnEndLabelEdit(HTREEITEM node, const wchar_t* text) {
         return false;
     const std::wstring_view name = StoredName(text);
     if (HasForbiddenCharacter(name))
-        RefuseName(node, forbiddenNameMessage);
+        RefuseName(forbiddenNameMessage);
     else if (name.empty())
-        RefuseName(node, emptyNameMessage);
+        RefuseName(emptyNameMessage);
     else if (editedPath_.View().find(L'\\') == std::wstring_view::npos)
-        RefuseName(node, renameFailedMessage); // the device itself and the search results
+        RefuseName(renameFailedMessage); // the device itself and the search results
     else
-        return RenameEdited(node, name) && TakesNameAsTyped(node, name, text);
+        return RenameEdited(name, name == text);
     return false;
 }
 
-/// The control gives the node what was typed. True when that is its folder's name; otherwise it has that now.
-bool FolderTree::TakesNameAsTyped(HTREEITEM node, std::wstring_view name, std::wstring_view typed) {
-    if (name == typed)
-        return true;
-    SetName(node, CopyText(name).get());
-    return false;
-}
-
-bool FolderTree::RenameEdited(HTREEITEM node, std::wstring_view name) {
+/// True when the node takes what was typed: the control gives it that. Where the name is another one, it has
+/// that already.
+bool FolderTree::RenameEdited(std::wstring_view name, bool asTyped) {
+    const OwnedText taken = CopyText(name);
     Path renamed;
+    const bool fits = renamed.AssignChild(ParentOf(editedPath_.View()), name);
     appState.changeWatcher.PauseWatcher();
-    if (!renamed.AssignChild(ParentOf(editedPath_.View()), name) ||
-        !ce::MoveFileW(editedPath_.Text(), renamed.Text())) {
-        RefuseName(node, renameFailedMessage);
-        appState.changeWatcher.ResumeWatcher();
-        return false;
-    }
+    const bool moved = fits && ce::MoveFileW(editedPath_.Text(), renamed.Text());
+    if (!moved)
+        RefuseName(renameFailedMessage);
     appState.changeWatcher.ResumeWatcher();
+    if (!moved)
+        return false;
     // A path at the limit goes without the backslash.
-    [[maybe_unused]] const bool fits = renamed.Append(L"\\");
+    [[maybe_unused]] const bool fitsToo = renamed.Append(L"\\");
     appState.fileList.GoToFolder(renamed.View(), treeSelectOnly);
+    if (!editedNode_) // its folder was read meanwhile, and another node has the new name
+        return false;
     // The node gets its new name only after this, so the list could not have it selected.
     ready_ = false;
-    Select(node);
+    Select(editedNode_);
     ready_ = true;
-    return true;
+    if (!asTyped)
+        SetName(editedNode_, taken.get());
+    return asTyped;
 }
 
 /// Says why a name cannot be, and has the editor opened again.
-void FolderTree::RefuseName(HTREEITEM node, const wchar_t* message) {
-    editAgain_ = node; // known before the box, behind which the node may go
+void FolderTree::RefuseName(const wchar_t* message) {
+    editAgain_ = editedPath_; // known before the box, behind which the node may go
     MessageBoxW(appState.mainWindow, message, L"", MB_ICONERROR);
     SetFocus(window_);
     PostMessageW(window_, UM_EDITAGAIN, 0, 0);
 }
 
 void FolderTree::EditAgain() {
-    if (HTREEITEM node = std::exchange(editAgain_, nullptr))
+    const std::optional<Path> refused = std::exchange(editAgain_, std::nullopt);
+    if (HTREEITEM node = refused ? NodeOfPath(*refused) : nullptr)
         SendMessageW(window_, TVM_EDITLABELW, 0, reinterpret_cast<LPARAM>(node));
+}
+
+void FolderTree::CancelEdit() {
+    if (appState.labelEditing && SendMessageW(window_, TVM_GETEDITCONTROL, 0, 0))
+        SendMessageW(window_, TVM_ENDEDITLABELNOW, TRUE, 0);
 }
 
 void FolderTree::EndEditStep() {

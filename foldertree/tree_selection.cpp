@@ -2,6 +2,7 @@
 // by the list: at once for the stylus, after a rest for the keys, so that scrolling lists no folder passed.
 
 #include "app/app_state.h"
+#include "app/gestures.h"
 #include "app/main_window.h"
 #include "foldertree/folder_tree.h"
 #include "foldertree/tree_rules.h"
@@ -80,7 +81,8 @@ void FolderTree::OnCollapsed(HTREEITEM node) {
 }
 
 void FolderTree::OnSyncTimer() {
-    FlushPendingSync();
+    if (!IsGestureRunning()) // it comes again
+        FlushPendingSync();
 }
 
 void FolderTree::FlushPendingSync() {

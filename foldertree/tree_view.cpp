@@ -62,6 +62,13 @@ HTREEITEM TreeView::FindChild(HTREEITEM node, std::wstring_view text) const {
     return child;
 }
 
+HTREEITEM TreeView::NodeAtPath(std::wstring_view folder) const {
+    HTREEITEM node = root_;
+    for (PathComponents components(folder); node && components.HasNext();)
+        node = FindChild(node, components.Next());
+    return node;
+}
+
 bool TreeView::IsOpen(HTREEITEM node) const {
     return SendMessageW(window_, TVM_GETITEMSTATE, reinterpret_cast<WPARAM>(node), TVIS_EXPANDED) &
            TVIS_EXPANDED;

@@ -23,6 +23,8 @@ class TreeView {
     bool PathBelowRoot(HTREEITEM node, Path& path) const;
     void Select(HTREEITEM node);
     void SetName(HTREEITEM node, const wchar_t* name);
+    /// The node of a folder, or null when the tree does not hold it. Opens nothing.
+    HTREEITEM NodeAtPath(std::wstring_view folder) const;
 
   protected:
     HTREEITEM InsertNode(HTREEITEM parent, const wchar_t* text, int image, int selectedImage, bool children);

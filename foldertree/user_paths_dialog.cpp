@@ -215,7 +215,7 @@ void UserPathsDialog::OnNotify(const NMHDR* notification) {
 
 void UserPathsDialog::OnBeginEdit() {
     editing_ = true;
-    labelEdit_.Begin(View(), nullptr);
+    labelEdit_.Begin(View());
     HWND editor = reinterpret_cast<HWND>(SendMessageW(View(), LVM_GETEDITCONTROL, 0, 0));
     SendMessageW(editor, EM_LIMITTEXT, pathCapacity - 1, 0);
 }

@@ -14,10 +14,10 @@ int ChooseProgram(const ProgramChoice& choice) {
 }
 
 void ChooseProgramForSelection() {
-    const FileItem* file = SelectedFile();
+    const std::optional<SelectionEntry> file = SelectedFile();
     if (!file)
         return;
     ProgramChoice choice;
-    if (choice.folder.Assign(file->folder) && choice.name.Assign(file->name.get()))
+    if (choice.folder.Assign(file->folder.data()) && choice.name.Assign(file->name.data()))
         ChooseProgram(choice);
 }

@@ -90,34 +90,37 @@ void ChooseProgramDialog::StartOnFile(const ProgramRecord& record) const {
     Path document;
     if (!document.AssignChild(choice_.folder.View(), choice_.name.View()))
         return;
+    const OwnedText program = CopyText(record.program.get());
     const OwnedText parameters = FillInDocument(record.parameters.get(), document.View());
-    StartThroughShell({.file = record.program.get(), .parameters = parameters.get()});
+    StartThroughShell({.file = program.get(), .parameters = parameters.get()});
 }
 
 void ChooseProgramDialog::ShowPrograms(std::wstring_view selectProgram) {
     const WaitCursor wait;
     ShowWindow(List(), SW_HIDE);
-    SendMessageW(List(), LVM_DELETEALLITEMS, 0, 0);
-    programs_ = EnumeratePrograms(HKEY_CLASSES_ROOT, Extension(), SystemFolder());
+    ProgramList programs = EnumeratePrograms(HKEY_CLASSES_ROOT, Extension(), SystemFolder());
     ImageListHandle icons(ImageList_Create(iconSize, iconSize, ILC_COLOR32 | ILC_MASK, 1, 2));
+    // The shell may let messages in: the records are not the dialog's before it is done.
+    for (ProgramRecord& record : programs.records)
+        record.iconIndex = AddIcon(record, icons.Get());
+    SendMessageW(List(), LVM_DELETEALLITEMS, 0, 0);
     SendMessageW(List(), LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(icons.Get()));
     icons_ = std::move(icons);
-    for (int row = 0; ProgramRecord & record : programs_.records) {
-        record.iconIndex = IconOf(record);
+    programs_ = std::move(programs);
+    for (int row = 0; const ProgramRecord& record : programs_.records)
         AddProgram(record, row++);
-    }
     SelectRow(RowToSelect(selectProgram));
     FitOnlyColumn(List());
     ShowWindow(List(), SW_SHOW);
     SetFocus(List());
 }
 
-int ChooseProgramDialog::IconOf(const ProgramRecord& record) {
+int ChooseProgramDialog::AddIcon(const ProgramRecord& record, HIMAGELIST icons) {
     SHFILEINFOW info{};
     if (!ce::SHGetFileInfo(record.program.get(), 0, &info, sizeof(info), SHGFI_ICON | SHGFI_SMALLICON))
         return -1;
     const IconHandle icon(info.hIcon);
-    return ImageList_ReplaceIcon(icons_.Get(), -1, icon.Get());
+    return ImageList_ReplaceIcon(icons, -1, icon.Get());
 }
 
 void ChooseProgramDialog::AddProgram(const ProgramRecord& record, int row) {
@@ -126,7 +129,7 @@ void ChooseProgramDialog::AddProgram(const ProgramRecord& record, int row) {
     item.iItem = row;
     item.pszText = record.description.get();
     item.iImage = record.iconIndex;
-    item.lParam = reinterpret_cast<LPARAM>(&record);
+    item.lParam = row;
     SendMessageW(List(), LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
 }
 
@@ -156,8 +159,10 @@ const ProgramRecord* ChooseProgramDialog::Selected() const {
         SendMessageW(List(), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), MAKELPARAM(LVNI_SELECTED, 0)));
     if (item.iItem < 0 || !SendMessageW(List(), LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item)))
         return nullptr;
+    if (static_cast<std::size_t>(item.lParam) >= programs_.records.size())
+        return nullptr;
     const std::wstring_view description =
-        reinterpret_cast<const ProgramRecord*>(item.lParam)->description.get();
+        programs_.records[static_cast<std::size_t>(item.lParam)].description.get();
     for (const ProgramRecord& record : programs_.records) {
         if (std::wstring_view(record.description.get()) == description)
             return &record;

@@ -24,7 +24,8 @@ class ChooseProgramDialog final : public DialogFrame {
     /// by now.
     void ShowPrograms(std::wstring_view selectProgram);
     void AddProgram(const ProgramRecord& record, int row);
-    int IconOf(const ProgramRecord& record);
+    /// Puts the program's icon into `icons` and returns its place there.
+    static int AddIcon(const ProgramRecord& record, HIMAGELIST icons);
     int RowToSelect(std::wstring_view selectProgram) const;
     void SelectRow(int row);
     /// The selected program: the first of its description. Null when none is selected.

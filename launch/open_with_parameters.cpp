@@ -51,9 +51,9 @@ class ParametersDialog final : public DialogFrame {
 } // namespace
 
 void OpenWithParameters() {
-    const FileItem* file = SelectedFile();
+    const std::optional<SelectionEntry> file = SelectedFile();
     Path path;
-    if (!file || !path.AssignChild(file->folder, file->name.get()))
+    if (!file || !path.AssignChild(file->folder.data(), file->name.data()))
         return;
     const bool panelShown = (GetSipFlags() & SIPF_ON) != 0;
     ParametersDialog(path).Run(appState.mainWindow);

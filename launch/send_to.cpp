@@ -23,8 +23,8 @@ bool LeadsToFolder(const wchar_t* target) {
 }
 
 bool SelectedFilePath(Path& path) {
-    const FileItem* file = SelectedFile();
-    return file && path.AssignChild(file->folder, file->name.get());
+    const std::optional<SelectionEntry> file = SelectedFile();
+    return file && path.AssignChild(file->folder.data(), file->name.data());
 }
 
 void StartSystemProgram(const wchar_t* program, const wchar_t* parameters) {
@@ -55,8 +55,8 @@ void LaunchPreferred(int index) {
 }
 
 void SendByMail(MailTransport transport) {
-    const FileItem* item = appState.fileList.ItemAt(appState.fileList.FirstSelected());
-    if (item && !mail.attachment.AssignChild(item->folder, item->name.get()))
+    const std::optional<SelectionEntry> entry = appState.fileList.EntryAt(appState.fileList.FirstSelected());
+    if (entry && !mail.attachment.AssignChild(entry->folder.data(), entry->name.data()))
         return;
     if (mail.process)
         TerminateProcess(mail.process.Get(), 0);

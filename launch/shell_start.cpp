@@ -2,9 +2,11 @@
 
 #include "app/app_state.h"
 
-const FileItem* SelectedFile() {
-    const FileItem* item = appState.fileList.ItemAt(appState.fileList.FirstSelected());
-    return item && item->kind == ItemKind::File ? item : nullptr;
+std::optional<SelectionEntry> SelectedFile() {
+    std::optional<SelectionEntry> entry = appState.fileList.EntryAt(appState.fileList.FirstSelected());
+    if (entry && entry->kind != ItemKind::File)
+        entry.reset();
+    return entry;
 }
 
 void StartThroughShell(const ShellStart& start) {

@@ -1,11 +1,13 @@
 #pragma once
 // Starting what the list's selected file is handed to.
 
-#include "filelist/file_item.h"
+#include <optional>
+
+#include "filelist/selection_entry.h"
 #include "platform/ce_api.h"
 
-/// The list's first selected entry if that is a file; otherwise null.
-const FileItem* SelectedFile();
+/// The list's first selected entry if that is a file.
+std::optional<SelectionEntry> SelectedFile();
 
 /// What the shell is to open. A null text stands for none.
 struct ShellStart {

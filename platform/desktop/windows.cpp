@@ -85,8 +85,8 @@ void RenewMessageTime() {
 /// The window that takes the keys in place of one that is greyed under its dialog. Null for one that takes
 /// them itself.
 HWND WindowInFrontOf(HWND window) {
-    if (IsWindowEnabled(window))
-        return nullptr;
+    if (!window || IsWindowEnabled(window))
+        return nullptr; // null: another program comes to the front
     HWND parent = MenuBarParent(FrontMenuBar());
     HWND front = parent ? GetAncestor(parent, GA_ROOT) : nullptr;
     return front != window ? front : nullptr;

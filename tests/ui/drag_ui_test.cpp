@@ -169,6 +169,50 @@ TEST_F(DragUi, StickyCtrlMakesMoveInTheMenuACopy) {
     EXPECT_TRUE(device.Exists(L"\\T\\Sub\\a.txt"));
 }
 
+TEST_F(DragUi, AnotherStartsFolderEndsTheDrag) {
+    device.File(L"\\Other\\one.txt", "1");
+    StartIn(L"\\T");
+    Carry(L"a.txt", program.List().PointOf(L"Sub"));
+    WaitFor("for the mark", [&] { return IsMarked(L"Sub"); });
+    EXPECT_EQ(Program::StartAgain(L"\\Other"), 0u);
+    program.WaitForFolder(L"\\Other");
+    EXPECT_FALSE(program.HoldsStylus());
+    StylusUp();
+    program.WaitUntilIdle();
+    EXPECT_FALSE(CanPaste());
+    EXPECT_FALSE(program.HasDialog());
+    EXPECT_EQ(program.Folder(), L"\\Other");
+    EXPECT_EQ(device.NamesIn(L"\\T"), (Texts{L"Sub", L"a.txt", L"b.txt"}));
+    EXPECT_EQ(device.NamesIn(L"\\Other"), (Texts{L"one.txt"}));
+}
+
+TEST_F(DragUi, TheLeftSoftKeyEndsTheDragAndGoesUp) {
+    device.File(L"\\T\\Sub\\c.txt", "c");
+    StartIn(L"\\T\\Sub");
+    Carry(L"c.txt", program.List().EmptyPoint());
+    PressLeftSoftKey();
+    program.WaitForFolder(L"\\T");
+    StylusUp();
+    EXPECT_TRUE(HoldsFor(300, [&] { return !program.HasDialog() && !program.HasMessageBox(); }));
+    EXPECT_EQ(program.Folder(), L"\\T");
+    EXPECT_EQ(device.NamesIn(L"\\T\\Sub"), (Texts{L"c.txt"}));
+    EXPECT_FALSE(CanPaste());
+}
+
+TEST_F(DragUi, AnotherStartsFolderClosesTheDropMenuWithNothingDone) {
+    device.WriteNumber(settingsKey, L"ContextMenu", 1);
+    device.File(L"\\Other\\one.txt", "1");
+    StartIn(L"\\T");
+    DropOn(L"a.txt", L"Sub");
+    program.WaitForMenu();
+    EXPECT_EQ(Program::StartAgain(L"\\Other"), 0u);
+    WaitFor("for the menu to close", [&] { return !program.MenuIsOpen(); });
+    program.WaitUntilIdle();
+    EXPECT_FALSE(CanPaste());
+    EXPECT_EQ(program.Folder(), L"\\Other");
+    EXPECT_EQ(device.NamesIn(L"\\T"), (Texts{L"Sub", L"a.txt", L"b.txt"}));
+}
+
 TEST_F(DragUi, AWindowThatComesInFrontEndsTheDrag) {
     StartIn(L"\\T");
     Carry(L"a.txt", program.List().PointOf(L"Sub"));

@@ -59,6 +59,12 @@ class GesturesUi : public JobUi {
         ReleaseDC(nullptr, screen);
         return highlighted > 10;
     }
+    /// None opens any more. One that did before the second start was through has closed.
+    void ExpectNoMenuOfAHold() {
+        EXPECT_TRUE(Eventually([&] { return !program.MenuIsOpen(); }));
+        EXPECT_TRUE(
+            HoldsFor(static_cast<int>(GetDoubleClickTime()) + 300, [&] { return !program.MenuIsOpen(); }));
+    }
     std::wstring NameInProperties() {
         Dialog properties = program.WaitForDialog(L"Properties");
         const std::wstring name = properties.Item(IDC_ENTRY_NAME).Text();
@@ -166,6 +172,132 @@ TEST_F(GesturesUi, TheNodeThatIsHighlightedDuringAHoldIsTheOneTheMenuActsOn) {
     PressKey(VK_UP); // from the end
     PressKey(VK_RETURN);
     EXPECT_EQ(NameInProperties(), L"T");
+}
+
+TEST_F(GesturesUi, AHoldIsForgottenWhenTheListGoesElsewhere) {
+    StartIn(L"\\T");
+    program.List().Select(L"a.txt");
+    StylusDown(program.List().PointOf(L"Sub"));
+    SecondStart(L"\\Other");
+    EXPECT_TRUE(
+        HoldsFor(static_cast<int>(GetDoubleClickTime()) + 300, [&] { return !program.MenuIsOpen(); }));
+    StylusUp(); // over what lies there now
+    ExpectStill(L"\\Other");
+}
+
+TEST_F(GesturesUi, APressBecomesNoDragWhenTheListGoesElsewhere) {
+    StartIn(L"\\T");
+    const POINT from = program.List().PointOf(L"Sub");
+    StylusDown(from);
+    SecondStart(L"\\Other");
+    StylusMove({from.x + 30, from.y + 30});
+    StylusMove(program.List().EmptyPoint());
+    StylusUp();
+    ExpectStill(L"\\Other");
+    EXPECT_EQ(device.NamesIn(L"\\Other"), (Texts{L"Two", L"one.txt"}));
+}
+
+TEST_F(GesturesUi, APressInTheTreeIsForgottenWhenTheListGoesElsewhere) {
+    StartWithTree(L"\\T");
+    StylusDown(program.Tree().PointOf(L"\\Temp"));
+    SecondStart(L"\\Other");
+    EXPECT_TRUE(
+        HoldsFor(static_cast<int>(GetDoubleClickTime()) + 300, [&] { return !program.MenuIsOpen(); }));
+    StylusUp();
+    ExpectStill(L"\\Other");
+}
+
+TEST_F(GesturesUi, ARefreshWaitsForTheStylus) {
+    StartIn(L"\\T");
+    const POINT point = program.List().PointOf(L"b.txt");
+    StylusDown(point);
+    device.File(L"\\T\\aa.txt");
+    PostMessageW(program.Window(), folderChanged, 0, 0);
+    EXPECT_TRUE(HoldsFor(refreshDelay + 1000, [&] { return !program.List().Has(L"aa.txt"); }));
+    Sleep(60);
+    StylusMove({point.x + 15, point.y});
+    StylusMove(program.List().PointOf(L"Sub")); // it has become a drag, of what it began with
+    StylusUp();
+    program.WaitForFolder(L"\\T\\Sub");
+    FinishJob();
+    EXPECT_EQ(device.NamesIn(L"\\T\\Sub"), (Texts{L"Deep", L"b.txt"}));
+}
+
+// --- Menus ---
+
+TEST_F(GesturesUi, AContextMenuClosesWhenAnotherStartsFolderIsShown) {
+    StartIn(L"\\T");
+    program.List().Select(L"Sub");
+    RightClick(program.List().PointOf(L"Sub"));
+    program.WaitForMenu();
+    SecondStart(L"\\Other");
+    EXPECT_TRUE(Eventually([&] { return !program.MenuIsOpen(); }));
+    PressKey(VK_UP); // to "Delete" and on it, had the menu stayed
+    PressKey(VK_UP);
+    PressKey(VK_UP);
+    EXPECT_TRUE(HoldsFor(300, [&] { return !program.HasDialog(); }));
+    EXPECT_EQ(program.Folder(), L"\\Other");
+    PressRightSoftKey(); // the next one opens
+    program.WaitForMenu();
+    program.CloseMenus();
+}
+
+TEST_F(GesturesUi, TheMenuOfTheSoftKeyAndOfTheTreeCloseAlike) {
+    StartWithTree(L"\\T");
+    PressRightSoftKey();
+    program.WaitForMenu();
+    SecondStart(L"\\Other");
+    EXPECT_TRUE(Eventually([&] { return !program.MenuIsOpen(); }));
+    FocusTree();
+    RightClick(program.Tree().PointOf(L"\\T"));
+    program.WaitForMenu();
+    SecondStart(L"\\Temp");
+    EXPECT_TRUE(Eventually([&] { return !program.MenuIsOpen(); }));
+    ExpectStill(L"\\Temp");
+}
+
+TEST_F(GesturesUi, AMenuOpenedRightAfterAnArrowInTheTreeStaysOpen) {
+    StartWithTree(L"");
+    FocusTree();
+    PressKey(VK_DOWN);
+    PressRightSoftKey();
+    program.WaitForMenu();
+    EXPECT_TRUE(HoldsFor(800, [&] { return program.MenuIsOpen(); }));
+    DismissMenuByBack();
+    program.WaitForFolder(L"\\My Documents");
+}
+
+// --- Names in edit ---
+
+TEST_F(GesturesUi, ANameEditedInAPaneStaysWhenAnotherStartsFolderIsShown) {
+    StartWithTree(L"\\T");
+    program.List().Select(L"a.txt");
+    program.PostCommand(IDM_FILE_RENAME);
+    WaitFor("for the editor", [&] { return program.List().NameEditor() != nullptr; });
+    TypeText(L"half");
+    SecondStart(L"\\T\\Sub");
+    EXPECT_TRUE(Eventually([&] { return !program.List().NameEditor(); }));
+    FocusTree();
+    program.PostCommand(IDM_FILE_RENAME);
+    WaitFor("for the editor", [&] { return program.Tree().NameEditor() != nullptr; });
+    TypeText(L"half");
+    SecondStart(L"\\Other");
+    EXPECT_TRUE(Eventually([&] { return !program.Tree().NameEditor(); }));
+    EXPECT_FALSE(program.HasMessageBox());
+    EXPECT_EQ(device.NamesIn(L"\\T"), (Texts{L"Sub", L"a.txt", L"b.txt"}));
+    EXPECT_EQ(program.Folder(), L"\\Other");
+}
+
+TEST_F(GesturesUi, ANameEditedRightAfterAnArrowInTheTreeStaysInEdit) {
+    StartWithTree(L"");
+    FocusTree();
+    PressKey(VK_DOWN);
+    PressKey(VK_F2);
+    WaitFor("for the editor", [&] { return program.Tree().NameEditor() != nullptr; });
+    EXPECT_TRUE(HoldsFor(800, [&] { return program.Tree().NameEditor() != nullptr; }));
+    PressBack();
+    EXPECT_TRUE(Eventually([&] { return !program.Tree().NameEditor(); }));
+    program.WaitForFolder(L"\\My Documents");
 }
 
 // --- Keys in the tree, and a command at once ---

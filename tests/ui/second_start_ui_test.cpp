@@ -47,6 +47,7 @@ class SecondStartUi : public JobUi {
     }
     void ExpectFrontAfterSecondStart(HWND window, const std::wstring& commandLine = L"") {
         EXPECT_EQ(Program::StartAgain(commandLine), 0u);
+        EXPECT_TRUE(Eventually([&] { return IsFront(window); }));
         EXPECT_TRUE(HoldsFor(300, [&] { return IsFront(window); }));
     }
     /// Once it has closed by the Back key, arrows move in the list again.

@@ -63,8 +63,8 @@ class FileListView : public StoredValues {
 
     static Texts Names() {
         Texts names;
-        for (int index = 0; const FileItem* item = List().ItemAt(index); ++index)
-            names.emplace_back(item->name.get());
+        for (int index = 0; const auto entry = List().EntryAt(index); ++index)
+            names.emplace_back(entry->name.data());
         return names;
     }
 
@@ -164,8 +164,8 @@ TEST_F(FileListView, GivesNothingForRowsAndColumnsItHasNot) {
     EXPECT_EQ(Cell(2, 0), L"-");
     EXPECT_EQ(Cell(1, 4), L"-");
     EXPECT_EQ(Cell(1, -1), L"-");
-    EXPECT_EQ(List().ItemAt(-1), nullptr);
-    EXPECT_EQ(List().ItemAt(2), nullptr);
+    EXPECT_FALSE(List().EntryAt(-1));
+    EXPECT_FALSE(List().EntryAt(2));
 }
 
 TEST_F(FileListView, TellsFilesAndBytes) {
@@ -207,7 +207,7 @@ TEST_F(FileListView, ShowsWhatASearchFoundAndIsStillThere) {
     results.Add(L"\\Temp\\List\\folder", L"b.txt", FILE_ATTRIBUTE_ARCHIVE, {}, 4);
     Show(searchFolder);
     EXPECT_EQ(Names(), Texts({L"folder", L"a.txt", L"b.txt"})) << "found folders show whatever is hidden";
-    EXPECT_STREQ(List().ItemAt(2)->folder, L"\\Temp\\List\\folder");
+    EXPECT_STREQ(List().EntryAt(2)->folder.data(), L"\\Temp\\List\\folder");
     EXPECT_EQ(results.Find(shown, L"vanished"), nullptr);
     EXPECT_NE(results.Find(shown, L"a.txt"), nullptr);
     EXPECT_EQ(Status(0), L"3 files");
@@ -313,7 +313,7 @@ TEST_F(FileListView, ShowsOneFolderAsTheSelectedEntryForTheTree) {
     Show(shown);
     List().ShowSingleEntry(L"\\Temp\\List\\Aa");
     EXPECT_EQ(Names(), Texts({L"Aa"}));
-    EXPECT_STREQ(List().ItemAt(0)->folder, shown);
+    EXPECT_STREQ(List().EntryAt(0)->folder.data(), shown);
     EXPECT_EQ(List().CurrentFolder().View(), L"\\Temp\\List\\Aa");
     EXPECT_EQ(List().SelectedCount(), 1);
     List().ShowSingleEntry(L"");
