@@ -38,6 +38,14 @@ struct DrawingReport {
     UINT icons;
 };
 
+/// A folder that is handed over in the midst of a call that lets messages in.
+struct LetInReport {
+    HWND window;         // asked for: the main window
+    wchar_t folder[260]; // asked for: what is handed over; empty to end it
+    UINT place;  // asked for: where, counted from 0: each such call is two places, its begin and its end
+    UINT places; // told: how many there have been since the last call
+};
+
 extern "C" {
 
 /// All items of a MenuReport's menu.
@@ -49,4 +57,7 @@ __declspec(dllexport) DWORD WINAPI ReportFont(void* report);
 /// How many texts and icons a DrawingReport's list has asked for since the last call; the first one begins to
 /// count. For one list of a program.
 __declspec(dllexport) DWORD WINAPI ReportDrawing(void* report);
+/// From here on the folder of a LetInReport is handed over once, by WM_COPYDATA, at the place it names;
+/// memory that is freed from the first time on is spoilt, so that who still reads it is seen.
+__declspec(dllexport) DWORD WINAPI LetIn(void* report);
 }
