@@ -4,10 +4,10 @@
 
 #include "app/app_state.h"
 #include "app/text.h"
+#include "benchmarks/job_calls.h"
 #include "benchmarks/measurements.h"
 #include "benchmarks/measuring.h"
 #include "fileops/delete.h"
-#include "fileops/transfer.h"
 #include "resources/resource.h"
 
 namespace {
@@ -23,30 +23,6 @@ struct Sample {
 Sample sample{50, 4096};
 
 using Name = std::array<wchar_t, 64>;
-
-/// The clock on the wall: most of a file call's time is the platform's, not this process's.
-double WallTime() {
-    LARGE_INTEGER now{}, perSecond{};
-    QueryPerformanceCounter(&now);
-    QueryPerformanceFrequency(&perSecond);
-    return 1e6 * static_cast<double>(now.QuadPart) / static_cast<double>(perSecond.QuadPart);
-}
-
-/// A user's commands come with pauses: the disk is done with what there is, nobody seems to be changing it,
-/// and the system gives a thread that has rested its processor sooner, whether it makes bare calls or a
-/// job's.
-void Rest() {
-    Sleep(300);
-}
-
-/// How long `run` takes after a rest.
-template <class Run>
-double WallTimeOf(Run run) {
-    Rest();
-    const double start = WallTime();
-    run();
-    return WallTime() - start;
-}
 
 const wchar_t* Named(Name& name, const wchar_t* format, const wchar_t* base, int folder = 0, int file = 0) {
     FormatText(name, format, base, folder, file);
@@ -100,24 +76,6 @@ void RemoveFolders(const wchar_t* base) {
 void RemoveSample(const wchar_t* base) {
     ForEachFile(base, base, [](const wchar_t* file, const wchar_t*) { DeleteFileW(file); });
     RemoveFolders(base);
-}
-
-std::vector<SelectionEntry> EntryNamed(const wchar_t* name, ItemKind kind) {
-    std::vector<SelectionEntry> entries(1);
-    entries[0].kind = kind;
-    CopyTextTo(entries[0].folder, L"\\Temp");
-    CopyTextTo(entries[0].name, name);
-    return entries;
-}
-
-Path PathNamed(const wchar_t* text) {
-    Path path;
-    return path.Assign(text) ? path : Path();
-}
-
-void Transferred(Transfer kind, const wchar_t* name, ItemKind itemKind) {
-    std::vector<SelectionEntry> entries = EntryNamed(name, itemKind);
-    TransferEntries(kind, PathNamed(L"\\Temp"), PathNamed(L"\\Temp\\Target"), entries);
 }
 
 /// Reads the question that a deletion begins with, agrees to it, and notes when.

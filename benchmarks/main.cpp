@@ -23,8 +23,9 @@ struct Measurement {
 };
 
 constexpr Measurement measurements[] = {
-    {L"listing", MeasureListing}, {L"sorting", MeasureSorting}, {L"icons", MeasureIcons},
-    {L"tree", MeasureTree},       {L"search", MeasureSearch},   {L"jobs", MeasureJobs},
+    {L"listing", MeasureListing},   {L"sorting", MeasureSorting}, {L"icons", MeasureIcons},
+    {L"tree", MeasureTree},         {L"search", MeasureSearch},   {L"jobs", MeasureJobs},
+    {L"archives", MeasureArchives},
 };
 
 /// The program as it starts, but for its message loop.

@@ -13,6 +13,8 @@ void MeasureTree();
 void MeasureSearch();
 /// Files copied, moved and deleted by the jobs, their dialogs included.
 void MeasureJobs();
+/// Archives made and extracted, beside the copy job and the host's programs for it.
+void MeasureArchives();
 
 constexpr int fewEntries = 10'000;
 constexpr int manyEntries = 100'000;

@@ -25,6 +25,17 @@ double ProcessorTime() {
     return Microseconds(kernel) + Microseconds(user);
 }
 
+double WallTime() {
+    LARGE_INTEGER now{}, perSecond{};
+    QueryPerformanceCounter(&now);
+    QueryPerformanceFrequency(&perSecond);
+    return 1e6 * static_cast<double>(now.QuadPart) / static_cast<double>(perSecond.QuadPart);
+}
+
+void Rest() {
+    Sleep(300);
+}
+
 void ReportRatio(const char* what, double ratio, double limit) {
     const bool over = ratio > limit;
     overLimit = overLimit || over;

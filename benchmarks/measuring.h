@@ -31,6 +31,23 @@ double TimeOnce(Run run) {
     return ProcessorTime() - start;
 }
 
+/// The clock on the wall, in microseconds: most of a file call's time is the platform's, not this process's.
+double WallTime();
+
+/// A user's commands come with pauses: the disk is done with what there is, nobody seems to be changing it,
+/// and the system gives a thread that has rested its processor sooner, whether it makes bare calls or a
+/// job's.
+void Rest();
+
+/// How long `run` takes after a rest.
+template <class Run>
+double WallTimeOf(Run run) {
+    Rest();
+    const double start = WallTime();
+    run();
+    return WallTime() - start;
+}
+
 /// Prints a ratio with the limit it has to stay under; over it, the whole run fails.
 void ReportRatio(const char* what, double ratio, double limit);
 
