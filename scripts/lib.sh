@@ -72,6 +72,7 @@ declare -rA package_of=(
     [cabextract]=cabextract
     [chromedriver]=chromium-driver
     [chromium]=chromium
+    [clang]=clang
     [clang-format]=clang-format
     [clang-tidy]=clang-tidy
     [cmake]=cmake
@@ -110,6 +111,8 @@ declare -rA package_of=(
     [/usr/share/novnc/core/rfb.js]=novnc
     [/usr/share/wine/fonts]=fonts-wine
     [/usr/src/googletest/CMakeLists.txt]=googletest
+    [/usr/include/zlib.h]=zlib1g-dev
+    [/usr/lib/llvm-14/lib/clang/14.0.6/lib/linux]=libclang-rt-14-dev
     [/usr/x86_64-w64-mingw32/include/zlib.h]=libz-mingw-w64-dev
 )
 

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "companions/archiver/failure.h"
+#include "companions/archiver/file_in_the_making.h"
 #include "companions/archiver/left_out.h"
 #include "companions/archiver/limits.h"
 #include "companions/archiver/member_names.h"

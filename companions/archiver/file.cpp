@@ -73,15 +73,6 @@ bool SameName(std::wstring_view a, std::wstring_view b) {
                                 TRUE) == CSTR_EQUAL;
 }
 
-std::wstring_view LeafOf(std::wstring_view path) {
-    return path.substr(path.rfind(L'\\') + 1);
-}
-
-std::wstring_view ParentOf(std::wstring_view path) {
-    const std::size_t cut = path.rfind(L'\\');
-    return cut == std::wstring_view::npos || cut < letterByLetter.size() ? path : path.substr(0, cut);
-}
-
 DWORD AttributesOf(const std::wstring& path) {
     // A drive's root is only one with its backslash.
     return GetFileAttributesW(path.ends_with(L':') ? (path + L'\\').c_str() : path.c_str());
@@ -215,39 +206,6 @@ bool File::Rename(const std::wstring& to, bool replace) {
     if (!replace && (error == ERROR_ALREADY_EXISTS || error == ERROR_FILE_EXISTS))
         return false;
     FailBySystem(L"'" + DisplayPath(to) + L"' cannot be written");
-}
-
-FileInTheMaking::FileInTheMaking(std::wstring place) : place_(std::move(place)) {
-    // One may be left of an earlier call that was ended in its middle.
-    for (int number = 0; !file_; ++number) {
-        path_ = std::wstring(ParentOf(place_)) + L"\\~arc" + std::to_wstring(number) + L".tmp";
-        if (std::optional<File> file = File::TryToCreate(path_, place_))
-            file_.emplace(std::move(*file));
-    }
-}
-
-FileInTheMaking::~FileInTheMaking() {
-    if (!file_)
-        return;
-    file_.reset();
-    DeleteFileW(path_.c_str());
-}
-
-bool FileInTheMaking::TakePlace(bool replace) {
-    const DWORD there = replace ? AttributesOf(place_) : INVALID_FILE_ATTRIBUTES;
-    const bool isGuarded = there != INVALID_FILE_ATTRIBUTES && (there & FILE_ATTRIBUTE_READONLY) != 0;
-    if (isGuarded)
-        SetFileAttributesW(place_.c_str(), FILE_ATTRIBUTE_NORMAL);
-    try {
-        if (!file_->Rename(place_, replace))
-            return false;
-    } catch (const Failure&) {
-        if (isGuarded)
-            SetFileAttributesW(place_.c_str(), there);
-        throw;
-    }
-    file_.reset();
-    return true;
 }
 
 } // namespace archiver

@@ -22,10 +22,16 @@ std::wstring DisplayPath(std::wstring_view fullPath);
 bool DeviceCanName(std::wstring_view fullPath);
 
 /// The part behind the last backslash.
-std::wstring_view LeafOf(std::wstring_view path);
+inline std::wstring_view LeafOf(std::wstring_view path) {
+    return path.substr(path.rfind(L'\\') + 1);
+}
 
 /// The part before the last backslash; the volume of a volume.
-std::wstring_view ParentOf(std::wstring_view path);
+inline std::wstring_view ParentOf(std::wstring_view path) {
+    constexpr std::size_t prefix = 4; // "\\?\"
+    const std::size_t cut = path.rfind(L'\\');
+    return cut == std::wstring_view::npos || cut < prefix ? path : path.substr(0, cut);
+}
 
 /// Attributes of what is there; INVALID_FILE_ATTRIBUTES when nothing is.
 DWORD AttributesOf(const std::wstring& path);
@@ -81,26 +87,6 @@ class File {
 
     HANDLE handle_;
     std::wstring path_; // for words about failures
-};
-
-/// A file in the making beside the place it is meant for: it takes that place when it is complete, and
-/// vanishes when it never is. Whatever ends the program meanwhile, no part of a file has its name.
-class FileInTheMaking {
-  public:
-    explicit FileInTheMaking(std::wstring place);
-    FileInTheMaking(const FileInTheMaking&) = delete;
-    FileInTheMaking& operator=(const FileInTheMaking&) = delete;
-    ~FileInTheMaking();
-
-    File& Content() { return *file_; }
-    /// Puts the file into its place, over a read-only file as well when it is to `replace` what is there.
-    /// False when something is there that it is not to replace; then it can be tried again.
-    bool TakePlace(bool replace);
-
-  private:
-    std::wstring place_;
-    std::wstring path_;
-    std::optional<File> file_;
 };
 
 } // namespace archiver

@@ -1,6 +1,7 @@
 #include "companions/archiver/make_archive.h"
 
 #include "companions/archiver/failure.h"
+#include "companions/archiver/file_in_the_making.h"
 #include "companions/archiver/sources.h"
 
 namespace archiver {
