@@ -1,6 +1,7 @@
 #!/usr/bin/python3
 """The phone's executable as it lies on the disk: what its loader reads, what it imports, its resources, its size."""
 
+import struct
 import subprocess
 import unittest
 
@@ -9,7 +10,7 @@ from image import (DESKTOP_IMAGE, PHONE_IMAGE, imports, listed_imports, listed_n
                    resources)
 
 KILOBYTE = 1024
-ICON, ICON_GROUP = 3, 14
+ICON, MENU, DIALOG, ICON_GROUP = 3, 4, 5, 14
 
 
 class HeaderTest(unittest.TestCase):
@@ -96,6 +97,14 @@ class ResourceTest(unittest.TestCase):
             return {path: content for path, content in found.items() if path[0] not in (ICON, ICON_GROUP)}
         self.assertGreater(len(others(self.phone)), 80)
         self.assertEqual(others(self.phone), others(self.desktop))
+
+    def test_dialogs_and_menus_are_of_the_form_that_the_phone_reads(self):
+        for (kind, name, _), content in self.phone.items():
+            first = struct.unpack("<HH", content[:4])
+            if kind == DIALOG:
+                self.assertNotEqual(first, (1, 0xFFFF), f"dialog {name} is extended")
+            if kind == MENU:
+                self.assertEqual(first, (0, 0), f"menu {name} is extended")
 
     def test_the_same_icons_are_there(self):
         def groups(found):
