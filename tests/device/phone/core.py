@@ -9,6 +9,7 @@ from .machine import ProcessEnd
 
 TICKS = 10_000_000  # of a file's time, in a second
 HOURS_AHEAD = 9
+TIMED_OUT = 0x102
 
 
 class Core:
@@ -87,6 +88,12 @@ class Core:
 
     def wcslen(self, place):
         return len(self.machine.text(place).encode("utf-16-le", "surrogatepass")) // 2
+
+    def wcscpy(self, to, source):
+        text = self.machine.text(source)
+        self.machine.expect_room(to, 2 * len(text) + 2)
+        self.machine.put_text(to, text)
+        return to
 
     def _find(self, place, unit, find):
         at = find(self.machine.text(place) + "\0", chr(unit & 0xFFFF))
@@ -205,10 +212,12 @@ class Core:
         return True
 
     def WaitForSingleObject(self, thing, _time):
-        thread = self.handles[thing]
-        if "start" in thread and thread["ended"] is None:
-            thread["ended"] = self.machine.on_other_stack(
-                lambda: self.machine.call(thread["start"], thread["parameter"]))
+        waited = self.handles[thing]
+        if "start" not in waited:
+            return 0 if waited.get("event") else TIMED_OUT
+        if waited["ended"] is None:
+            waited["ended"] = self.machine.on_other_stack(
+                lambda: self.machine.call(waited["start"], waited["parameter"]))
         return 0
 
     def CreateEventW(self, _security, _manual, state, _name):

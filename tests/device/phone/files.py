@@ -72,6 +72,16 @@ class Files:
         del self.handles[search]
         return True
 
+    def FindFirstChangeNotificationW(self, _folder, _below, _kinds):
+        return self.handle({"watch": True})
+
+    def FindNextChangeNotification(self, _watch):
+        return True
+
+    def FindCloseChangeNotification(self, watch):
+        del self.handles[watch]
+        return True
+
     def GetDiskFreeSpaceExW(self, _path, free, total, all_free):
         for place, size in ((free, 20 << 20), (total, 64 << 20), (all_free, 20 << 20)):
             if place:
