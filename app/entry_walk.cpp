@@ -20,8 +20,10 @@ void EntryWalk::Skip() {
 /// Opens the folder that the path names; its first entry becomes the current one.
 bool EntryWalk::Enter() {
     const std::size_t length = path_.Length();
-    if (!path_.Append(L"\\*.*"))
+    if (!path_.Append(L"\\*.*")) {
+        metTooLong_ = true;
         return false;
+    }
     FindHandle find(ce::FindFirstFileW(path_.Text(), &entry_));
     path_.Truncate(length);
     if (!find)
@@ -34,8 +36,10 @@ bool EntryWalk::EnterEntry() {
     constexpr DWORD linkedFolder = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
     if ((entry_.dwFileAttributes & linkedFolder) != FILE_ATTRIBUTE_DIRECTORY)
         return false;
-    if (path_.Append(L"\\") && path_.Append(entry_.cFileName) && Enter())
+    const bool fits = path_.Append(L"\\") && path_.Append(entry_.cFileName);
+    if (fits && Enter())
         return true;
+    metTooLong_ = metTooLong_ || !fits;
     path_.Truncate(open_.back().pathLength);
     return false;
 }

@@ -21,6 +21,9 @@ class EntryWalk {
     /// The folder that holds the entry.
     std::wstring_view Folder() const { return path_.View(); }
 
+    /// Whether a folder so far could not be entered because its path is too long.
+    bool MetTooLong() const { return metTooLong_; }
+
     /// Steps to the next entry: into the current one when it is a folder.
     void Next();
     /// Steps to the next entry, passing by what the current one holds.
@@ -39,4 +42,5 @@ class EntryWalk {
     Path path_;
     WIN32_FIND_DATAW entry_{};
     std::vector<OpenFolder> open_;
+    bool metTooLong_ = false;
 };

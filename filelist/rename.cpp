@@ -5,6 +5,7 @@
 #include "app/app_state.h"
 #include "app/menu_state.h"
 #include "app/name_rules.h"
+#include "app/system_folder.h"
 #include "filelist/file_list.h"
 #include "filelist/list_input.h"
 #include "filelist/rename_rules.h"
@@ -77,6 +78,10 @@ void FileList::EditAgain() {
 
 /// The list may be read anew, or show another folder, whenever the watcher pauses or goes on.
 bool FileList::RenameEntry(const SelectionEntry& entry, std::wstring_view label) {
+    if (entry.kind == ItemKind::Folder && KeepsItsName(entry.folder.data(), entry.name.data(), label)) {
+        MessageBoxW(appState.mainWindow, systemFolderMessage, L"", MB_ICONHAND);
+        return false;
+    }
     Path name;
     const bool extensionHidden = options.noExtension && entry.kind == ItemKind::File;
     const bool fits = NameFromLabel(label, entry.name.data(), extensionHidden, name);

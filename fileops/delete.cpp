@@ -3,6 +3,7 @@
 #include <array>
 
 #include "app/app_state.h"
+#include "app/system_folder.h"
 #include "app/text.h"
 #include "fileops/confirm_delete_dialog.h"
 #include "fileops/delete_rules.h"
@@ -28,6 +29,7 @@ class DeleteJob final : public FileJob {
   private:
     bool RemovesEntries() const override { return true; }
     const wchar_t* Work() override;
+    std::size_t TargetLength(const SelectionEntry&) override { return 0; }
     int AnswerQuestion(UINT message, const wchar_t* text, const wchar_t* source) override;
 
     bool DeleteEntry(SelectionEntry& entry);
@@ -39,6 +41,7 @@ class DeleteJob final : public FileJob {
     bool EmptyFolder();
     bool RemoveFound();
 
+    SystemFolder system_{appState.settings.windowsPath.data()};
     int mode_;
     bool stopped_ = false; // "Cancel" came while a folder was emptied
 
@@ -46,17 +49,11 @@ class DeleteJob final : public FileJob {
     WIN32_FIND_DATAW found_{};
 };
 
-bool IsSystemFolder(const SelectionEntry& entry) {
-    Path path;
-    return entry.kind == ItemKind::Folder && path.AssignChild(entry.folder.data(), entry.name.data()) &&
-           EqualNoCase(path.View(), appState.settings.windowsPath.data());
-}
-
 const wchar_t* DeleteJob::Work() {
     for (SelectionEntry& entry : Entries()) {
         if (IsCancelled())
             return L"Canceled";
-        if (IsSystemFolder(entry)) {
+        if (entry.kind == ItemKind::Folder && system_.GoesWith(entry.folder.data(), entry.name.data())) {
             Report(systemFolderMessage);
             return systemFolderMessage;
         }

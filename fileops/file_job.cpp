@@ -169,7 +169,7 @@ void FileJob::DoSteps(void* parameter) {
 }
 
 void FileJob::Prepare() {
-    total_ = CountSelection(sourceFolder_, entries_, &cancelRequested_);
+    total_ = CountSelection(sourceFolder_, entries_, &cancelRequested_, this);
     counted_ = GetTickCount();
     if (!series_)
         Announce();
@@ -180,7 +180,7 @@ void FileJob::WorkUnderDialog() {
         Prepare();
     SendDlgItemMessageW(Window(), IDC_JOB_BAR, PBM_SETRANGE, 0, MAKELPARAM(0, total_));
     ShowProgress();
-    const wchar_t* lastText = Work();
+    const wchar_t* lastText = TooLong() ? RefuseTooLong() : Work();
     ShowProgress();
     SetDlgItemTextW(Window(), IDC_JOB_STATUS, lastText);
     // Posted: a dialog that is ended by a sent message swallows the next one in the queue.
@@ -218,6 +218,12 @@ void FileJob::ShowName(std::wstring_view path) {
 
 void FileJob::ShowSource(const wchar_t* text) {
     SetDlgItemTextW(Window(), IDC_JOB_SOURCE, text);
+}
+
+/// Nothing has been touched yet.
+const wchar_t* FileJob::RefuseTooLong() {
+    ReportFailure(*TooLong());
+    return L"Canceled";
 }
 
 void FileJob::CompleteUnit() {

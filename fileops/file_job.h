@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "app/dialog_frame.h"
+#include "app/entry_count.h"
 #include "app/settings.h"
 #include "filelist/selection_entry.h"
 #include "fileops/file_mover.h"
@@ -43,7 +44,7 @@ constexpr bool AgreesTo(int answer) {
     return answer == modeAsk || answer == modeAll;
 }
 
-class FileJob : public CopyWatch, private DialogFrame {
+class FileJob : public CopyWatch, protected LengthCheck, private DialogFrame {
   public:
     /// Worker: true while the user has not pressed "Cancel". Brings the display up to date now and then.
     bool KeepGoing() final;
@@ -97,6 +98,7 @@ class FileJob : public CopyWatch, private DialogFrame {
 
     static void DoSteps(void* job);
     void WorkUnderDialog();
+    const wchar_t* RefuseTooLong();
     HWND OnInit() override;
     void OnCommand(int id, int notification) override;
     INT_PTR OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;

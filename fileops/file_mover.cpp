@@ -17,12 +17,15 @@ constexpr DWORD keptAttributes = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN
 
 constexpr int asideNames = 1000;
 
-/// A name beside `path` for a file that is there for the time of the job only. False where the path would be
-/// too long.
+/// A name for a file that is there for the time of the job only: beside `path`, or where that would be too
+/// long, in the nearest folder above that has room for it.
 bool NameAside(const Path& path, int number, Path& aside) {
     std::array<wchar_t, 16> name{};
     FormatText(name, L"~job%03d.tmp", number);
-    return aside.AssignChild(ParentOf(path.View()), name.data());
+    std::wstring_view folder = ParentOf(path.View());
+    while (!aside.AssignChild(folder, name.data()) && !folder.empty())
+        folder = ParentOf(folder);
+    return !aside.IsEmpty();
 }
 
 /// Deletes a file of the job's own.
@@ -120,9 +123,7 @@ MoverResult FileMover::Copy(const Path& source, const WIN32_FIND_DATAW& found, c
     if (Exists(target.Text()))
         return MoverResult::Exists;
     Path aside;
-    const bool fits = NameAside(target, 0, aside); // or only the target's own name is short enough
-    return fits ? CopyAside(source, found, target, &target, aside)
-                : CopyContents(source, found, target, nullptr);
+    return CopyAside(source, found, target, &target, aside);
 }
 
 MoverResult FileMover::CopyOver(const Path& source, const WIN32_FIND_DATAW& found, const Path& target) {

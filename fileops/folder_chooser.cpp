@@ -6,6 +6,7 @@
 #include "app/device_info.h"
 #include "app/dialog_frame.h"
 #include "app/name_rules.h"
+#include "app/system_folder.h"
 #include "app/text.h"
 #include "app/wait_cursor.h"
 #include "fileops/chooser_tree.h"
@@ -161,6 +162,8 @@ void FolderChooser::RenameTo(const Path& folder, const PathText& name) {
         return;
     // A backslash would put the folder somewhere else.
     Path renamed;
+    if (KeepsItsName(ParentOf(folder.View()), LeafOf(folder.View()), newName))
+        return Report(systemFolderMessage, MB_ICONHAND);
     if (newName.find_first_of(L"\\/") != std::wstring_view::npos ||
         !renamed.AssignChild(ParentOf(folder.View()), newName) ||
         !ce::MoveFileW(folder.Text(), renamed.Text()))

@@ -5,6 +5,7 @@
 
 #include "app/app_state.h"
 #include "app/name_rules.h"
+#include "app/system_folder.h"
 #include "app/text_format.h"
 #include "fileops/contents_page.h"
 #include "fileops/properties_page.h"
@@ -50,6 +51,9 @@ bool MoveToName(const PropertiesRequest& request, const Path& path, const wchar_
 bool ChangeName(const PropertiesRequest& request, const Path& path, const PathText& name) {
     if (std::wstring_view(name.data()) == request.entry.name.data())
         return false;
+    if (request.entry.kind == ItemKind::Folder &&
+        KeepsItsName(request.entry.folder.data(), request.entry.name.data(), name.data()))
+        return Report(systemFolderMessage), false;
     if (!MoveToName(request, path, name.data()))
         return Report(cannotRename), false;
     return true;

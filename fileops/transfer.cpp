@@ -3,6 +3,7 @@
 #include <array>
 
 #include "app/app_state.h"
+#include "app/entry_places.h"
 #include "app/file_facts.h"
 #include "app/text.h"
 #include "fileops/file_job.h"
@@ -40,6 +41,9 @@ class TransferJob final : public FileJob {
   private:
     bool RemovesEntries() const override { return isMove_; }
     const wchar_t* Work() override;
+    std::size_t TargetLength(const SelectionEntry& entry) override {
+        return ChooseTarget(entry) ? target_.Length() : pathCapacity;
+    }
     int AnswerQuestion(UINT message, const wchar_t* text, const wchar_t* source) override;
 
     bool TransferEntry(const SelectionEntry& entry);
@@ -54,6 +58,8 @@ class TransferJob final : public FileJob {
 
     const bool isMove_;
     const Path& targetFolder_;
+    const ce::RealPlace targetPlace_{PlaceOfFolder(targetFolder_.View())};
+    EntryPlaces places_;
     FileMover mover_;
     int conflictMode_ = modeAsk;
     bool fileAbandoned_ = false; // "Cancel" came in the middle of a file
@@ -97,7 +103,7 @@ bool TransferJob::TransferEntry(const SelectionEntry& entry) {
 
 /// A copy into the folder of the entry itself gets a name of its own.
 bool TransferJob::ChooseTarget(const SelectionEntry& entry) {
-    if (targetFolder_.View() != entry.folder.data())
+    if (!places_.Folder(entry.folder.data()).Is(targetPlace_))
         return target_.AssignChild(targetFolder_.View(), entry.name.data());
     for (int number = 1; number <= lastCopyNumber; ++number) {
         if (!AssignCopyName(target_, targetFolder_.View(), entry.name.data(), number))
@@ -137,8 +143,11 @@ bool TransferJob::TransferFile() {
 bool TransferJob::TransferFolder() {
     const bool isCard = (found_.dwFileAttributes & FILE_ATTRIBUTE_STORAGE_CARD) != 0;
     ShowName(source_.View());
-    if (!ce::CreateDirectoryW(target_.Text(), nullptr) && !MayUseExisting())
+    const bool existed = !ce::CreateDirectoryW(target_.Text(), nullptr);
+    if (existed && !MayUseExisting())
         return true;
+    if (existed && PlaceOfFolder(target_.View()).IsWithin(PlaceOfFolder(source_.View())))
+        return false; // a link has led back
     const Contents contents = TransferContents();
     if (contents != Contents::Whole)
         return contents == Contents::Stopped;

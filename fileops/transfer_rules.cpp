@@ -3,45 +3,46 @@
 #include <algorithm>
 #include <array>
 
+#include "app/entry_places.h"
+#include "app/system_folder.h"
 #include "app/text.h"
 
 namespace {
 
-bool PathOf(const SelectionEntry& entry, Path& path) {
-    return path.AssignChild(entry.folder.data(), entry.name.data());
-}
-
 /// The slot of an up-level entry is empty: it stays out of everything.
-bool StaysInFolder(const TransferRequest& request) {
+bool StaysInFolder(const TransferRequest& request, EntryPlaces& places, const ce::RealPlace& target) {
     return std::ranges::any_of(request.entries, [&](const SelectionEntry& entry) {
-        return entry.kind != ItemKind::UpLevel && request.targetFolder == entry.folder.data();
+        return entry.kind != ItemKind::UpLevel &&
+               (request.targetFolder == entry.folder.data() || places.Folder(entry.folder.data()).Is(target));
     });
 }
 
 } // namespace
 
 const wchar_t* RefuseTransfer(const TransferRequest& request) {
-    if (request.isMove && StaysInFolder(request))
-        return L"Illegal move operation.";
+    const wchar_t* illegal = request.isMove ? L"Illegal move operation." : L"Illegal copy operation.";
+    const ce::RealPlace target = PlaceOfFolder(request.targetFolder);
+    EntryPlaces places;
+    if (request.isMove && StaysInFolder(request, places, target))
+        return illegal;
+    SystemFolder system(request.systemFolder);
     for (const SelectionEntry& entry : request.entries) {
-        Path path;
-        if (entry.kind != ItemKind::Folder || !PathOf(entry, path))
+        if (entry.kind != ItemKind::Folder)
             continue;
+        const wchar_t* folder = entry.folder.data();
+        const wchar_t* name = entry.name.data();
         // Copying it is refused in the same words: the system's folder is never the source of a job.
-        if (EqualNoCase(path.View(), request.systemFolder))
+        if (request.isMove ? system.GoesWith(folder, name) : system.Is(folder, name))
             return systemFolderMessage;
-        if (IsWithin(request.targetFolder, path.View()))
-            return request.isMove ? L"Illegal move operation." : L"Illegal copy operation.";
+        if (places.Holds(folder, name, target))
+            return illegal;
     }
     return nullptr;
 }
 
-bool IsWithin(std::wstring_view path, std::wstring_view folder) {
-    return EqualNoCase(path.substr(0, folder.size()), folder) &&
-           (path.size() == folder.size() || path[folder.size()] == L'\\');
-}
-
 std::wstring_view FolderCaption(std::wstring_view folder) {
+    if (folder.ends_with(L'\\')) // as it was typed
+        folder.remove_suffix(1);
     return folder.find(L'\\') == std::wstring_view::npos ? std::wstring_view(L"\\") : LeafOf(folder);
 }
 

@@ -15,13 +15,9 @@ struct TransferRequest {
     bool isMove = false;
 };
 
-constexpr wchar_t systemFolderMessage[] = L"'Windows' is a system folder and cannot be moved nor deleted.";
-
-/// The message that refuses the request, or null when it can be carried out.
+/// The message that refuses the request, or null when it can be carried out. Folders are told apart by where
+/// they really are.
 const wchar_t* RefuseTransfer(const TransferRequest& request);
-
-/// Whether `path` is `folder` itself or lies below it, without regard to case.
-bool IsWithin(std::wstring_view path, std::wstring_view folder);
 
 /// The name of the last folder of a path; a backslash for the root.
 std::wstring_view FolderCaption(std::wstring_view folder);

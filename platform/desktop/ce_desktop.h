@@ -3,6 +3,7 @@
 // only what the device shell adds or does differently. All run on the user-interface thread unless said.
 
 #include <memory>
+#include <vector>
 
 #include "platform/ce_types.h"
 
@@ -22,6 +23,26 @@ namespace ce {
 /// False, with `resolved` empty, for a path that leads off the device: to another drive, a server, or the
 /// host. All of the file calls here refuse such a path with ERROR_PATH_NOT_FOUND.
 BOOL ResolvePath(const wchar_t* path, wchar_t* resolved, int capacity);
+
+// --- places.cpp. Any thread. ---
+
+/// Where a folder really is, however it is reached: by any spelling, through links and storage cards. Two
+/// folders are known as one by it, and one as lying within the other. What is not there is where its path
+/// says.
+class RealPlace {
+  public:
+    explicit RealPlace(const wchar_t* folder);
+    /// The place of an entry of this folder, by its own name: of a link, not of what it leads to.
+    RealPlace Entry(const wchar_t* name) const;
+
+    bool Is(const RealPlace& other) const;
+    /// Whether this is `other` or lies below it.
+    bool IsWithin(const RealPlace& other) const;
+
+  private:
+    std::vector<wchar_t> text_; // on the host, without a backslash at the end
+    bool isKnown_ = false;      // not for a path that leads off the device
+};
 
 // --- file_calls.cpp: as the host's, kept on the device. Any thread. ---
 

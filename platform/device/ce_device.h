@@ -3,6 +3,7 @@
 // name otherwise.
 
 #include <cwchar>
+#include <vector>
 
 #include "platform/ce_types.h"
 #include "platform/path_spelling.h"
@@ -63,6 +64,36 @@ inline BOOL ResolvePath(const wchar_t* path, wchar_t* resolved, int capacity) {
         std::wcscpy(resolved + *length, *length == 0 || IsSlash(text.back()) ? L"\\" : L"");
     return *resolved != L'\0';
 }
+
+/// The phone has no links: a folder is where its path says, in letters of any case.
+class RealPlace {
+  public:
+    explicit RealPlace(const wchar_t* folder) {
+        wchar_t text[MAX_PATH] = L"";
+        isKnown_ = ResolvePath(folder, text, MAX_PATH) != FALSE;
+        const std::wstring_view path = text;
+        text_.assign(path.begin(), path.end());
+        while (!text_.empty() && text_.back() == L'\\')
+            text_.pop_back();
+    }
+    RealPlace Entry(const wchar_t* name) const {
+        RealPlace entry(*this);
+        entry.text_.push_back(L'\\');
+        entry.text_.insert(entry.text_.end(), name, name + std::wcslen(name));
+        return entry;
+    }
+    bool Is(const RealPlace& other) const { return text_.size() == other.text_.size() && IsWithin(other); }
+    bool IsWithin(const RealPlace& other) const {
+        const std::size_t length = other.text_.size();
+        return isKnown_ && other.isKnown_ && text_.size() >= length &&
+               _wcsnicmp(text_.data(), other.text_.data(), length) == 0 &&
+               (text_.size() == length || text_[length] == L'\\');
+    }
+
+  private:
+    std::vector<wchar_t> text_;
+    bool isKnown_ = false;
+};
 
 inline BOOL ProgramExists(const wchar_t* program) {
     return ::GetFileAttributesW(program) != INVALID_FILE_ATTRIBUTES;

@@ -141,4 +141,47 @@ TEST_F(EntryCount, EndsWithWhatItHasWhenItIsStopped) {
     EXPECT_EQ(CountSelection(root_, entries, &stop), 0);
 }
 
+class Lengths final : public LengthCheck {
+  public:
+    explicit Lengths(std::size_t target) : target_(target) {}
+
+  private:
+    std::size_t TargetLength(const SelectionEntry&) override { return target_; }
+
+    std::size_t target_;
+};
+
+TEST_F(EntryCount, FindsWhatGetsTooLong) {
+    MakeFolder(root_ + L"\\one");
+    MakeFile(root_ + L"\\one\\" + std::wstring(100, L'x'));
+    MakeFolder(root_ + L"\\two");
+    std::vector<SelectionEntry> entries{Entry(ItemKind::Folder, L"two"), Entry(ItemKind::Folder, L"one"),
+                                        Entry(ItemKind::File, L"a"), Entry(ItemKind::UpLevel, L"")};
+    for (SelectionEntry& entry : entries)
+        CopyTextTo(entry.folder, root_);
+    const auto tooLong = [&](std::size_t target) {
+        Lengths lengths(target);
+        EXPECT_EQ(CountSelection(root_, entries, nullptr, &lengths), 4);
+        return lengths.TooLong() ? lengths.TooLong() - entries.data() : -1;
+    };
+    EXPECT_EQ(tooLong(0), -1);
+    EXPECT_EQ(tooLong(158), -1);
+    EXPECT_EQ(tooLong(159), 1);
+    EXPECT_EQ(tooLong(260), 0);
+}
+
+TEST_F(EntryCount, FindsWhatIsTooLongAlreadyAndWhereItLies) {
+    RunOnHost("cd 'Entry Count'; d=$(printf 'd%.0s' $(seq 120)); mkdir -p tree/$d/$d/deep; touch "
+              "tree/$d/$d/deep/x");
+    SelectionEntry entry = Entry(ItemKind::Folder, L"tree");
+    CopyTextTo(entry.folder, root_);
+    const SelectionEntry entries[] = {entry};
+    for (const wchar_t* base : {L"\\Entry Count", L"File Search"}) {
+        Lengths lengths(0);
+        CountSelection(base, entries, nullptr, &lengths);
+        EXPECT_EQ(lengths.TooLong(), entries);
+    }
+    RunOnHost("rm -rf 'Entry Count'/*");
+}
+
 } // namespace

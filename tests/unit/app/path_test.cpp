@@ -33,6 +33,8 @@ TEST(Path, MakesAChildWithOneBackslash) {
     Path path;
     ASSERT_TRUE(path.AssignChild(L"\\Windows", L"Fonts"));
     EXPECT_EQ(path.View(), L"\\Windows\\Fonts");
+    ASSERT_TRUE(path.AssignChild(L"\\Windows\\", L"Fonts"));
+    EXPECT_EQ(path.View(), L"\\Windows\\Fonts");
     ASSERT_TRUE(path.AssignChild(L"", L"Windows"));
     EXPECT_EQ(path.View(), L"\\Windows");
 }

@@ -5,7 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include "app/system_folder.h"
 #include "app/text.h"
+#include "tests/support/host.h"
 
 namespace {
 
@@ -43,8 +45,16 @@ TEST(TransferRules, CopyingWithinAFolderIsNot) {
     EXPECT_EQ(Refusal({Entry(file, L"\\A", L"a.txt")}, L"\\A", false), L"");
 }
 
-TEST(TransferRules, TheFolderIsComparedByItsExactLetters) {
-    EXPECT_EQ(Refusal({Entry(file, L"\\A", L"a.txt")}, L"\\a", true), L"");
+TEST(TransferRules, OneFolderIsKnownInOtherLettersAndSpellings) {
+    for (const wchar_t* target : {L"\\a", L"\\A\\", L"\\A\\.", L"\\X\\..\\A", L"/A"})
+        EXPECT_EQ(Refusal({Entry(file, L"\\A", L"a.txt")}, target, true), L"Illegal move operation.");
+}
+
+TEST(TransferRules, FoldersThatDifferInCaseAloneAreTwoWhereTheHostHasTwo) {
+    RunOnHost("mkdir -p Temp/Rules/one Temp/Rules/ONE Temp/Rules/one/in");
+    EXPECT_EQ(Refusal({Entry(file, L"\\Temp\\Rules\\one", L"x")}, L"\\Temp\\Rules\\ONE", true), L"");
+    EXPECT_EQ(Refusal({Entry(folder, L"\\Temp\\Rules", L"ONE")}, L"\\Temp\\Rules\\one\\in", false), L"");
+    RunOnHost("rm -r Temp/Rules");
 }
 
 TEST(TransferRules, AFolderCannotGoIntoItselfOrBelow) {
