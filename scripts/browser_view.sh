@@ -75,7 +75,7 @@ await_end() {
 # await_address: the first line of the server's is the page's address; it is kept for who starts a second time.
 await_address() {
     local address
-    read -r -t 20 address <&7 && [[ $address == http* ]] || {
+    read -r -t 60 address <&7 && [[ $address == http* ]] || {
         tail -n 5 "$work/page.log" >&2
         fail "the page for the web browser did not start" "See the lines above"
     }
