@@ -2,6 +2,7 @@
 
 #include "app/app_state.h"
 #include "app/menu_state.h"
+#include "app/name_rules.h"
 #include "app/outside_path.h"
 #include "app/text_format.h"
 #include "app/wait_cursor.h"
@@ -74,7 +75,7 @@ void FileList::GoToPath(std::wstring_view text) {
     if (text == searchFolder)
         return GoToFolder(searchFolder, treeRescan);
     Path path;
-    if (!TakeOutsidePath(text, path))
+    if (!TakeOutsidePath(StoredName(text), path))
         return ReportNotFound();
     if (path.IsEmpty())
         return GoToFolder(L"", treeRescan);

@@ -38,7 +38,7 @@ bool ReadLaunch(const Path& path, Launch& launch) {
 
 bool LeadsToFolder(const Launch& launch) {
     const WaitCursor wait;
-    return IsExistingFolder(launch.program.Text());
+    return launch.program.IsEmpty() || IsExistingFolder(launch.program.Text()); // the root is the empty path
 }
 
 bool IsArchiveOpenedHere(const FileList& list, const Path& path) {

@@ -28,7 +28,7 @@ class MissedChangesUi : public NameEditorUi {
 };
 
 TEST_F(MissedChangesUi, WhatIsMadeWhileTheFolderIsReadIsShown) {
-    RunOnHost("mkdir Many && cd Many && seq -f file%g 20000 | xargs touch");
+    RunOnHost("mkdir Many && cd Many && seq -f file%g 4000 | xargs touch");
     program.Start(L"\\Many");
     BeginToRead();
     const ULONGLONG begun = GetTickCount64();
