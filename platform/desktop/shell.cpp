@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/desktop/device_path.h"
+#include "platform/desktop/open_command.h"
 #include "platform/desktop/rooted_path.h"
 
 namespace {
@@ -125,6 +126,13 @@ BOOL ShellExecuteEx(SHELLEXECUTEINFOW* info) {
     const ShellPath file(found.empty() ? info->lpFile : found.data());
     if (file.Text() == nullptr || LeadsAway(file.Text())) {
         SetLastError(ERROR_PATH_NOT_FOUND);
+        return FALSE;
+    }
+    if (HasUnclosedCommand(file.Text())) {
+        MessageBoxW(info->hwnd,
+                    L"This file cannot be opened: the command for files of its kind lacks a quotation mark.",
+                    L"", MB_ICONHAND);
+        SetLastError(ERROR_NO_ASSOCIATION);
         return FALSE;
     }
 

@@ -171,4 +171,14 @@ TEST_F(OpenAndTapUi, ShortcutsThatLeadRoundInACircleLeadNowhere) {
     EXPECT_FALSE(program.HasMessageBox());
 }
 
+TEST_F(OpenAndTapUi, AFileWhoseCommandLacksAQuoteIsRefusedAtOnce) {
+    device.WriteText(L"HKCR\\.odd", L"", L"oddfile");
+    device.WriteText(L"HKCR\\oddfile\\Shell\\Open\\Command", L"", L"\"E:\\Windows\\odd.exe %1");
+    device.File(L"\\T\\file.odd");
+    program.Command(IDM_MENU_REFRESH);
+    Open(L"file");
+    ExpectMessage(L"This file cannot be opened: the command for files of its kind lacks a quotation mark.");
+    EXPECT_TRUE(Answers(program.Window()));
+}
+
 } // namespace
