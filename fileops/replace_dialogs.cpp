@@ -7,6 +7,7 @@
 #include "app/text.h"
 #include "app/text_format.h"
 #include "fileops/file_job.h"
+#include "fileops/fitting_text.h"
 #include "resources/resource.h"
 
 namespace {
@@ -32,9 +33,12 @@ const wchar_t* QuestionFormat(DWORD attributes) {
 void ShowQuestion(HWND dialog, const wchar_t* target) {
     const DWORD attributes = ce::GetFileAttributesW(target);
     std::array<wchar_t, pathCapacity + 64> text{};
-    FormatText(text, QuestionFormat(attributes == INVALID_FILE_ATTRIBUTES ? 0 : attributes),
-               LeafOf(target).data());
-    SetDlgItemTextW(dialog, IDC_JOB_STATUS, text.data());
+    ShowFittingText(GetDlgItem(dialog, IDC_JOB_STATUS), [&](std::size_t limit) {
+        PathText name{};
+        CutName(name, LeafOf(target), limit);
+        FormatText(text, QuestionFormat(attributes == INVALID_FILE_ATTRIBUTES ? 0 : attributes), name.data());
+        return text.data();
+    });
 }
 
 IconHandle IconOf(const wchar_t* path) {
@@ -123,9 +127,16 @@ class ReplaceFolderDialog final : public DialogFrame {
     HWND OnInit() override {
         Path holder;
         std::array<wchar_t, 2 * pathCapacity + 64> text{};
-        FormatText(text, L"In '%s', a folder called '%s' already exists.", HolderName(target_, holder),
-                   LeafOf(target_).data());
-        SetDlgItemTextW(Window(), IDC_FOLDER_TEXT, text.data());
+        const wchar_t* holderName = HolderName(target_, holder);
+        ShowFittingText(Control(IDC_FOLDER_TEXT), [&](std::size_t limit) {
+            PathText shownHolder{};
+            PathText shownName{};
+            CutName(shownHolder, holderName, limit);
+            CutName(shownName, LeafOf(target_), limit);
+            FormatText(text, L"In '%s', a folder called '%s' already exists.", shownHolder.data(),
+                       shownName.data());
+            return text.data();
+        });
         return nullptr;
     }
 

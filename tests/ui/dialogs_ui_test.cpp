@@ -154,4 +154,30 @@ TEST_F(DialogsUi, MemoryStatus) {
     ExpectUsableAndLeave(Open(IDM_TOOLS_MEMORY_STATUS, L"Memory Status"));
 }
 
+TEST_F(DialogsUi, NamesOfAnyLengthLeaveTheReplaceQuestionsWhole) {
+    for (const std::wstring& name :
+         {std::wstring(120, L'x') + L".txt",
+          L"many words " + std::wstring(60, L'i') + L" and yet more of them.txt"}) {
+        device.File(L"\\From\\" + name, "new");
+        device.File(L"\\To\\" + name, "old");
+        device.Folder(L"\\From\\" + name + L".d");
+        device.Folder(L"\\To\\" + name + L".d");
+        StartIn(L"\\From");
+        for (const std::wstring& entry : {name, name + L".d"}) {
+            Copy({entry});
+            Show(L"\\To");
+            Paste();
+            const bool folder = entry != name;
+            Dialog question = folder ? WaitForFolderQuestion() : WaitForFileQuestion();
+            const std::wstring text = question.Item(folder ? IDC_FOLDER_TEXT : IDC_JOB_STATUS).Text();
+            EXPECT_TRUE(text.ends_with(L"' already exists.")) << Narrow(text);
+            ExpectUsable(program, question);
+            Answer(question, folder ? IDNO : noKey);
+            FinishJob();
+            Show(L"\\From");
+        }
+        program.Close();
+    }
+}
+
 } // namespace
