@@ -33,6 +33,24 @@ class GesturesUi : public JobUi {
         StylusDown(point);
         program.WaitForMenu();
     }
+    /// Puts the stylus down on an entry that is not selected, and goes on when that has arrived.
+    POINT PressOn(const std::wstring& name) {
+        const POINT point = program.List().PointOf(name);
+        StylusDown(point);
+        WaitFor("for the press to arrive", [&] { return program.List().SelectedNames() == Texts{name}; });
+        return point;
+    }
+    /// The same on a node; the tree takes the stylus for itself.
+    void PressOnNode(const std::wstring& path) {
+        HWND tree = program.Tree().Window();
+        StylusDown(program.Tree().PointOf(path));
+        WaitFor("for the press to arrive", [&] {
+            GUITHREADINFO input{};
+            input.cbSize = sizeof(input);
+            GetGUIThreadInfo(GetWindowThreadProcessId(tree, nullptr), &input);
+            return input.hwndCapture == tree;
+        });
+    }
     void DismissMenuByBack() {
         PressBack();
         WaitFor("for the menu to close", [&] { return !program.MenuIsOpen(); });
@@ -177,7 +195,7 @@ TEST_F(GesturesUi, TheNodeThatIsHighlightedDuringAHoldIsTheOneTheMenuActsOn) {
 TEST_F(GesturesUi, AHoldIsForgottenWhenTheListGoesElsewhere) {
     StartIn(L"\\T");
     program.List().Select(L"a.txt");
-    StylusDown(program.List().PointOf(L"Sub"));
+    PressOn(L"Sub");
     SecondStart(L"\\Other");
     EXPECT_TRUE(
         HoldsFor(static_cast<int>(GetDoubleClickTime()) + 300, [&] { return !program.MenuIsOpen(); }));
@@ -187,8 +205,7 @@ TEST_F(GesturesUi, AHoldIsForgottenWhenTheListGoesElsewhere) {
 
 TEST_F(GesturesUi, APressBecomesNoDragWhenTheListGoesElsewhere) {
     StartIn(L"\\T");
-    const POINT from = program.List().PointOf(L"Sub");
-    StylusDown(from);
+    const POINT from = PressOn(L"Sub");
     SecondStart(L"\\Other");
     StylusMove({from.x + 30, from.y + 30});
     StylusMove(program.List().EmptyPoint());
@@ -199,7 +216,7 @@ TEST_F(GesturesUi, APressBecomesNoDragWhenTheListGoesElsewhere) {
 
 TEST_F(GesturesUi, APressInTheTreeIsForgottenWhenTheListGoesElsewhere) {
     StartWithTree(L"\\T");
-    StylusDown(program.Tree().PointOf(L"\\Temp"));
+    PressOnNode(L"\\Temp");
     SecondStart(L"\\Other");
     EXPECT_TRUE(
         HoldsFor(static_cast<int>(GetDoubleClickTime()) + 300, [&] { return !program.MenuIsOpen(); }));
@@ -209,8 +226,7 @@ TEST_F(GesturesUi, APressInTheTreeIsForgottenWhenTheListGoesElsewhere) {
 
 TEST_F(GesturesUi, ARefreshWaitsForTheStylus) {
     StartIn(L"\\T");
-    const POINT point = program.List().PointOf(L"b.txt");
-    StylusDown(point);
+    const POINT point = PressOn(L"b.txt");
     device.File(L"\\T\\aa.txt");
     PostMessageW(program.Window(), folderChanged, 0, 0);
     EXPECT_TRUE(HoldsFor(refreshDelay + 1000, [&] { return !program.List().Has(L"aa.txt"); }));

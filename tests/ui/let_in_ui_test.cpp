@@ -1,5 +1,5 @@
 // Screens: 240x320
-// Limit: 300 seconds
+// Limit: 600 seconds
 
 // Another start's folder arrives in the midst of an operation, at each place where the program lets messages
 // in. The operation is about what it was begun with, and the list shows what is there.
