@@ -37,7 +37,7 @@ UINT_PTR CALLBACK FileDialogHook(HWND child, UINT message, WPARAM, LPARAM lParam
 }
 
 /// Runs one of the host's file dialogs for a program that knows one root and no current folder.
-BOOL RunFileDialog(OPENFILENAMEW& request, BOOL (*dialog)(OPENFILENAMEW*)) {
+BOOL RunFileDialog(OPENFILENAMEW& request, BOOL(WINAPI* dialog)(OPENFILENAMEW*)) {
     std::vector<wchar_t> file = DialogPath(request.lpstrFile);
     const std::vector<wchar_t> folder = DialogPath(request.lpstrInitialDir);
     file.resize(std::max<std::size_t>(file.size(), dialogCapacity));

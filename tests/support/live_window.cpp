@@ -58,7 +58,7 @@ std::vector<HWND> ChildrenOf(HWND parent) {
     std::vector<HWND> children;
     EnumChildWindows(
         parent,
-        [](HWND child, LPARAM list) -> BOOL {
+        [](HWND child, LPARAM list) WINAPI -> BOOL {
             reinterpret_cast<std::vector<HWND>*>(list)->push_back(child);
             return TRUE;
         },
@@ -77,7 +77,7 @@ HWND ChildOfClass(HWND parent, const wchar_t* className) {
 std::vector<HWND> TopWindowsOf(DWORD process) {
     std::vector<HWND> windows;
     EnumWindows(
-        [](HWND window, LPARAM list) -> BOOL {
+        [](HWND window, LPARAM list) WINAPI -> BOOL {
             reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
             return TRUE;
         },

@@ -13,7 +13,7 @@ DWORD ProcessOf(HWND window) {
 /// Ends what the program started and left on the screen.
 void EndOtherPrograms() {
     EnumWindows(
-        [](HWND window, LPARAM) -> BOOL {
+        [](HWND window, LPARAM) WINAPI -> BOOL {
             const DWORD process = ProcessOf(window);
             if (!IsWindowVisible(window) || process == GetCurrentProcessId() ||
                 process == ProcessOf(GetDesktopWindow()))
