@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
 # Runs a test executable on a fresh phone and ends with its exit code.
 #
-#   run_on_device.sh [--build FOLDER] [--screen WxH] [--limit SECONDS] [--keep] TESTS.exe [GTEST OPTION...]
+#   run_on_device.sh [--build FOLDER] [--phone] [--screen WxH] [--limit SECONDS] [--keep] TESTS.exe [GTEST OPTION...]
+#
+# With --build build/workbench all is of 32 bits; with --phone the program is then the phone's own executable.
 #
 # A phone is made as ./run makes it (scripts/device.sh and screen.sh): a Wine prefix of its own, an X screen of
 # the phone's size, and a device folder as drive E:, seeded from the image and with the built program in \Program
@@ -19,15 +21,19 @@ source "$house/scripts/device.sh"
 source "$house/scripts/screen.sh"
 # shellcheck source=scripts/leftovers.sh
 source "$house/scripts/leftovers.sh"
+# shellcheck source=scripts/workbench.sh
+source "$house/scripts/workbench.sh"
 
 build=$house/build/desktop
 screen=240x320
 limit=300
+phone_program=
 keep=
 
 while [[ ${1:-} == --* ]]; do
     case $1 in
         --build) build=$(cd "$2" && pwd); shift 2 ;;
+        --phone) phone_program=1; shift ;;
         --screen) screen=$2; shift 2 ;;
         --limit) limit=$2; shift 2 ;;
         --keep) keep=1; shift ;;
@@ -42,6 +48,7 @@ shift
 data=$build/phones
 program_files=("$build/TarvikFileManager.exe")
 [[ -e ${program_files[0]} ]] || program_files=()
+[[ $(basename "$build") != workbench ]] || use_wine32
 
 # The same times on every machine; nine hours ahead, so that local times are not the world's.
 export TZ=JST-9
@@ -80,6 +87,10 @@ make_template
 clear_leftovers phone
 open_work phone
 prefix=$work/prefix
+if [[ -n $phone_program ]]; then
+    use_phone_program "$work"
+    program_files=("${program_files[0]}")
+fi
 mkdir "$work"/{device,seed,home,run}
 copy_template "$prefix" || fail "cannot make the prefix $prefix" "Is there room"
 connect "$prefix" "$work/device"

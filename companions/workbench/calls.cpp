@@ -1,0 +1,99 @@
+#include "companions/workbench/calls.h"
+
+#include <windows.h>
+
+#include <string_view>
+
+#include "companions/workbench/replacements.h"
+#include "platform/ce_api.h"
+
+namespace {
+
+struct Call {
+    std::string_view name;
+    HostFunction function;
+};
+
+template <class Function>
+constexpr HostFunction Of(Function* function) {
+    return reinterpret_cast<HostFunction>(function);
+}
+
+const Call calls[] = {
+    // What the phone's structures, colours, callbacks or handles make different.
+    {"CreateThread", Of(replaced::CreateThread)},
+    {"DialogBoxIndirectParamW", Of(replaced::DialogBoxIndirectParamW)},
+    {"EnumFontsW", Of(replaced::EnumFontsW)},
+    {"FindFirstFileW", Of(replaced::FindFirstFileW)},
+    {"FindNextFileW", Of(replaced::FindNextFileW)},
+    {"GetModuleHandleW", Of(replaced::GetModuleHandleW)},
+    {"GetProcAddressW", Of(replaced::GetProcAddressW)},
+    {"GetSysColor", Of(replaced::GetSysColor)},
+    {"RegisterClassW", Of(replaced::RegisterClassW)},
+    {"SetWindowLongW", Of(replaced::SetWindowLongW)},
+    {"ShowWindow", Of(replaced::ShowWindow)},
+    {"TerminateProcess", Of(replaced::TerminateProcess)},
+    // What the desktop's device shell does.
+    {"CommandBar_Create", Of(ce::CommandBar_Create)},
+    {"CommandBar_Height", Of(ce::CommandBar_Height)},
+    {"CommandBar_InsertComboBox", Of(ce::CommandBar_InsertComboBox)},
+    {"CommandBar_Show", Of(ce::CommandBar_Show)},
+    {"CreateProcessW", Of(ce::CreateProcessW)},
+    {"CreateWindowExW", Of(ce::CreateWindowExW)},
+    {"DeleteAndRenameFile", Of(ce::DeleteAndRenameFile)},
+    {"DeleteFileW", Of(ce::DeleteFileW)},
+    {"EventModify", Of(ce::EventModify)},
+    {"FindClose", Of(ce::FindClose)},
+    {"GetFileAttributesW", Of(ce::GetFileAttributesW)},
+    {"GetNumberFormatW", Of(ce::GetNumberFormatW)},
+    {"GetOpenFileNameW", Of(ce::GetOpenFileNameW)},
+    {"GetSaveFileNameW", Of(ce::GetSaveFileNameW)},
+    {"MoveFileW", Of(ce::MoveFileW)},
+    {"RemoveDirectoryW", Of(ce::RemoveDirectoryW)},
+    {"SetFileAttributesW", Of(ce::SetFileAttributesW)},
+    {"SHCreateMenuBar", Of(ce::SHCreateMenuBar)},
+    {"SHCreateShortcut", Of(ce::SHCreateShortcut)},
+    {"ShellExecuteEx", Of(ce::ShellExecuteEx)},
+    {"SHFindMenuBar", Of(ce::SHFindMenuBar)},
+    {"SHGetFileInfo", Of(ce::SHGetFileInfo)},
+    {"SHGetShortcutTarget", Of(ce::SHGetShortcutTarget)},
+    {"SHGetSpecialFolderPath", Of(ce::SHGetSpecialFolderPath)},
+    {"SHInitDialog", Of(ce::SHInitDialog)},
+    {"SipGetInfo", Of(ce::SipGetInfo)},
+    {"SipShowIM", Of(ce::SipShowIM)},
+    {"SystemIdleTimerReset", Of(ce::SystemIdleTimerReset)},
+    {"WNetConnectionDialog1W", Of(ce::WNetConnectionDialog1W)},
+    {"WNetDisconnectDialog", Of(ce::WNetDisconnectDialog)},
+};
+
+/// Of the phone's shell library.
+HostFunction ByNumber(unsigned number) {
+    switch (number) {
+    case 83:
+        return Of(ce::SHHandleWMSettingChange);
+    case 84:
+        return Of(ce::SHHandleWMActivate);
+    case 97:
+        return Of(ce::SHSendBackToFocusWindow);
+    default:
+        return nullptr;
+    }
+}
+
+HostFunction OfTheHost(const char* name) {
+    for (const wchar_t* library : {L"kernel32", L"user32", L"gdi32", L"advapi32", L"comctl32", L"msvcrt"})
+        if (const FARPROC found = GetProcAddress(LoadLibraryW(library), name))
+            return Of(found);
+    return nullptr;
+}
+
+} // namespace
+
+HostFunction FindCall(const char* name, unsigned number) {
+    if (!name)
+        return ByNumber(number);
+    for (const Call& call : calls)
+        if (call.name == name)
+            return call.function;
+    return OfTheHost(name);
+}
