@@ -16,7 +16,7 @@ std::wstring symbolsFile, reportFile;
 
 [[noreturn]] void Finish(const std::string& text, unsigned code) {
     std::fputs(text.c_str(), stderr);
-    if (std::FILE* file = reportFile.empty() ? nullptr : _wfopen(reportFile.c_str(), L"wx")) {
+    if (std::FILE* file = reportFile.empty() ? nullptr : _wfopen(reportFile.c_str(), L"w")) {
         std::fputs(text.c_str(), file);
         std::fclose(file);
     }

@@ -76,3 +76,16 @@ std::string KeepScreenshot(const std::string& name) {
     RunOnHost("import -window root '" + path + "'");
     return path;
 }
+
+bool RunsPhoneProgram() {
+    return !HostVariable("TARVIK_PHONE_PROGRAM").empty();
+}
+
+std::string TakePhoneReport() {
+    const std::string path = HostVariable("TARVIK_PHONE_REPORT");
+    if (path.empty())
+        return {};
+    const std::string report = ReadWhole(path);
+    _wremove(Seen(path).c_str());
+    return report;
+}

@@ -12,3 +12,9 @@ std::string HostVariable(const char* name);
 
 /// Keeps a picture of the phone's screen as `name`.png among the build's test failures. Says where.
 std::string KeepScreenshot(const std::string& name);
+
+/// Whether the program is the phone's own executable, which the workbench runs.
+bool RunsPhoneProgram();
+
+/// What that executable has done since the last call that a phone would punish; empty when all was well.
+std::string TakePhoneReport();

@@ -35,6 +35,8 @@ void UiTest::TearDown() {
         EXPECT_EQ(program.ExitCode(), 0u) << "the program crashed";
     }
 
+    EXPECT_EQ(TakePhoneReport(), "");
+
     if (program.IsRunning() && program.Window()) {
         EXPECT_TRUE(Answers(program.Window())) << "the program hangs";
     }

@@ -18,6 +18,12 @@
 #include "tests/support/text.h"
 #include "tests/support/waiting.h"
 
+/// Leaves the test out where the program is the phone's own executable: what it tests is a service that the
+/// desktop alone has. The reason is counted in the report.
+#define ONLY_ON_THE_DESKTOP(reason)                                                                          \
+    if (RunsPhoneProgram())                                                                                  \
+    GTEST_SKIP() << "Only on the desktop: " << (reason)
+
 class UiTest : public testing::Test {
   protected:
     void TearDown() override;

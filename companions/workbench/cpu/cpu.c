@@ -53,22 +53,28 @@ static void ReadRegisters(Cpu* cpu, uint32_t* registers) {
     uc_reg_read(cpu->engine, UC_ARM_REG_PC, &registers[15]);
 }
 
-/// Finds the place in the generated code among `count` words and reads the registers there.
-static int Restore(const uintptr_t* words, unsigned count, uint32_t* registers) {
+/// Has the emulator work out the registers at `place`; 0 when that is not in the generated code.
+static int RestoreAt(uintptr_t place) {
     static bool (*restore)(void*, uintptr_t, bool);
     if (!restore)
-        restore = (bool (*)(void*, uintptr_t, bool))dlsym(RTLD_DEFAULT, "cpu_restore_state_arm");
-    if (!restore)
         restore = (bool (*)(void*, uintptr_t, bool))dlsym(RTLD_NEXT, "cpu_restore_state_arm");
-    if (!restore || !record || !running)
+    return restore && record && running && restore(record, place, false);
+}
+
+/// Finds the place in the generated code among `count` words of the stack and reads the registers there.
+/// Behind the first one, which may be of code that several instructions share, the emulator hands the very
+/// place on.
+static int Restore(const uintptr_t* words, unsigned count, uint32_t* registers) {
+    enum { handedOn = 6 };
+    unsigned number = 0;
+    while (number < count && !RestoreAt(words[number]))
+        ++number;
+    if (number == count)
         return 0;
-    for (unsigned number = 0; number < count; ++number) {
-        if (restore(record, words[number], false)) {
-            ReadRegisters(running, registers);
-            return 1;
-        }
-    }
-    return 0;
+    for (unsigned next = number + 1; next < count && next <= number + handedOn; ++next)
+        RestoreAt(words[next]);
+    ReadRegisters(running, registers);
+    return 1;
 }
 
 enum { stackWords = 400, returnAdjustment = 2 };
