@@ -4,6 +4,7 @@
 
 #include <string_view>
 
+#include "companions/workbench/heap.h"
 #include "companions/workbench/replacements.h"
 #include "platform/ce_api.h"
 
@@ -21,14 +22,19 @@ constexpr HostFunction Of(Function* function) {
 
 const Call calls[] = {
     // What the phone's structures, colours, callbacks or handles make different.
+    {"CloseHandle", Of(replaced::CloseHandle)},
     {"CreateThread", Of(replaced::CreateThread)},
     {"DialogBoxIndirectParamW", Of(replaced::DialogBoxIndirectParamW)},
     {"EnumFontsW", Of(replaced::EnumFontsW)},
+    {"FindClose", Of(replaced::FindClose)},
     {"FindFirstFileW", Of(replaced::FindFirstFileW)},
     {"FindNextFileW", Of(replaced::FindNextFileW)},
+    {"free", Of(FreeBlock)},
     {"GetModuleHandleW", Of(replaced::GetModuleHandleW)},
     {"GetProcAddressW", Of(replaced::GetProcAddressW)},
     {"GetSysColor", Of(replaced::GetSysColor)},
+    {"malloc", Of(AllocateBlock)},
+    {"RegCloseKey", Of(replaced::RegCloseKey)},
     {"RegisterClassW", Of(replaced::RegisterClassW)},
     {"SetWindowLongW", Of(replaced::SetWindowLongW)},
     {"ShowWindow", Of(replaced::ShowWindow)},
@@ -43,7 +49,6 @@ const Call calls[] = {
     {"DeleteAndRenameFile", Of(ce::DeleteAndRenameFile)},
     {"DeleteFileW", Of(ce::DeleteFileW)},
     {"EventModify", Of(ce::EventModify)},
-    {"FindClose", Of(ce::FindClose)},
     {"GetFileAttributesW", Of(ce::GetFileAttributesW)},
     {"GetNumberFormatW", Of(ce::GetNumberFormatW)},
     {"GetOpenFileNameW", Of(ce::GetOpenFileNameW)},

@@ -157,6 +157,7 @@ std::uint64_t CallGuest(std::uint32_t function, const std::uint32_t* arguments, 
         const Trap* trap = TrapAt(word);
         if (!trap)
             EndAfterFault({CpuBadInstruction, word, {}});
+        registers[programCounter] = word;
         processor.top = registers[stackPointer];
         processor.call = registers;
         Answer(registers, CallHost(trap->function, registers));

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "companions/workbench/calls.h"
+#include "companions/workbench/ending.h"
 #include "companions/workbench/processor.h"
 #include "companions/workbench/thunks.h"
 #include "platform/ce_api.h"
@@ -43,6 +44,12 @@ DWORD WINAPI RunThread(void* start) {
     return code;
 }
 
+/// Ends the program when what it has closed was no open handle.
+void CheckClosed(bool closed) {
+    if (!closed)
+        EndAfterCheck("a handle is closed that is not open", RegistersOfCall());
+}
+
 FARPROC AsProcedure(std::uint32_t address) {
     return reinterpret_cast<FARPROC>(address);
 }
@@ -73,6 +80,21 @@ BOOL FindNextFileW(HANDLE find, FindData* found) {
     if (more)
         Convert(host, found);
     return more;
+}
+
+BOOL CloseHandle(HANDLE handle) {
+    CheckClosed(::CloseHandle(handle));
+    return TRUE;
+}
+
+BOOL FindClose(HANDLE find) {
+    CheckClosed(ce::FindClose(find));
+    return TRUE;
+}
+
+LONG RegCloseKey(HKEY key) {
+    CheckClosed(::RegCloseKey(key) == ERROR_SUCCESS);
+    return ERROR_SUCCESS;
 }
 
 HANDLE CreateThread(SECURITY_ATTRIBUTES*, SIZE_T, LPTHREAD_START_ROUTINE function, void* parameter,

@@ -19,6 +19,12 @@ static_assert(sizeof(FindData) == 560);
 HANDLE FindFirstFileW(const wchar_t* pattern, FindData* found);
 BOOL FindNextFileW(HANDLE find, FindData* found);
 
+// A handle that is closed twice, or is none, ends the program: what it closes the second time may be
+// another's.
+BOOL CloseHandle(HANDLE handle);
+BOOL FindClose(HANDLE find);
+LONG RegCloseKey(HKEY key);
+
 HANDLE CreateThread(SECURITY_ATTRIBUTES* security, SIZE_T stack, LPTHREAD_START_ROUTINE start,
                     void* parameter, DWORD flags, DWORD* number);
 INT_PTR DialogBoxIndirectParamW(HINSTANCE instance, const DLGTEMPLATE* dialog, HWND owner, DLGPROC procedure,

@@ -3,6 +3,7 @@
 
 #include <cstdarg>
 #include <cstdint>
+#include <cstdlib>
 
 #include "platform/ce_api.h"
 
@@ -169,6 +170,25 @@ void __attribute__((noinline)) ReadFreed() {
     ReadAtThird(reinterpret_cast<std::uintptr_t>(block));
 }
 
+void WriteBehindBlock() {
+    constexpr std::size_t size = 21;
+    auto* block = static_cast<volatile char*>(std::malloc(size));
+    block[size] = 1;
+    std::free(const_cast<char*>(block));
+}
+
+void FreeTwice() {
+    void* volatile block = std::malloc(1);
+    std::free(block);
+    std::free(block);
+}
+
+void CloseTwice() {
+    const HANDLE thread = CreateThread(nullptr, 0, Add, nullptr, 0, nullptr);
+    CloseHandle(thread);
+    CloseHandle(thread);
+}
+
 void Do(const wchar_t* what) {
     const auto is = [what](const wchar_t* name) { return wcscmp(what, name) == 0; };
     if (is(L"well"))
@@ -191,6 +211,12 @@ void Do(const wchar_t* what) {
         UndefinedAtThird();
     else if (is(L"overflow"))
         firstFailure = Deep(1000);
+    else if (is(L"write-behind"))
+        WriteBehindBlock();
+    else if (is(L"free-twice"))
+        FreeTwice();
+    else if (is(L"close-twice"))
+        CloseTwice();
     else if (is(L"read-unaligned"))
         ReadAtThird(reinterpret_cast<std::uintptr_t>(&firstFailure) + 1);
     else if (is(L"in-callback"))

@@ -35,12 +35,13 @@ std::string TakeReport() {
     return text;
 }
 
-/// Runs the test program with this command line.
+/// Runs the test program with this command line, looking at each load and store if its name says so.
 Outcome Start(std::wstring what) {
     const std::string program = HostVariable("TARVIK_ARM_PROGRAM");
     SetEnvironmentVariableW(L"TARVIK_PHONE_PROGRAM", Widen(program + ".exe").c_str());
     SetEnvironmentVariableW(L"TARVIK_PHONE_SYMBOLS", Widen(program + ".elf").c_str());
     SetEnvironmentVariableW(L"TARVIK_PHONE_REPORT", Widen(HostVariable("TARVIK_WORK") + "/report").c_str());
+    SetEnvironmentVariableW(L"TARVIK_PHONE_CHECKS", what.ends_with(L"unaligned") ? L"1" : nullptr);
     constexpr wchar_t runner[] = L"E:\\Program Files\\Tarvik File Manager\\TarvikFileManager.exe";
     std::wstring line = L"runner " + what;
     STARTUPINFOW startup{};
@@ -101,6 +102,10 @@ INSTANTIATE_TEST_SUITE_P(
                     Fault{L"undefined", "an instruction that the phone does not know", "UndefinedAtThird+0x8",
                           "Do("},
                     Fault{L"overflow", "the stack is at its end", "Deep(int)+", "Deep(int)+"},
+                    Fault{L"write-behind", "a block of 21 bytes was written beside", "free", "Do("},
+                    Fault{L"free-twice", "no block of the heap, or no more", "free", "Do("},
+                    Fault{L"close-twice", "a handle is closed that is not open", "CloseHandle", "Do("},
+                    Fault{L"read-unaligned", "an unaligned load or store at ", "ReadAtThird+0x8", "Do("},
                     Fault{L"in-callback", "a read of 00000010", "ReadAtThird+0x8", "FaultingProcedure("},
                     Fault{L"in-thread", "a read of 00000000", "ReadAtThird+0x8", "ReadNull("}),
     [](const testing::TestParamInfo<Fault>& of) {
