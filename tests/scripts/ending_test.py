@@ -113,11 +113,13 @@ class TwoStarts(unittest.TestCase):
         self.house = self.enterContext(House())
 
     def test_of_two_at_once_the_second_waits_and_hands_over(self):
-        first = self.house.start(STARTING_TAKES="2")
+        signal_to_go = self.house.top / "go"
+        first = self.house.start(START_AWAITS=str(signal_to_go))
         self.assertTrue(eventually(self.house.runs), first.said())
-        status, said = self.house.run("\\Windows")
-        self.assertEqual(status, 0, said)
-        self.assertIn("waiting for it", said)
+        second = self.house.start("\\Windows")
+        self.assertTrue(eventually(lambda: "waiting for it" in second.said()), second.said())
+        signal_to_go.touch()
+        self.assertEqual(second.wait(60), 0, second.said())
         self.assertEqual(self.house.handed_over(), ["\\Windows"])
         self.assertIsNone(first.poll())
 
