@@ -4,12 +4,11 @@
 #include <cstdarg>
 #include <cstdint>
 #include <cstdlib>
+#include <cwchar>
 
 #include "platform/ce_api.h"
 
 extern "C" {
-LONG _vsnwprintf(wchar_t* text, size_t size, const wchar_t* format, va_list arguments);
-
 // Each faults at its third instruction.
 void ReadAtThird(std::uintptr_t address);
 void WriteAtThird(std::uintptr_t address);
