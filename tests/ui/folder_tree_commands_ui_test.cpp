@@ -154,7 +154,7 @@ TEST_F(FolderTreeCommandsUi, HiddenFoldersAreWorkedOnToo) {
     program.HandOverFolder(L"\\Temp\\Other\\Home");
     program.PostCommand(IDM_FILE_DELETE);
     AnswerDelete(IDM_ANSWER_YES);
-    EXPECT_FALSE(device.Exists(L"\\Temp\\Other\\Home"));
+    EXPECT_TRUE(Eventually([&] { return !device.Exists(L"\\Temp\\Other\\Home"); }));
     ExpectShown(L"\\Temp\\Other");
 }
 
