@@ -5,15 +5,13 @@
 #include "app/app_state.h"
 #include "app/entry_count.h"
 #include "app/text.h"
+#include "fileops/single_steps.h"
 #include "resources/resource.h"
 
 namespace {
 
 constexpr UINT_PTR idleTimer = 1;
 constexpr UINT idlePeriod = 10000; // milliseconds
-
-/// From so many files and folders on it is worth announcing what goes.
-constexpr std::int32_t longSeries = 100;
 
 /// A user who is asked for longer may have been elsewhere and changed what is to be counted.
 constexpr DWORD countHoldsFor = 5000; // milliseconds
@@ -143,7 +141,7 @@ void FileJob::OnReport(LPARAM lParam) {
     if (!subject)
         return;
     idleResetAllowed_ = false;
-    MessageBoxW(Window(), subject->text, L"", MB_ICONHAND);
+    MessageBoxW(Window(), subject->text, L"", subject->icon);
     idleResetAllowed_ = true;
 }
 
@@ -165,14 +163,27 @@ void FileJob::DoSteps(void* parameter) {
     WaitForSingleObject(job->dialogShown_.Get(), INFINITE);
     if (job->Window()) // without one the job has been dropped
         job->WorkUnderDialog();
-    job->series_.reset(); // it belongs to this thread
+    job->steps_.reset(); // they belong to this thread
 }
 
 void FileJob::Prepare() {
+    if (!steps_)
+        HoldFolders();
     total_ = CountSelection(sourceFolder_, entries_, &cancelRequested_, this);
     counted_ = GetTickCount();
-    if (!series_)
-        Announce();
+}
+
+/// Whatever happens while the user is asked and while the job runs, it takes what was chosen.
+void FileJob::HoldFolders() {
+    steps_ = ce::BeginTreeSteps();
+    if (!steps_)
+        steps_ = MakeSingleSteps();
+    const SelectionEntry* last = nullptr;
+    for (const SelectionEntry& entry : entries_) {
+        if (!last || std::wstring_view(entry.folder.data()) != last->folder.data())
+            steps_->Hold(entry.folder.data());
+        last = &entry;
+    }
 }
 
 void FileJob::WorkUnderDialog() {
@@ -181,6 +192,7 @@ void FileJob::WorkUnderDialog() {
     SendDlgItemMessageW(Window(), IDC_JOB_BAR, PBM_SETRANGE, 0, MAKELPARAM(0, total_));
     ShowProgress();
     const wchar_t* lastText = TooLong() ? RefuseTooLong() : Work();
+    ReportLeftOut();
     ShowProgress();
     SetDlgItemTextW(Window(), IDC_JOB_STATUS, lastText);
     // Posted: a dialog that is ended by a sent message swallows the next one in the queue.
@@ -199,20 +211,8 @@ void FileJob::ShowProgress() {
     lastShown_ = GetTickCount();
 }
 
-/// Lets the platform prepare for what goes.
-void FileJob::Announce() {
-    Path folder, tree;
-    if (!RemovesEntries() || IsCancelled() || total_ < longSeries || !folder.Assign(sourceFolder_))
-        return;
-    series_.emplace(folder.Text());
-    for (const SelectionEntry& entry : entries_)
-        if (entry.kind == ItemKind::Folder && tree.AssignChild(entry.folder.data(), entry.name.data()))
-            series_->AddTree(tree.Text());
-    series_->Begin();
-}
-
-void FileJob::ShowName(std::wstring_view path) {
-    CopyTextTo(shownName_, LeafOf(path));
+void FileJob::OnName(const wchar_t* name) {
+    CopyTextTo(shownName_, name);
     KeepGoing();
 }
 
@@ -226,17 +226,9 @@ const wchar_t* FileJob::RefuseTooLong() {
     return L"Canceled";
 }
 
-void FileJob::CompleteUnit() {
-    ++completed_;
-}
-
 int FileJob::Ask(UINT message, const wchar_t* text, const wchar_t* source) {
-    const bool wasAnnounced = series_.has_value();
-    series_.reset();    // a user may take long to answer
     answer_ = modeStop; // of a dialog that is gone
-    SendSubject(message, text, source);
-    if (wasAnnounced && answer_ != modeStop)
-        Announce();
+    SendSubject(message, {text, source, 0});
     return answer_;
 }
 
@@ -246,12 +238,23 @@ void FileJob::ReportFailure(const SelectionEntry& entry) {
     Report(text.data());
 }
 
-void FileJob::Report(const wchar_t* text) {
-    SendSubject(UM_REPORTFAILURE, text, nullptr);
+void FileJob::Report(const wchar_t* text, UINT icon) {
+    SendSubject(UM_REPORTFAILURE, {text, nullptr, icon});
 }
 
-void FileJob::SendSubject(UINT message, const wchar_t* text, const wchar_t* source) {
-    const Subject subject{text, source};
+void FileJob::ReportLeftOut() {
+    const int count = steps_->LeftOut();
+    if (count == 0)
+        return;
+    std::array<wchar_t, 128> text{};
+    if (count == 1)
+        CopyTextTo(text, L"One entry could not be taken along and was left out.");
+    else
+        FormatText(text, L"%d entries could not be taken along and were left out.", count);
+    Report(text.data(), MB_ICONEXCLAMATION);
+}
+
+void FileJob::SendSubject(UINT message, const Subject& subject) {
     ShowProgress();
     subject_ = &subject;
     SendMessageW(Window(), message, 0, reinterpret_cast<LPARAM>(&subject));

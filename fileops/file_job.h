@@ -4,7 +4,7 @@
 
 #include <array>
 #include <cstdint>
-#include <optional>
+#include <memory>
 #include <span>
 #include <string_view>
 
@@ -12,7 +12,7 @@
 #include "app/entry_count.h"
 #include "app/settings.h"
 #include "filelist/selection_entry.h"
-#include "fileops/file_mover.h"
+#include "platform/ce_api.h"
 #include "platform/handles.h"
 
 // From the worker to the progress dialog, which it waits for with all but the first. Their last parameter
@@ -44,11 +44,7 @@ constexpr bool AgreesTo(int answer) {
     return answer == modeAsk || answer == modeAll;
 }
 
-class FileJob : public CopyWatch, protected LengthCheck, private DialogFrame {
-  public:
-    /// Worker: true while the user has not pressed "Cancel". Brings the display up to date now and then.
-    bool KeepGoing() final;
-
+class FileJob : public ce::TreeWatch, protected LengthCheck, private DialogFrame {
   protected:
     /// `sourceFolder` is the folder shown in the list: what lies in it is counted for the progress bar.
     FileJob(const JobLook& look, std::wstring_view sourceFolder, std::span<SelectionEntry> entries);
@@ -63,8 +59,6 @@ class FileJob : public CopyWatch, protected LengthCheck, private DialogFrame {
     /// Ends a job that was only prepared.
     void DropJob();
 
-    /// Whether what the job goes through leaves its folder.
-    virtual bool RemovesEntries() const = 0;
     /// The steps, on the worker thread. Returns the last status text.
     virtual const wchar_t* Work() = 0;
     /// A question of the worker's, on the user-interface thread. Returns the answer.
@@ -72,19 +66,23 @@ class FileJob : public CopyWatch, protected LengthCheck, private DialogFrame {
 
     // --- For the worker ---
 
+    /// What takes the entries.
+    ce::TreeSteps& Steps() { return *steps_; }
     bool IsCancelled() const { return cancelRequested_ != 0; }
-    /// The name behind the last backslash becomes the status text.
-    void ShowName(std::wstring_view path);
+    /// Brings the display up to date now and then.
+    bool KeepGoing() final;
+    void OnName(const wchar_t* name) final;
+    void OnUnits(int count) final { completed_ += count; }
+    bool MayReplaceFile(const wchar_t*, const wchar_t*) override { return false; }
+    bool MayUseFolder(const wchar_t*) override { return false; }
     /// What is worked on as a whole.
     void ShowSource(const wchar_t* text);
-    /// One more unit of the progress bar is done.
-    void CompleteUnit();
     /// Has a question asked and returns its answer.
     int Ask(UINT message, const wchar_t* text, const wchar_t* source = nullptr);
     /// Tells that an entry failed, and waits until that is read.
     void ReportFailure(const SelectionEntry& entry);
-    /// The same with any words.
-    void Report(const wchar_t* text);
+    /// The same with any words, and with the mark of an exclamation in the place of a hand's.
+    void Report(const wchar_t* text, UINT icon = MB_ICONHAND);
 
     using DialogFrame::Window;
     std::span<SelectionEntry> Entries() const { return entries_; }
@@ -93,7 +91,8 @@ class FileJob : public CopyWatch, protected LengthCheck, private DialogFrame {
     /// What a question or report is about.
     struct Subject {
         const wchar_t* text;
-        const wchar_t* source;
+        const wchar_t* source; // of a question
+        UINT icon;             // of a report
     };
 
     static void DoSteps(void* job);
@@ -110,8 +109,9 @@ class FileJob : public CopyWatch, protected LengthCheck, private DialogFrame {
     void OnShowProgress();
     const Subject* TakeSubject(LPARAM subject);
     void Prepare();
-    void Announce();
-    void SendSubject(UINT message, const wchar_t* text, const wchar_t* source);
+    void HoldFolders();
+    void ReportLeftOut();
+    void SendSubject(UINT message, const Subject& subject);
     void ShowProgress();
 
     const JobLook& look_;
@@ -125,7 +125,7 @@ class FileJob : public CopyWatch, protected LengthCheck, private DialogFrame {
     bool idleResetAllowed_ = true;      // no question is open
     int answer_ = 0;
 
-    std::optional<ce::RemovalSeries> series_; // the worker's own
+    std::unique_ptr<ce::TreeSteps> steps_; // the worker's own
 
     // The worker's own, which the dialog reads while it waits: what is shown follows it at short intervals,
     // so that showing costs little.

@@ -88,17 +88,16 @@ MoverResult FileMover::CopyContents(const Path& source, const WIN32_FIND_DATAW& 
                                           nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!from)
         return MoverResult::Failed;
-    FileHandle to(ce::CreateFileW(target.Text(), ce::movableAccess, 0, nullptr, CREATE_NEW,
-                                  FILE_ATTRIBUTE_NORMAL, nullptr));
+    FileHandle to(ce::CreateFileW(target.Text(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL,
+                                  nullptr));
     if (!to)
         return Exists(target.Text()) ? MoverResult::Exists : MoverResult::Failed;
     MoverResult result = WriteBlocks(from.Get(), to.Get());
     if (result == MoverResult::Done)
         SetFileTime(to.Get(), nullptr, nullptr, &found.ftLastWriteTime);
-    if (result == MoverResult::Done && lastName &&
-        !ce::MoveAndCloseFile(to.Release(), target.Text(), lastName->Text()))
-        result = MoverResult::Failed;
     to.Reset();
+    if (result == MoverResult::Done && lastName && !ce::MoveFileW(target.Text(), lastName->Text()))
+        result = MoverResult::Failed;
     const Path& place = lastName ? *lastName : target;
     if (result != MoverResult::Done)
         Discard(target.Text());

@@ -82,7 +82,7 @@ lay_program() {
 # connect PREFIX FOLDER: makes the folder the prefix's drive e:, and lays the way to the host's programs.
 connect() {
     ln -sfn "$2" "$1/dosdevices/e:"
-    install -m 755 "$house/platform/desktop/host/open_on_host" "$1/drive_c/windows/open_on_host"
+    install -m 755 -t "$1/drive_c/windows" "$house/platform/desktop/host/open_on_host" "$built/hosthand"
 }
 
 # root_of PREFIX: the folder that is its drive e:.

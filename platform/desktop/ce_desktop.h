@@ -6,8 +6,7 @@
 #include <vector>
 
 #include "platform/ce_types.h"
-
-class LinkScan;
+#include "platform/tree_steps.h"
 
 // The phone has these names without a suffix; here they are calls of the shell's, not names for others.
 #undef SHGetFileInfo
@@ -75,28 +74,6 @@ BOOL RemoveDirectoryW(const wchar_t* path);
 /// Deletes a file, or a link to one and not what is behind it.
 BOOL DeleteFileW(const wchar_t* path);
 
-/// Announces what this thread is about to delete or to move, each folder after what is in it, until it goes:
-/// the desktop learns meanwhile whether there are links at all, and DeleteFileW and MoveFileW are the faster
-/// when there are none. It may begin long before the first goes. What is put in the place of a file while its
-/// folder is being emptied may not be noticed: end it before the user is asked in between. It ends by itself
-/// with the first move to another volume.
-class RemovalSeries {
-  public:
-    /// Files right in `folder`.
-    explicit RemovalSeries(const wchar_t* folder);
-    RemovalSeries(const RemovalSeries&) = delete;
-    RemovalSeries& operator=(const RemovalSeries&) = delete;
-    ~RemovalSeries();
-
-    /// The folder `path` with all that lies below it.
-    void AddTree(const wchar_t* path);
-    /// All is named that is still to go.
-    void Begin();
-
-  private:
-    std::unique_ptr<LinkScan> scan_;
-};
-
 /// Renames or moves a file, a folder, or a link alone: what is behind a link stays where it is. From one
 /// volume to another it fails with ERROR_NOT_SAME_DEVICE, where a copy that could be watched and stopped does
 /// it.
@@ -106,11 +83,10 @@ BOOL MoveFileW(const wchar_t* from, const wchar_t* to);
 /// moment. From one volume to another it fails with ERROR_NOT_SAME_DEVICE.
 BOOL DeleteAndRenameFile(const wchar_t* to, const wchar_t* from);
 
-/// What a file is created with that MoveAndCloseFile is to have.
-constexpr DWORD movableAccess = GENERIC_WRITE | DELETE;
+// --- hand_steps.cpp ---
 
-/// Closes the file `from`, which was created here, and gives it the free name `to` on the same volume.
-BOOL MoveAndCloseFile(HANDLE file, const wchar_t* from, const wchar_t* to);
+/// The host's own way to take whole trees, which leaves nothing to what a listing told. None on Windows.
+std::unique_ptr<TreeSteps> BeginTreeSteps();
 
 // --- shell.cpp. What it starts or tells of lies on the device, or on the host's system drive, where the
 // registry's programs may be. ---

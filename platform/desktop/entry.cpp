@@ -1,5 +1,6 @@
 #include "platform/ce_api.h"
 #include "platform/desktop/device_shell.h"
+#include "platform/desktop/hand.h"
 #include "platform/desktop/host_quoting.h"
 
 namespace {
@@ -21,6 +22,7 @@ void MakeOwnDriveTheRoot() {
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, wchar_t* commandLine, int) {
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX); // the phone asks for no missing medium
     MakeOwnDriveTheRoot();
+    SweepLeftovers();
     UndoHostQuoting(commandLine);
     StartDeviceShell(instance);
     return ProgramMain(instance, commandLine);

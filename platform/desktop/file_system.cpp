@@ -1,12 +1,11 @@
 #include "platform/ce_api.h"
 
-#include <iterator>
+#include <optional>
 #include <string_view>
+#include <utility>
 
 #include "platform/desktop/device_path.h"
-#include "platform/desktop/host_links.h"
-#include "platform/desktop/link_scan.h"
-#include "platform/desktop/own_entry.h"
+#include "platform/desktop/hand.h"
 #include "platform/desktop/rooted_path.h"
 #include "platform/handles.h"
 
@@ -56,53 +55,39 @@ bool SettleOnEntry(const Search& search, WIN32_FIND_DATAW& found) {
     return true;
 }
 
-/// Takes "\Folder\name" to "\Folder\~0" and from there to where only letters' case differs: the host
-/// takes the two names for one and would by itself rename nothing.
-BOOL ChangeCase(const wchar_t* from, const wchar_t* to) {
-    const std::wstring_view folder = FolderPart(from);
-    wchar_t aside[MAX_PATH + 20] = {};  // with the host's prefix
-    constexpr std::size_t nameRoom = 4; // "\~0" and the end
-    if (folder.size() + nameRoom > std::size(aside))
+/// Has the hand do what Wine would do with what is behind a link. Fails for a path that is not the device's.
+BOOL HaveHandDo(hand::Kind kind, const wchar_t* path, std::optional<DWORD> number = {}) {
+    const auto place = HandPath(path);
+    if (!place) {
+        SetLastError(ERROR_PATH_NOT_FOUND);
         return FALSE;
-    folder.copy(aside, folder.size());
-    wchar_t* name = aside + folder.size();
-    for (wchar_t digit = L'0'; digit <= L'9'; ++digit) {
-        name[0] = L'\\';
-        name[1] = L'~';
-        name[2] = digit;
-        if (::GetFileAttributesW(aside) == INVALID_FILE_ATTRIBUTES)
-            break;
     }
-    if (!::MoveFileExW(from, aside, 0))
+    hand::MessageWriter request(kind);
+    request.Text({place->data(), place->size()});
+    if (number)
+        request.Number(*number);
+    return AskHandOnce(std::move(request));
+}
+
+/// Has the hand rename an entry, which other programs under Wine may have open so that they share it.
+BOOL HaveHandRename(const wchar_t* from, const wchar_t* to, bool replaces) {
+    const auto place = HandPath(from), newPlace = HandPath(to);
+    if (!place || !newPlace) {
+        SetLastError(ERROR_PATH_NOT_FOUND);
         return FALSE;
-    if (::MoveFileExW(aside, to, 0))
-        return TRUE;
-    const DWORD error = GetLastError();
-    ::MoveFileExW(aside, from, 0);
-    SetLastError(error);
-    return FALSE;
+    }
+    return AskHandOnce(std::move(hand::MessageWriter(hand::Kind::Rename)
+                                     .Text({place->data(), place->size()})
+                                     .Text({newPlace->data(), newPlace->size()})
+                                     .Number(replaces)));
 }
 
-/// Of what this thread has announced to remove, while there is one.
-thread_local LinkScan* currentScan = nullptr;
-
-/// Whether a quick answer says so: to be asked of everything that goes, before it goes.
-bool IsSurelyNoLink(const wchar_t* path) {
-    return currentScan != nullptr && currentScan->IsNoLink(path);
-}
-
-/// Opens a file to move it, when it is known, or can quickly be told, to be no link. By its handle a file is
-/// moved with fewer calls than by its name.
-HANDLE OpenNoLink(const wchar_t* path, const DevicePath& device) {
-    return IsSurelyNoLink(path) ? OpenEntry(device.Text()) : OpenOwnEntry(device.Text());
-}
-
-/// To another volume files are copied, which takes longer than a folder may be trusted.
-BOOL MoveOpened(HANDLE entry, const wchar_t* to) {
-    const BOOL moved = RenameOwnEntry(entry, to, false);
-    if (!moved && GetLastError() == ERROR_NOT_SAME_DEVICE)
-        currentScan = nullptr;
-    return moved;
+/// Whether other programs under Wine, of which the host knows nothing, let go of the file.
+bool IsLetGo(const wchar_t* path) {
+    const FileHandle file(ce::CreateFileW(path, DELETE,
+                                          FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                          OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    return file || GetLastError() != ERROR_SHARING_VIOLATION;
 }
 
 } // namespace
@@ -156,74 +141,32 @@ DWORD GetFileAttributesW(const wchar_t* path) {
 BOOL SetFileAttributesW(const wchar_t* path, DWORD attributes) {
     constexpr DWORD kept =
         FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE;
-    const DevicePath device(path);
-    if (!device)
-        return FALSE;
-    if (!IsSurelyNoLink(path) && IsHostLink(device.Text()))
-        return TRUE; // a link has none of its own, and what is behind it is not meant
-    const auto set = [&device](DWORD wanted) {
-        return ::SetFileAttributesW(device.Text(), wanted != 0 ? wanted : FILE_ATTRIBUTE_NORMAL);
-    };
-    // The host refuses to note the others at a file that is read-only: that comes last.
     const DWORD wanted = attributes & kept;
-    const BOOL done = set(wanted & ~static_cast<DWORD>(FILE_ATTRIBUTE_READONLY));
-    return (wanted & FILE_ATTRIBUTE_READONLY) != 0 ? done && set(wanted) : done;
+    if (HasHand())
+        return HaveHandDo(hand::Kind::SetAttributes, path, wanted);
+    const DevicePath device(path);
+    return device && ::SetFileAttributesW(device.Text(), wanted != 0 ? wanted : FILE_ATTRIBUTE_NORMAL);
 }
 
 BOOL RemoveDirectoryW(const wchar_t* path) {
+    if (HasHand())
+        return HaveHandDo(hand::Kind::RemoveFolder, path);
     const DevicePath device(path);
-    if (!device)
-        return FALSE;
-    if (IsSurelyNoLink(path))
-        return ::RemoveDirectoryW(device.Text());
-    // The host marks a link to a folder, and some folders that are none.
-    const DWORD attributes = ::GetFileAttributesW(device.Text());
-    if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0 || !IsHostLink(device.Text()))
-        return ::RemoveDirectoryW(device.Text());
-    if (PlaceOf(device) != Place::Root)
-        return RemoveHostLink(device.Text());
-    SetLastError(ERROR_ACCESS_DENIED); // a card is taken out, not removed
-    return FALSE;
+    return device && ::RemoveDirectoryW(device.Text());
 }
 
 BOOL DeleteFileW(const wchar_t* path) {
+    if (HasHand())
+        return IsLetGo(path) && HaveHandDo(hand::Kind::RemoveFile, path);
     const DevicePath device(path);
-    if (!device)
-        return FALSE;
-    if (IsSurelyNoLink(path))
-        return ::DeleteFileW(device.Text());
-    if (const FileHandle entry(OpenOwnEntry(device.Text())); entry)
-        return DeleteOwnEntry(entry.Get());
-    return IsHostLink(device.Text()) ? RemoveHostLink(device.Text()) : ::DeleteFileW(device.Text());
-}
-
-RemovalSeries::RemovalSeries(const wchar_t* folder) : scan_(std::make_unique<LinkScan>(folder)) {}
-
-RemovalSeries::~RemovalSeries() {
-    currentScan = nullptr;
-}
-
-void RemovalSeries::AddTree(const wchar_t* path) {
-    scan_->AddTree(path);
-}
-
-void RemovalSeries::Begin() {
-    scan_->Begin();
-    currentScan = scan_.get();
+    return device && ::DeleteFileW(device.Text());
 }
 
 BOOL MoveFileW(const wchar_t* from, const wchar_t* to) {
+    if (HasHand())
+        return IsLetGo(from) && HaveHandRename(from, to, false);
     const DevicePath source(from), target(to);
-    if (!source || !target)
-        return FALSE;
-    const bool sameButCase = SameText(source.Rooted(), target.Rooted()) && source.Rooted() != target.Rooted();
-    if (!sameButCase) // which a rename by the open file takes for done
-        if (const FileHandle entry(OpenNoLink(from, source)); entry)
-            return MoveOpened(entry.Get(), target.Text());
-    if (IsHostLink(source.Text()))
-        return MoveHostLink(source.Text(), target.Text(), false);
-    return sameButCase ? ChangeCase(source.Text(), target.Text())
-                       : ::MoveFileExW(source.Text(), target.Text(), 0);
+    return source && target && ::MoveFileExW(source.Text(), target.Text(), 0);
 }
 
 BOOL DeleteAndRenameFile(const wchar_t* to, const wchar_t* from) {
@@ -237,18 +180,9 @@ BOOL DeleteAndRenameFile(const wchar_t* to, const wchar_t* from) {
         SetLastError(ERROR_ACCESS_DENIED);
         return FALSE;
     }
-    if (const FileHandle entry(OpenNoLink(from, source)); entry)
-        return RenameOwnEntry(entry.Get(), target.Text(), true);
-    return IsHostLink(source.Text()) ? MoveHostLink(source.Text(), target.Text(), true)
-                                     : ::MoveFileExW(source.Text(), target.Text(), MOVEFILE_REPLACE_EXISTING);
-}
-
-BOOL MoveAndCloseFile(HANDLE file, const wchar_t* from, const wchar_t* to) {
-    const DevicePath source(from), target(to);
-    // By its handle a file is moved for a third of what a path costs.
-    const BOOL moved = target && RenameOwnEntry(file, target.Text(), false);
-    CloseHandle(file);
-    return moved || (source && target && ::MoveFileExW(source.Text(), target.Text(), 0));
+    if (!HasHand())
+        return ::MoveFileExW(source.Text(), target.Text(), MOVEFILE_REPLACE_EXISTING);
+    return IsLetGo(from) && IsLetGo(to) && HaveHandRename(from, to, true);
 }
 
 } // namespace ce

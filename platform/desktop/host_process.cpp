@@ -37,28 +37,3 @@ std::vector<wchar_t> HostPath(const wchar_t* path) {
     HeapFree(GetProcessHeap(), 0, bytes);
     return text;
 }
-
-bool StartOnHost(const wchar_t* program, const wchar_t* words, std::span<const std::vector<wchar_t>> paths) {
-    constexpr std::size_t longest = 32'000; // what a command line may hold
-    std::vector<wchar_t> command(words, words + std::wstring_view(words).size());
-    for (const std::vector<wchar_t>& path : paths) {
-        const std::wstring_view text(path.data(), path.empty() ? 0 : path.size() - 1);
-        if (text.empty() || text.find(L'"') != std::wstring_view::npos) {
-            SetLastError(ERROR_PATH_NOT_FOUND);
-            return false;
-        }
-        for (const std::wstring_view part : {std::wstring_view(L" \""), text, std::wstring_view(L"\"")})
-            command.insert(command.end(), part.begin(), part.end());
-    }
-    command.push_back(L'\0');
-    if (command.size() > longest) {
-        SetLastError(ERROR_FILENAME_EXCED_RANGE);
-        return false;
-    }
-    STARTUPINFOW startup{};
-    startup.cb = sizeof(startup);
-    // No handles come back for the host's processes: what stands here afterwards are some others' of ours.
-    PROCESS_INFORMATION unused{};
-    return ::CreateProcessW(program, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                            &unused) != FALSE;
-}

@@ -1,7 +1,6 @@
 #pragma once
-// Programs of the host that Wine runs on: what they are told of files, and their start.
+// Programs of the host that Wine runs on: what they are told of files.
 
-#include <span>
 #include <vector>
 
 #include <windows.h>
@@ -12,7 +11,3 @@ bool HasHostPrograms();
 /// `path` as the host writes it, terminated; empty when its folder does not exist, and when it has a name
 /// that the host cannot be told of.
 std::vector<wchar_t> HostPath(const wchar_t* path);
-
-/// Starts a program of the host's with the words and behind them the paths, each of HostPath. Wine tells when
-/// it has begun but not when it is done. False, with the error set, also for a path that cannot be passed on.
-bool StartOnHost(const wchar_t* program, const wchar_t* words, std::span<const std::vector<wchar_t>> paths);

@@ -7,6 +7,7 @@
 
 #include "platform/ce_types.h"
 #include "platform/path_spelling.h"
+#include "platform/tree_steps.h"
 
 // Numbers that the phone has otherwise.
 constexpr int systemColour = 0x40000000;
@@ -45,11 +46,9 @@ BOOL SHGetSpecialFolderPath(HWND owner, wchar_t* path, int folder, BOOL create);
 }
 
 namespace ce {
-constexpr DWORD movableAccess = GENERIC_WRITE;
-
-inline BOOL MoveAndCloseFile(HANDLE file, const wchar_t* from, const wchar_t* to) {
-    CloseHandle(file);
-    return ::MoveFileW(from, to);
+/// The phone has nothing better than its calls for single files.
+inline std::unique_ptr<TreeSteps> BeginTreeSteps() {
+    return nullptr;
 }
 
 /// Slashes, "." and ".." mean nothing to the phone's own calls. A server's path stays as it is.
@@ -98,14 +97,6 @@ class RealPlace {
 inline BOOL ProgramExists(const wchar_t* program) {
     return ::GetFileAttributesW(program) != INVALID_FILE_ATTRIBUTES;
 }
-
-/// The phone has no links.
-class RemovalSeries {
-  public:
-    explicit RemovalSeries(const wchar_t*) {}
-    void AddTree(const wchar_t*) {}
-    void Begin() {}
-};
 
 using ::CommandBar_Create;
 using ::CommandBar_Height;

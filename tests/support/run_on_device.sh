@@ -46,6 +46,7 @@ shift
 # What device.sh goes by: the tests' phones lie beside each other, and have the program but not its archiver,
 # which tests put there themselves.
 data=$build/phones
+built=$build
 program_files=("$build/TarvikFileManager.exe")
 [[ -e ${program_files[0]} ]] || program_files=()
 [[ $(basename "$build") != workbench ]] || use_wine32

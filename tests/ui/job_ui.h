@@ -80,6 +80,19 @@ class JobUi : public UiTest {
         return text;
     }
 
+    /// How many processes of the host's work for the program.
+    int Hands() {
+        RunOnHost("count=0\nfor exe in /proc/[0-9]*/exe; do\n"
+                  "case $(readlink \"$exe\") in \"$WINEPREFIX/drive_c/windows/hosthand\"*) "
+                  "count=$((count + 1)) ;; esac\ndone\necho $count >hands");
+        const int count = std::stoi(device.Content(L"\\hands"));
+        device.Remove(L"\\hands");
+        return count;
+    }
+    void WaitForHands(int count) {
+        WaitFor("for the host's processes", [&] { return Hands() == count; });
+    }
+
     /// The folders that a folder chooser offers.
     static TreeView TreeOf(const Dialog& chooser) {
         return TreeView(chooser.Item(IDC_CHOOSER_TREE).Window());
