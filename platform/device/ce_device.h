@@ -3,6 +3,7 @@
 // name otherwise.
 
 #include <cwchar>
+#include <cwctype>
 #include <vector>
 
 #include "platform/ce_types.h"
@@ -85,7 +86,8 @@ class RealPlace {
     bool IsWithin(const RealPlace& other) const {
         const std::size_t length = other.text_.size();
         return isKnown_ && other.isKnown_ && text_.size() >= length &&
-               _wcsnicmp(text_.data(), other.text_.data(), length) == 0 &&
+               std::equal(other.text_.begin(), other.text_.end(), text_.begin(),
+                          [](wchar_t a, wchar_t b) { return std::towlower(a) == std::towlower(b); }) &&
                (text_.size() == length || text_[length] == L'\\');
     }
 
