@@ -170,7 +170,7 @@ void __attribute__((noinline)) ReadFreed() {
 }
 
 void WriteBehindBlock() {
-    constexpr std::size_t size = 21;
+    volatile std::size_t size = 21; // the compiler must not see it
     auto* block = static_cast<volatile char*>(std::malloc(size));
     block[size] = 1;
     std::free(const_cast<char*>(block));
