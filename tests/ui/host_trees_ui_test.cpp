@@ -11,7 +11,7 @@ class HostTreesUi : public TransferUi {
   protected:
     /// A tree with an entry of every kind in \Box, links out of it, and what they lead to.
     static void MakeBox() {
-        RunOnHost(R"(
+        RunOnHost(R"sh(
             mkdir -p Outside/Kept; echo kept >Outside/Kept/a; echo kept >Outside/b; chmod 640 Outside/b
             mkdir -p Box/venv/bin Box/node_modules/.bin Box/node_modules/tool Box/repo/.git/objects/ab; cd Box
             echo '#!' >venv/bin/python3.11; chmod 755 venv/bin/python3.11
@@ -21,13 +21,12 @@ class HostTreesUi : public TransferUi {
             echo secret >secret; chmod 600 secret; ln secret same
             ln -s aaa zzz; echo goes first >aaa; ln -s missing nowhere; ln -s .. loop
             ln -s ../Outside out; ln -s ../Outside/b out.txt
-            for name in aux.c con.h nul.txt com1.log 'dot.' 'blank ' 'a?b' 'a*b' 'a"b' 'a<b' 'a>b' 'a|b' 'a:b' 'a\b' Case case; do
-                echo "$name" >"$name"; done
-            touch "$(printf 'new\nline')"
-                  "$(printf 'bell\007')"
-                  "$(printf 'bad\377\376')" mkdir "$(printf 'no text\300')";
-                  echo in it >
-                  "$(printf 'no text\300')/file" touch - d '2001-02-03 04:05:06.789' secret venv) ");
+            for name in aux.c con.h nul.txt com1.log 'dot.' 'blank ' 'a?b' 'a*b' 'a"b' 'a<b' 'a>b' 'a|b' 'a:b' \
+                'a\b' Case case; do echo "$name" >"$name"; done
+            touch "$(printf 'new\nline')" "$(printf 'bell\007')" "$(printf 'bad\377\376')"
+            mkdir "$(printf 'no text\300')"; echo in it >"$(printf 'no text\300')/file"
+            touch -d '2001-02-03 04:05:06.789' secret venv
+        )sh");
     }
     static void AddSpecials() {
         RunOnHost("mkfifo Box/pipe\npython3 -c \"import socket; "
