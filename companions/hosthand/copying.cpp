@@ -237,6 +237,10 @@ Outcome CopyLink(const Step& step) {
 
 Outcome CopySpecial(const Step& step, mode_t mode) {
     return MakeSingle(step, [&](const std::string& name) {
-        return mknodat(step.targetFolder, name.c_str(), mode & (S_IFMT | permissions), 0) == 0;
+        // By its name the permissions could be given to what somebody puts in its place.
+        const mode_t mask = umask(0);
+        const bool isMade = mknodat(step.targetFolder, name.c_str(), mode & (S_IFMT | permissions), 0) == 0;
+        umask(mask);
+        return isMade;
     });
 }

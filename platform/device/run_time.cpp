@@ -35,7 +35,7 @@ using Constructor = void (*)();
 extern "C" {
 extern const Constructor __constructors_start[]; // by image.ld
 extern const Constructor __constructors_end[];
-void* __dso_handle = nullptr;
+void* dsoHandle asm("__dso_handle") = nullptr; // the compiler has declared that name itself by now
 
 /// The process ends without taking its own objects down.
 int __cxa_atexit(void (*)(void*), void*, void*) {

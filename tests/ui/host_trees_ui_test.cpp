@@ -43,7 +43,7 @@ class HostTreesUi : public TransferUi {
             list + "\"");
     }
     static void ExpectSame(const std::string& a, const std::string& b) {
-        RunOnHost("cd \"$TARVIK_WORK\"\ndiff " + a + " " + b + "\ntest -s " + a);
+        RunOnHost("cd \"$TARVIK_WORK\"\ndiff '" + a + "' '" + b + "'\ntest -s '" + a + "'");
     }
     static constexpr char others[] = "! -path './To*' ! -path './Box*' ! -path ./hands ! -path .";
 };
