@@ -10,7 +10,8 @@
 
 namespace {
 
-constexpr int programComesWithin = 20000; // milliseconds
+/// It looks for the place every millisecond; one that was killed meanwhile never comes.
+constexpr int programComesWithin = 5000; // milliseconds
 
 bool IsReady(int end, short what, int milliseconds) {
     pollfd waited{end, what, 0};
