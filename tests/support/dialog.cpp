@@ -23,6 +23,11 @@ HWND MessageTextControl(HWND box) {
     return nullptr;
 }
 
+/// Where a message box scrolls a text that is too long.
+bool IsTextToRead(HWND window) {
+    return ClassOf(window) == L"Edit" && (GetWindowLongW(window, GWL_STYLE) & ES_READONLY) != 0;
+}
+
 bool IsButton(HWND window) {
     return ClassOf(window) == L"Button";
 }
@@ -169,7 +174,7 @@ bool IsMessageBox(HWND window) {
     const std::vector<HWND> children = ChildrenOf(window);
     return ClassOf(window) == L"#32770" && MessageTextControl(window) &&
            std::ranges::any_of(children, IsButton) && std::ranges::all_of(children, [](HWND child) {
-               return IsButton(child) || ClassOf(child) == L"Static" || ClassOf(child) == L"Edit";
+               return IsButton(child) || ClassOf(child) == L"Static" || IsTextToRead(child);
            });
 }
 
