@@ -68,6 +68,10 @@ class JobAnswersUi : public JobUi {
         return longest;
     }
 
+    /// Fills \From\Many with files that the host makes, so many that even a job of the host's own takes a
+    /// while.
+    static void MakeMany() { RunOnHost("mkdir From/Many\ncd From/Many\nseq 60000 | xargs touch"); }
+
   private:
     static double Now() {
         LARGE_INTEGER ticks{}, perSecond{};
@@ -92,7 +96,8 @@ TEST_F(JobAnswersUi, WhileOneLargeFileIsCopied) {
 }
 
 TEST_F(JobAnswersUi, WhileManyFilesAreMoved) {
-    device.Files(L"\\From\\Many", L"f", 3000);
+    device.Folder(L"\\From");
+    MakeMany();
     StartIn(L"\\From");
     ExpectAnswersInTime([&] {
         Cut({L"Many"});
@@ -104,7 +109,7 @@ TEST_F(JobAnswersUi, WhileManyFilesAreDeleted) {
     device.Folder(L"\\From");
     StartIn(L"\\From");
     ExpectAnswersInTime([&] {
-        device.Files(L"\\From\\Many", L"f", 6000);
+        MakeMany();
         program.Command(IDM_MENU_REFRESH);
         Select({L"Many"});
         Give(IDM_FILE_DELETE);
