@@ -163,10 +163,16 @@ BOOL DeleteFileW(const wchar_t* path) {
 }
 
 BOOL MoveFileW(const wchar_t* from, const wchar_t* to) {
+    const DevicePath source(from), target(to);
+    if (!source || !target)
+        return FALSE;
+    if (!IsPhoneName(NamePart(target.Rooted()))) { // it would not be listed any more
+        SetLastError(ERROR_INVALID_NAME);
+        return FALSE;
+    }
     if (HasHand())
         return IsLetGo(from) && HaveHandRename(from, to, false);
-    const DevicePath source(from), target(to);
-    return source && target && ::MoveFileExW(source.Text(), target.Text(), 0);
+    return ::MoveFileExW(source.Text(), target.Text(), 0);
 }
 
 BOOL DeleteAndRenameFile(const wchar_t* to, const wchar_t* from) {
