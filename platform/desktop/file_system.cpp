@@ -1,5 +1,6 @@
 #include "platform/ce_api.h"
 
+#include <algorithm>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -43,6 +44,14 @@ struct Search {
 bool IsPhoneName(std::wstring_view name) {
     return name != L"." && name != L".." && !name.empty() && name.back() != L'.' && name.back() != L' ' &&
            name.find(L'\\') == std::wstring_view::npos;
+}
+
+/// Whether the phone takes the name for an entry.
+bool IsNewPhoneName(std::wstring_view name) {
+    return IsPhoneName(name) && std::ranges::none_of(name, [](wchar_t character) {
+               return character < L' ' ||
+                      std::wstring_view(L"/:*?\"<>|").find(character) != std::wstring_view::npos;
+           });
 }
 
 /// Passes over what the phone has not, and marks the entry. False when nothing is left.
@@ -166,7 +175,7 @@ BOOL MoveFileW(const wchar_t* from, const wchar_t* to) {
     const DevicePath source(from), target(to);
     if (!source || !target)
         return FALSE;
-    if (!IsPhoneName(NamePart(target.Rooted()))) { // it would not be listed any more
+    if (!IsNewPhoneName(NamePart(target.Rooted()))) {
         SetLastError(ERROR_INVALID_NAME);
         return FALSE;
     }

@@ -25,6 +25,11 @@ std::string HostParent(const std::string& name) {
     return slash == std::string::npos ? "." : name.substr(0, slash);
 }
 
+/// A form of the device's path in which no name means anything but itself, "NUL" neither.
+std::wstring LetterForLetter(const std::wstring& path) {
+    return path.starts_with(L'\\') ? L"\\\\?\\E:" + path : path;
+}
+
 constexpr DWORD shared = FILE_SHARE_READ | FILE_SHARE_WRITE;
 
 } // namespace
@@ -83,7 +88,8 @@ void Device::Files(const std::wstring& folder, const std::wstring& prefix, int c
 }
 
 void Device::Remove(const std::wstring& path) {
-    if (!DeleteFileW(path.c_str()) && !RemoveDirectoryW(path.c_str()))
+    const std::wstring place = LetterForLetter(path);
+    if (!DeleteFileW(place.c_str()) && !RemoveDirectoryW(place.c_str()))
         throw std::runtime_error("cannot remove " + Narrow(path));
 }
 
@@ -120,7 +126,7 @@ DWORD Device::Attributes(const std::wstring& path) const {
 }
 
 std::string Device::Content(const std::wstring& path) const {
-    const HeldFile file(path, GENERIC_READ, shared, OPEN_EXISTING);
+    const HeldFile file(LetterForLetter(path), GENERIC_READ, shared, OPEN_EXISTING);
     std::string content(GetFileSize(file.Get(), nullptr), '\0');
     DWORD read = 0;
     ReadFile(file.Get(), content.data(), static_cast<DWORD>(content.size()), &read, nullptr);
