@@ -44,7 +44,7 @@ class Installing(unittest.TestCase):
 
     def test_no_network_is_said_when_the_packages_do_not_come(self):
         for install in (
-            "echo 'E: Failed to fetch lhasa.deb  Temporary failure resolving deb.debian.org' >&2; exit 100",
+            "echo 'E: Failed to fetch lhasa.deb  Temporary failure resolving the mirror' >&2; exit 100",
             "echo 'E: Unable to locate package lhasa' >&2; exit 100",
         ):
             status, said = self.need(DEAD, install)
