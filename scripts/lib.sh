@@ -86,6 +86,7 @@ declare -rA package_of=(
     [i686-w64-mingw32-g++-posix]=g++-mingw-w64-i686-posix
     [i686-w64-mingw32-windres]=binutils-mingw-w64-i686
     [import]=imagemagick
+    [ld.lld]=lld
     [lha]=lhasa
     [llvm-readobj]=llvm
     [lowdown]=lowdown
@@ -124,7 +125,7 @@ declare -rA package_of=(
 
 # The tools that build the program, those that run it, and those that make a screen and its picture.
 # shellcheck disable=SC2034  # no script needs all of them
-readonly build_tools=(cmake ninja g++ x86_64-w64-mingw32-g++-posix x86_64-w64-mingw32-windres
+readonly build_tools=(cmake ninja g++ x86_64-w64-mingw32-g++-posix x86_64-w64-mingw32-windres ld.lld
     /usr/src/googletest/CMakeLists.txt /usr/x86_64-w64-mingw32/include/zlib.h dpkg-source)
 # shellcheck disable=SC2034
 readonly wine_tools=(wine /usr/share/wine/fonts /usr/share/fonts/truetype/liberation)
