@@ -2,7 +2,7 @@
 
 #include "app/app_state.h"
 #include "app/menu_state.h"
-#include "app/text_format.h"
+#include "common/device_info.h"
 
 namespace {
 

@@ -1,7 +1,6 @@
 #pragma once
 // The one global state of the program. It exists before the entry runs, with every default set.
 
-#include <array>
 #include <cstdint>
 #include <optional>
 
@@ -26,8 +25,6 @@ struct AppState {
     HWND statusBar = nullptr;
 
     wchar_t* startPath = nullptr; // into the command line's text; null when it names no folder
-    std::array<wchar_t, 16> decimalSeparator{};
-    std::int32_t osVersion = 0;
     DWORD sipFlags = 0;
 
     Settings settings;

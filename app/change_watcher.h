@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-#include "app/path.h"
+#include "common/path.h"
 #include "platform/handles.h"
 
 /// Posted to the main window after a change. No parameters.

@@ -1,8 +1,8 @@
 #include <array>
 
-#include "app/registry.h"
 #include "app/settings_keys.h"
 #include "app/settings_store.h"
+#include "common/registry.h"
 
 namespace {
 

@@ -2,9 +2,9 @@
 
 #include "app/address_bar.h"
 #include "app/app_state.h"
-#include "app/file_facts.h"
 #include "app/gestures.h"
 #include "app/main_window.h"
+#include "common/file_facts.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #pragma once
 // The refresh that follows changes by others: once, two seconds after the last of a burst.
 
-#include "app/path.h"
+#include "common/path.h"
 
 enum class RefreshCause { FolderChange, DeviceChange };
 

@@ -1,9 +1,9 @@
 #include <array>
 
-#include "app/outside_path.h"
-#include "app/registry.h"
 #include "app/settings_keys.h"
 #include "app/settings_store.h"
+#include "common/outside_path.h"
+#include "common/registry.h"
 
 namespace {
 

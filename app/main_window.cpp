@@ -9,11 +9,12 @@
 #include "app/menu_state.h"
 #include "app/notifications.h"
 #include "app/pane_layout.h"
-#include "app/pointer.h"
 #include "app/settings_store.h"
 #include "app/start_up.h"
 #include "app/sticky_keys.h"
-#include "app/text_format.h"
+#include "common/device_info.h"
+#include "common/dialog_frame.h"
+#include "common/pointer.h"
 #include "resources/resource.h"
 
 namespace {
@@ -207,6 +208,7 @@ void CreateMainWindow() {
     appState.mainWindow =
         ce::CreateWindowExW(0, instanceName, L"Tarvik File Manager", WS_VISIBLE, CW_USEDEFAULT, CW_USEDEFAULT,
                             CW_USEDEFAULT, CW_USEDEFAULT, nullptr, nullptr, appState.instance, nullptr);
+    PrepareDialogs(appState.instance, appState.mainWindow);
 
     HANDLE smallIcon =
         LoadImageW(appState.instance, MAKEINTRESOURCEW(IDI_PROGRAM), IMAGE_ICON, 16, 16, LR_DEFAULTCOLOR);

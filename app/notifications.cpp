@@ -4,7 +4,7 @@
 #include "app/commands.h"
 #include "app/main_window.h"
 #include "app/menu_state.h"
-#include "app/pointer.h"
+#include "common/pointer.h"
 #include "filelist/context_menu.h"
 #include "filelist/list_input.h"
 #include "resources/resource.h"

@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <span>
 
-#include "app/dialog_frame.h"
 #include "app/settings.h"
+#include "common/dialog_frame.h"
 
 /// A check box that stands for one word of the options record `Options`.
 template <class Options>

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "app/app_state.h"
-#include "app/pointer.h"
-#include "app/text_format.h"
+#include "common/device_info.h"
+#include "common/pointer.h"
 
 namespace {
 

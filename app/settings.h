@@ -6,11 +6,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "app/path.h"
-#include "app/text.h"
-
-/// A stored text of at most 259 characters.
-using PathText = std::array<wchar_t, pathCapacity>;
+#include "common/path.h"
+#include "common/text.h"
 
 struct Settings {
     /// Sets every default that needs no look at the shell's folders.

@@ -1,7 +1,7 @@
 #include "app/settings_store.h"
 
-#include "app/registry.h"
 #include "app/settings_keys.h"
+#include "common/registry.h"
 
 namespace {
 

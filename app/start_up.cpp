@@ -4,7 +4,7 @@
 
 #include "app/app_state.h"
 #include "app/main_window.h"
-#include "app/text_format.h"
+#include "common/text_format.h"
 #include "fileops/archiver.h"
 #include "resources/resource.h"
 

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "app/path.h"
+#include "common/path.h"
 #include "platform/ce_api.h"
 
 /// Class of the main window and name of the mutex that keeps the instances to one.

@@ -1,6 +1,6 @@
 #include "benchmarks/job_calls.h"
 
-#include "app/text.h"
+#include "common/text.h"
 
 std::vector<SelectionEntry> EntryNamed(const wchar_t* name, ItemKind kind) {
     std::vector<SelectionEntry> entries(1);

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "app/path.h"
+#include "common/path.h"
 #include "filelist/selection_entry.h"
 #include "fileops/transfer.h"
 

@@ -3,10 +3,10 @@
 #include <vector>
 
 #include "app/app_state.h"
-#include "app/text.h"
 #include "benchmarks/job_calls.h"
 #include "benchmarks/measurements.h"
 #include "benchmarks/measuring.h"
+#include "common/text.h"
 #include "fileops/delete.h"
 #include "resources/resource.h"
 

@@ -10,9 +10,9 @@
 
 #include "app/app_state.h"
 #include "app/main_window.h"
-#include "app/text_format.h"
 #include "benchmarks/measurements.h"
 #include "benchmarks/measuring.h"
+#include "common/text_format.h"
 #include "platform/desktop/device_shell.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include "benchmarks/sample_folder.h"
 
-#include "app/text.h"
+#include "common/text.h"
 #include "platform/handles.h"
 
 namespace {

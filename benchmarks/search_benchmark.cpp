@@ -3,9 +3,9 @@
 #include <string_view>
 #include <vector>
 
-#include "app/text.h"
 #include "benchmarks/measurements.h"
 #include "benchmarks/measuring.h"
+#include "common/text.h"
 #include "platform/handles.h"
 #include "search/walk.h"
 

@@ -1,10 +1,10 @@
 #include <cstdio>
 
 #include "app/app_state.h"
-#include "app/text.h"
-#include "app/text_format.h"
 #include "benchmarks/measurements.h"
 #include "benchmarks/measuring.h"
+#include "common/text.h"
+#include "common/text_format.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include "app/app_state.h"
 #include "app/menu_state.h"
-#include "app/wait_cursor.h"
+#include "common/wait_cursor.h"
 #include "filelist/file_list.h"
 #include "filelist/tree_report.h"
 

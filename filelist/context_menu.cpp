@@ -1,7 +1,7 @@
 #include "filelist/context_menu.h"
 
 #include "app/menu_state.h"
-#include "app/pointer.h"
+#include "common/pointer.h"
 #include "filelist/context_menu_rules.h"
 #include "filelist/file_list.h"
 #include "resources/resource.h"

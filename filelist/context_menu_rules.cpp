@@ -1,6 +1,6 @@
 #include "filelist/context_menu_rules.h"
 
-#include "app/path.h"
+#include "common/path.h"
 #include "resources/resource.h"
 
 int ContextPopup(const ContextSelection& selection) {

@@ -1,7 +1,7 @@
 // Texts and icons, made when an entry is first drawn.
 
 #include "app/app_state.h"
-#include "app/text_format.h"
+#include "common/text_format.h"
 #include "filelist/file_list.h"
 
 namespace {

@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "app/app_state.h"
-#include "app/pointer.h"
+#include "common/pointer.h"
 #include "resources/resource.h"
 
 namespace {

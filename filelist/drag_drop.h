@@ -2,7 +2,7 @@
 // A drag over the panes, from a press that turned into one to the drop. The main window has the stylus
 // meanwhile and passes its moves on.
 
-#include "app/path.h"
+#include "common/path.h"
 #include "filelist/drop_rules.h"
 #include "platform/handles.h"
 

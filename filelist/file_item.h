@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "app/text.h"
+#include "common/text.h"
 #include "platform/ce_api.h"
 
 /// What an entry is. The order is the order of the list: up-level first, then folders, then files.

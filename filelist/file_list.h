@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
-#include "app/path.h"
 #include "app/settings.h"
+#include "common/path.h"
 #include "filelist/clipboard.h"
 #include "filelist/drag_drop.h"
 #include "filelist/file_item.h"

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string_view>
 
-#include "app/text.h"
+#include "common/text.h"
 
 class History {
   public:

@@ -3,8 +3,8 @@
 
 #include <string_view>
 
-#include "app/path.h"
 #include "app/settings.h"
+#include "common/path.h"
 #include "fileops/archive_types.h"
 #include "platform/ce_api.h"
 

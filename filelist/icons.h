@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "app/text.h"
+#include "common/text.h"
 #include "filelist/icon_rules.h"
 #include "platform/handles.h"
 

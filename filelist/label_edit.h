@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "app/path.h"
+#include "common/path.h"
 #include "platform/ce_api.h"
 
 class LabelEdit {

@@ -1,7 +1,7 @@
 #include "filelist/list_input.h"
 
 #include "app/app_state.h"
-#include "app/pointer.h"
+#include "common/pointer.h"
 #include "resources/resource.h"
 
 namespace {

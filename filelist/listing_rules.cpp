@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "app/path.h"
+#include "common/path.h"
 #include "resources/resource.h"
 
 bool IsListed(std::wstring_view name, DWORD attributes, const ListOptions& options) {

@@ -1,6 +1,6 @@
 #include "filelist/navigation_rules.h"
 
-#include "app/path.h"
+#include "common/path.h"
 
 bool NamesRoot(std::wstring_view path, std::wstring_view displayName) {
     return path.empty() || path == displayName || path == L"\\" || path == L"\\\\" || path == L"/";

@@ -1,6 +1,6 @@
 #include "filelist/new_folder_names.h"
 
-#include "app/text.h"
+#include "common/text.h"
 
 Path NewFolderName(int number) {
     wchar_t text[32];

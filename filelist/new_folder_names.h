@@ -1,7 +1,7 @@
 #pragma once
 // The names that "New Folder" tries one after another.
 
-#include "app/path.h"
+#include "common/path.h"
 
 constexpr int lastNewFolderNumber = 4096;
 

@@ -1,9 +1,9 @@
 #include "filelist/open_item.h"
 
 #include "app/app_state.h"
-#include "app/file_facts.h"
-#include "app/outside_path.h"
-#include "app/wait_cursor.h"
+#include "common/file_facts.h"
+#include "common/outside_path.h"
+#include "common/wait_cursor.h"
 #include "filelist/shortcut_target.h"
 #include "fileops/archives.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 // Opening a file as a tap on it does.
 
-#include "app/path.h"
+#include "common/path.h"
 
 class FileList;
 

@@ -1,10 +1,10 @@
 // The view itself: its making and end, its styles and columns, and the selection in it.
 
 #include "app/app_state.h"
-#include "app/file_facts.h"
 #include "app/menu_state.h"
-#include "app/outside_path.h"
 #include "app/settings_store.h"
+#include "common/file_facts.h"
+#include "common/outside_path.h"
 #include "filelist/file_list.h"
 #include "filelist/list_input.h"
 #include "filelist/view_styles.h"

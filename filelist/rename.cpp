@@ -4,8 +4,8 @@
 
 #include "app/app_state.h"
 #include "app/menu_state.h"
-#include "app/name_rules.h"
-#include "app/system_folder.h"
+#include "common/name_rules.h"
+#include "common/system_folder.h"
 #include "filelist/file_list.h"
 #include "filelist/list_input.h"
 #include "filelist/rename_rules.h"
@@ -78,7 +78,8 @@ void FileList::EditAgain() {
 
 /// The list may be read anew, or show another folder, whenever the watcher pauses or goes on.
 bool FileList::RenameEntry(const SelectionEntry& entry, std::wstring_view label) {
-    if (entry.kind == ItemKind::Folder && KeepsItsName(entry.folder.data(), entry.name.data(), label)) {
+    if (entry.kind == ItemKind::Folder && SystemFolder(appState.settings.windowsPath.data())
+                                              .KeepsItsName(entry.folder.data(), entry.name.data(), label)) {
         MessageBoxW(appState.mainWindow, systemFolderMessage, L"", MB_ICONHAND);
         return false;
     }

@@ -1,6 +1,6 @@
 #include "filelist/rename_rules.h"
 
-#include "app/name_rules.h"
+#include "common/name_rules.h"
 
 LabelVerdict JudgeLabel(const wchar_t* label, ItemKind kind) {
     if (!label)

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "app/path.h"
+#include "common/path.h"
 #include "filelist/file_item.h"
 
 enum class LabelVerdict {

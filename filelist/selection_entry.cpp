@@ -1,7 +1,7 @@
 #include "filelist/selection_entry.h"
 
-#include "app/file_facts.h"
-#include "app/path.h"
+#include "common/file_facts.h"
+#include "common/path.h"
 
 bool StillExists(const SelectionEntry& entry) {
     Path path;

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "app/settings.h"
+#include "common/path.h"
 #include "filelist/file_item.h"
 
 struct SelectionEntry {

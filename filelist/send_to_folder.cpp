@@ -1,7 +1,7 @@
 // "Copy To...", "Move To..." and "Send Shortcut To...": the selection goes to a folder that is asked for.
 
 #include "app/app_state.h"
-#include "app/wait_cursor.h"
+#include "common/wait_cursor.h"
 #include "filelist/file_list.h"
 #include "fileops/folder_chooser.h"
 

@@ -1,6 +1,6 @@
 #include "filelist/shortcut_names.h"
 
-#include "app/text.h"
+#include "common/text.h"
 
 std::wstring_view ShortcutBase(std::wstring_view targetName, ShortcutNaming naming) {
     if (!naming.keepExtension)

@@ -4,7 +4,7 @@
 #include <array>
 #include <string_view>
 
-#include "app/path.h"
+#include "common/path.h"
 
 struct ShortcutNaming {
     bool mention = true;       // "Shortcut to" leads the name

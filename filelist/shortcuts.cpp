@@ -1,7 +1,7 @@
 // Making shortcut files.
 
 #include "app/app_state.h"
-#include "app/wait_cursor.h"
+#include "common/wait_cursor.h"
 #include "filelist/file_list.h"
 #include "filelist/shortcut_names.h"
 

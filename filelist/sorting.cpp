@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "app/menu_state.h"
-#include "app/path.h"
+#include "common/path.h"
 #include "filelist/file_list.h"
 #include "filelist/merge_sort.h"
 #include "filelist/rows.h"

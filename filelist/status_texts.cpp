@@ -5,7 +5,8 @@
 #include <span>
 
 #include "app/app_state.h"
-#include "app/text_format.h"
+#include "common/device_info.h"
+#include "common/text_format.h"
 
 namespace {
 

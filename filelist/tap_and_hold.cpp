@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "app/pointer.h"
+#include "common/pointer.h"
 #include "filelist/context_menu.h"
 #include "filelist/file_list.h"
 

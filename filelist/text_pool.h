@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "app/text.h"
+#include "common/text.h"
 
 /// Keeps texts in large blocks: cheaper than a block of the heap for each.
 class TextPool {

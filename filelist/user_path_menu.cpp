@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "app/menu_text.h"
-#include "app/path.h"
+#include "common/menu_text.h"
+#include "common/path.h"
 #include "filelist/file_list.h"
 #include "foldertree/user_paths_dialog.h"
 #include "resources/resource.h"

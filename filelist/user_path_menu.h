@@ -5,7 +5,7 @@
 #include <span>
 #include <string_view>
 
-#include "app/text.h"
+#include "common/text.h"
 #include "platform/ce_api.h"
 
 /// What a remembered path is called in the menu.

@@ -4,8 +4,8 @@
 #include <span>
 #include <string_view>
 
-#include "app/path.h"
-#include "app/text.h"
+#include "common/path.h"
+#include "common/text.h"
 #include "filelist/selection_entry.h"
 
 /// The entries as the archiver takes them: each quoted and followed by a blank, a folder as all that is in

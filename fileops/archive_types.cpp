@@ -1,6 +1,6 @@
 #include "fileops/archive_types.h"
 
-#include "app/path.h"
+#include "common/path.h"
 
 ArchiveType ArchiveTypeOf(std::wstring_view name) {
     const std::wstring_view extension = ExtensionOf(name);

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "app/app_state.h"
-#include "app/wait_cursor.h"
+#include "common/wait_cursor.h"
 #include "platform/handles.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "app/app_state.h"
-#include "app/device_info.h"
+#include "common/device_info.h"
 #include "foldertree/subfolders.h"
 #include "foldertree/tree_rules.h"
 #include "resources/resource.h"

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "app/path.h"
+#include "common/path.h"
 #include "foldertree/tree_view.h"
 #include "platform/handles.h"
 

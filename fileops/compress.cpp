@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "app/app_state.h"
-#include "app/file_dialogs.h"
+#include "common/file_dialogs.h"
 #include "fileops/archive_commands.h"
 #include "fileops/archiver.h"
 #include "fileops/archives.h"

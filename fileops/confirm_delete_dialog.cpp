@@ -1,6 +1,6 @@
 #include "fileops/confirm_delete_dialog.h"
 
-#include "app/dialog_frame.h"
+#include "common/dialog_frame.h"
 #include "fileops/file_job.h"
 #include "resources/resource.h"
 

@@ -1,6 +1,6 @@
 #include "fileops/contents_count.h"
 
-#include "app/device_info.h"
+#include "common/device_info.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <optional>
 #include <span>
 
-#include "app/entry_walk.h"
+#include "common/entry_walk.h"
 #include "filelist/selection_entry.h"
 
 struct ContentsTotals {

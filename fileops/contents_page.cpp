@@ -2,8 +2,8 @@
 
 #include <array>
 
-#include "app/device_info.h"
-#include "app/text_format.h"
+#include "common/device_info.h"
+#include "common/text_format.h"
 #include "resources/resource.h"
 
 namespace {

@@ -3,8 +3,8 @@
 
 #include <optional>
 
-#include "app/dialog_frame.h"
-#include "app/wait_cursor.h"
+#include "common/dialog_frame.h"
+#include "common/wait_cursor.h"
 #include "fileops/contents_count.h"
 
 /// The numbers grow while the page is shown: it can be left before all is counted.

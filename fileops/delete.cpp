@@ -3,8 +3,8 @@
 #include <array>
 
 #include "app/app_state.h"
-#include "app/system_folder.h"
-#include "app/text.h"
+#include "common/system_folder.h"
+#include "common/text.h"
 #include "fileops/confirm_delete_dialog.h"
 #include "fileops/delete_rules.h"
 #include "fileops/file_job.h"

@@ -3,7 +3,7 @@
 
 #include <span>
 
-#include "app/path.h"
+#include "common/path.h"
 #include "filelist/selection_entry.h"
 
 /// Asks once for all entries and deletes them under the job's dialog; each entry that went is marked as done.

@@ -1,7 +1,7 @@
 #include "fileops/delete_rules.h"
 
-#include "app/path.h"
-#include "app/text.h"
+#include "common/path.h"
+#include "common/text.h"
 #include "fileops/file_job.h"
 
 void WriteOpeningQuestion(QuestionText& text, std::span<const SelectionEntry> entries) {

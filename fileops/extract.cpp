@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "app/app_state.h"
-#include "app/file_facts.h"
+#include "common/file_facts.h"
 #include "fileops/archive_commands.h"
 #include "fileops/archiver.h"
 #include "fileops/archives.h"

@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "app/app_state.h"
-#include "app/entry_count.h"
-#include "app/text.h"
+#include "common/text.h"
+#include "fileops/entry_count.h"
 #include "fileops/single_steps.h"
 #include "resources/resource.h"
 

@@ -8,10 +8,10 @@
 #include <span>
 #include <string_view>
 
-#include "app/dialog_frame.h"
-#include "app/entry_count.h"
-#include "app/settings.h"
+#include "common/dialog_frame.h"
+#include "common/path.h"
 #include "filelist/selection_entry.h"
+#include "fileops/entry_count.h"
 #include "platform/ce_api.h"
 #include "platform/handles.h"
 

@@ -2,8 +2,8 @@
 
 #include <array>
 
-#include "app/file_facts.h"
-#include "app/text.h"
+#include "common/file_facts.h"
+#include "common/text.h"
 #include "platform/handles.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <memory>
 
-#include "app/path.h"
+#include "common/path.h"
 #include "platform/ce_api.h"
 
 enum class MoverResult {

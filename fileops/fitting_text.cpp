@@ -1,7 +1,7 @@
 #include "fileops/fitting_text.h"
 
-#include "app/path.h"
-#include "app/text.h"
+#include "common/path.h"
+#include "common/text.h"
 
 void CutName(std::span<wchar_t> out, std::wstring_view name, std::size_t limit) {
     constexpr std::wstring_view dots = L"...";

@@ -3,12 +3,12 @@
 #include <array>
 
 #include "app/app_state.h"
-#include "app/device_info.h"
-#include "app/dialog_frame.h"
-#include "app/name_rules.h"
-#include "app/system_folder.h"
-#include "app/text.h"
-#include "app/wait_cursor.h"
+#include "common/device_info.h"
+#include "common/dialog_frame.h"
+#include "common/name_rules.h"
+#include "common/system_folder.h"
+#include "common/text.h"
+#include "common/wait_cursor.h"
 #include "fileops/chooser_tree.h"
 #include "fileops/rename_folder_dialog.h"
 #include "resources/resource.h"
@@ -162,7 +162,8 @@ void FolderChooser::RenameTo(const Path& folder, const PathText& name) {
         return;
     // A backslash would put the folder somewhere else.
     Path renamed;
-    if (KeepsItsName(ParentOf(folder.View()), LeafOf(folder.View()), newName))
+    if (SystemFolder(appState.settings.windowsPath.data())
+            .KeepsItsName(ParentOf(folder.View()), LeafOf(folder.View()), newName))
         return Report(systemFolderMessage, MB_ICONHAND);
     if (newName.find_first_of(L"\\/") != std::wstring_view::npos ||
         !renamed.AssignChild(ParentOf(folder.View()), newName) ||

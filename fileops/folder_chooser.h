@@ -1,7 +1,7 @@
 #pragma once
 // The dialog in which the user picks a folder of the device from a tree.
 
-#include "app/path.h"
+#include "common/path.h"
 #include "platform/ce_api.h"
 
 struct FolderChoice {

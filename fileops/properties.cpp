@@ -4,9 +4,9 @@
 #include <string_view>
 
 #include "app/app_state.h"
-#include "app/name_rules.h"
-#include "app/system_folder.h"
-#include "app/text_format.h"
+#include "common/name_rules.h"
+#include "common/system_folder.h"
+#include "common/text_format.h"
 #include "fileops/contents_page.h"
 #include "fileops/properties_page.h"
 #include "fileops/properties_rules.h"
@@ -52,7 +52,8 @@ bool ChangeName(const PropertiesRequest& request, const Path& path, const PathTe
     if (std::wstring_view(name.data()) == request.entry.name.data())
         return false;
     if (request.entry.kind == ItemKind::Folder &&
-        KeepsItsName(request.entry.folder.data(), request.entry.name.data(), name.data()))
+        SystemFolder(appState.settings.windowsPath.data())
+            .KeepsItsName(request.entry.folder.data(), request.entry.name.data(), name.data()))
         return Report(systemFolderMessage), false;
     if (!MoveToName(request, path, name.data()))
         return Report(cannotRename), false;

@@ -4,7 +4,7 @@
 #include <array>
 #include <span>
 
-#include "app/settings.h"
+#include "common/path.h"
 #include "filelist/selection_entry.h"
 
 /// What the dialogs show of one entry, and what the user made of it.

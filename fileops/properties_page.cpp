@@ -1,8 +1,8 @@
 #include "fileops/properties_page.h"
 
 #include "app/app_state.h"
-#include "app/device_info.h"
-#include "app/text_format.h"
+#include "common/device_info.h"
+#include "common/text_format.h"
 #include "fileops/contents_count.h"
 #include "fileops/contents_page.h"
 #include "fileops/shortcut_page.h"

@@ -1,7 +1,7 @@
 #pragma once
 // The properties of one entry: what is known of it, its name and its attributes.
 
-#include "app/dialog_frame.h"
+#include "common/dialog_frame.h"
 #include "fileops/properties.h"
 #include "fileops/properties_rules.h"
 #include "platform/handles.h"

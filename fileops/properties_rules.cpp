@@ -2,8 +2,8 @@
 
 #include <array>
 
-#include "app/path.h"
-#include "app/text_format.h"
+#include "common/path.h"
+#include "common/text_format.h"
 #include "filelist/shortcut_target.h"
 
 ObjectKind ObjectKindOf(ItemKind kind, std::wstring_view name) {

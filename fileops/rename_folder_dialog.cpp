@@ -1,6 +1,6 @@
 #include "fileops/rename_folder_dialog.h"
 
-#include "app/dialog_frame.h"
+#include "common/dialog_frame.h"
 #include "resources/resource.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 // Asks for a folder's new name.
 
-#include "app/settings.h"
+#include "common/path.h"
 #include "platform/ce_api.h"
 
 /// `name` is the old name, and the new one once confirmed. False when the user cancelled.

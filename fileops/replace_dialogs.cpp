@@ -2,10 +2,11 @@
 
 #include <array>
 
-#include "app/dialog_frame.h"
-#include "app/path.h"
-#include "app/text.h"
-#include "app/text_format.h"
+#include "common/device_info.h"
+#include "common/dialog_frame.h"
+#include "common/path.h"
+#include "common/text.h"
+#include "common/text_format.h"
 #include "fileops/file_job.h"
 #include "fileops/fitting_text.h"
 #include "resources/resource.h"

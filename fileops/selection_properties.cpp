@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "app/app_state.h"
-#include "app/device_info.h"
+#include "common/device_info.h"
 #include "filelist/tree_report.h"
 #include "fileops/properties.h"
 

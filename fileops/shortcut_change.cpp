@@ -1,6 +1,6 @@
 #include "fileops/shortcut_change.h"
 
-#include "app/text.h"
+#include "common/text.h"
 #include "platform/ce_api.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 // Gives a shortcut file another target.
 
-#include "app/path.h"
+#include "common/path.h"
 
 /// Makes the shortcut anew with `target`, keeping its attributes. When that fails the old one is back as it
 /// was.

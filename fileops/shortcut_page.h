@@ -1,7 +1,7 @@
 #pragma once
 // Where a shortcut leads, to look at and to change.
 
-#include "app/dialog_frame.h"
+#include "common/dialog_frame.h"
 #include "fileops/properties.h"
 #include "platform/handles.h"
 

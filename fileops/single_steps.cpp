@@ -3,9 +3,9 @@
 #include <utility>
 #include <vector>
 
-#include "app/entry_places.h"
-#include "app/file_facts.h"
-#include "app/path.h"
+#include "common/entry_places.h"
+#include "common/file_facts.h"
+#include "common/path.h"
 #include "fileops/file_mover.h"
 #include "platform/handles.h"
 

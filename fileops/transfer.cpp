@@ -3,8 +3,8 @@
 #include <array>
 
 #include "app/app_state.h"
-#include "app/entry_places.h"
-#include "app/text.h"
+#include "common/entry_places.h"
+#include "common/text.h"
 #include "fileops/file_job.h"
 #include "fileops/replace_dialogs.h"
 #include "fileops/transfer_rules.h"

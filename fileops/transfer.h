@@ -3,7 +3,7 @@
 
 #include <span>
 
-#include "app/path.h"
+#include "common/path.h"
 #include "filelist/selection_entry.h"
 
 enum class Transfer { Copy, Move };

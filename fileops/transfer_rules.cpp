@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <array>
 
-#include "app/entry_places.h"
-#include "app/system_folder.h"
-#include "app/text.h"
+#include "common/entry_places.h"
+#include "common/system_folder.h"
+#include "common/text.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-#include "app/path.h"
+#include "common/path.h"
 #include "filelist/selection_entry.h"
 
 /// The folders of a request for a transfer.

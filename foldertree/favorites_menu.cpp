@@ -1,6 +1,6 @@
 #include "foldertree/favorites_menu.h"
 
-#include "app/menu_text.h"
+#include "common/menu_text.h"
 #include "platform/handles.h"
 #include "resources/resource.h"
 

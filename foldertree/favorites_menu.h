@@ -3,8 +3,8 @@
 
 #include <vector>
 
-#include "app/path.h"
-#include "app/text.h"
+#include "common/path.h"
+#include "common/text.h"
 #include "platform/ce_api.h"
 
 /// Files beyond this number are left out: the program's fixed commands begin soon behind theirs.

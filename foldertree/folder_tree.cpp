@@ -1,7 +1,7 @@
 #include "foldertree/folder_tree.h"
 
 #include "app/app_state.h"
-#include "app/pointer.h"
+#include "common/pointer.h"
 #include "foldertree/tree_messages.h"
 #include "foldertree/tree_rules.h"
 #include "resources/resource.h"

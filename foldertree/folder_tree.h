@@ -5,7 +5,7 @@
 #include <optional>
 #include <string_view>
 
-#include "app/path.h"
+#include "common/path.h"
 #include "filelist/drag_drop.h"
 #include "fileops/transfer.h"
 #include "foldertree/tree_view.h"

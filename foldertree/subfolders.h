@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "app/path.h"
-#include "app/text.h"
+#include "common/path.h"
+#include "common/text.h"
 #include "platform/ce_api.h"
 
 struct Subfolder {

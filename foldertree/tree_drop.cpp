@@ -2,7 +2,7 @@
 
 #include "app/app_state.h"
 #include "app/folder_refresh.h"
-#include "app/pointer.h"
+#include "common/pointer.h"
 #include "foldertree/folder_tree.h"
 
 /// The node at a point of the screen that takes drops, or null.

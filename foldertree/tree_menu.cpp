@@ -5,7 +5,7 @@
 #include "app/address_bar.h"
 #include "app/app_state.h"
 #include "app/menu_state.h"
-#include "app/pointer.h"
+#include "common/pointer.h"
 #include "filelist/list_input.h"
 #include "foldertree/folder_tree.h"
 #include "foldertree/tree_messages.h"

@@ -2,7 +2,7 @@
 
 #include "app/app_state.h"
 #include "app/main_window.h"
-#include "app/text_format.h"
+#include "common/device_info.h"
 #include "foldertree/folder_tree.h"
 #include "foldertree/subfolders.h"
 #include "foldertree/tree_rules.h"

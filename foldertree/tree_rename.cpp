@@ -4,8 +4,8 @@
 
 #include "app/app_state.h"
 #include "app/menu_state.h"
-#include "app/name_rules.h"
-#include "app/system_folder.h"
+#include "common/name_rules.h"
+#include "common/system_folder.h"
 #include "foldertree/folder_tree.h"
 #include "foldertree/tree_messages.h"
 
@@ -55,7 +55,8 @@ bool FolderTree::OnEndLabelEdit(const wchar_t* text) {
 /// True when the node takes what was typed: the control gives it that. Where the name is another one, it has
 /// that already.
 bool FolderTree::RenameEdited(std::wstring_view name, bool asTyped) {
-    if (KeepsItsName(ParentOf(editedPath_.View()), LeafOf(editedPath_.View()), name)) {
+    if (SystemFolder(appState.settings.windowsPath.data())
+            .KeepsItsName(ParentOf(editedPath_.View()), LeafOf(editedPath_.View()), name)) {
         MessageBoxW(appState.mainWindow, systemFolderMessage, L"", MB_ICONHAND);
         SetFocus(window_);
         return false;

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "app/path.h"
+#include "common/path.h"
 #include "platform/ce_api.h"
 
 /// Images of the tree, in image-list order.

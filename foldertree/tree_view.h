@@ -5,7 +5,7 @@
 #include <array>
 #include <string_view>
 
-#include "app/path.h"
+#include "common/path.h"
 #include "platform/ce_api.h"
 
 class TreeView {

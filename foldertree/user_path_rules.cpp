@@ -1,7 +1,7 @@
 #include "foldertree/user_path_rules.h"
 
-#include "app/name_rules.h"
-#include "app/path.h"
+#include "common/name_rules.h"
+#include "common/path.h"
 
 std::wstring_view NewUserPath(std::wstring_view currentFolder, std::wstring_view deviceName) {
     return currentFolder.empty() || currentFolder == searchFolder ? deviceName : currentFolder;

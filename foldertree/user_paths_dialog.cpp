@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "app/app_state.h"
-#include "app/device_info.h"
-#include "app/dialog_frame.h"
-#include "app/name_rules.h"
+#include "common/device_info.h"
+#include "common/dialog_frame.h"
+#include "common/name_rules.h"
 #include "filelist/label_edit.h"
 #include "foldertree/user_path_rules.h"
 #include "resources/resource.h"

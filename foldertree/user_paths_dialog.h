@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "app/text.h"
+#include "common/text.h"
 
 /// Lets the user add, change and take away paths. What is done there is done at once, however it is left.
 void EditUserPaths(std::vector<OwnedText>& paths);

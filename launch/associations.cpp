@@ -5,7 +5,7 @@
 #include <span>
 #include <utility>
 
-#include "app/registry.h"
+#include "common/registry.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "app/settings.h"
-#include "app/text.h"
+#include "common/path.h"
+#include "common/text.h"
 #include "launch/open_commands.h"
 #include "platform/ce_api.h"
 

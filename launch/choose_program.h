@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "app/path.h"
+#include "common/path.h"
 
 /// A file that a program is chosen for.
 struct ProgramChoice {

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "app/app_state.h"
-#include "app/file_dialogs.h"
-#include "app/wait_cursor.h"
+#include "common/file_dialogs.h"
+#include "common/wait_cursor.h"
 #include "launch/shell_start.h"
 #include "resources/resource.h"
 

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "app/dialog_frame.h"
+#include "common/dialog_frame.h"
 #include "launch/associations.h"
 #include "launch/choose_program.h"
 #include "platform/handles.h"

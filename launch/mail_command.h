@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "app/text.h"
+#include "common/text.h"
 
 /// Its command line for attaching a file.
 OwnedText MailCommandLine(std::wstring_view attachment, std::wstring_view transport);

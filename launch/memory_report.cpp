@@ -2,9 +2,9 @@
 
 #include <array>
 
-#include "app/path.h"
-#include "app/text.h"
-#include "app/text_format.h"
+#include "common/path.h"
+#include "common/text.h"
+#include "common/text_format.h"
 
 MemoryReport::MemoryReport() : text_(1, L'\0') {
     Append(L"Memory Status");

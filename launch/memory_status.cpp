@@ -1,7 +1,7 @@
 #include "launch/memory_status.h"
 
 #include "app/app_state.h"
-#include "app/dialog_frame.h"
+#include "common/dialog_frame.h"
 #include "launch/memory_report.h"
 #include "resources/resource.h"
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "app/app_state.h"
-#include "app/registry.h"
+#include "common/registry.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <optional>
 #include <string_view>
 
-#include "app/path.h"
-#include "app/text.h"
+#include "common/path.h"
+#include "common/text.h"
 
 struct OpenCommand {
     std::wstring_view program;    // as written, without quotes

@@ -1,8 +1,8 @@
 #include "launch/open_with_parameters.h"
 
 #include "app/app_state.h"
-#include "app/device_info.h"
-#include "app/dialog_frame.h"
+#include "common/device_info.h"
+#include "common/dialog_frame.h"
 #include "launch/shell_start.h"
 #include "resources/resource.h"
 

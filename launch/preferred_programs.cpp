@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "app/menu_text.h"
-#include "app/path.h"
+#include "common/menu_text.h"
+#include "common/path.h"
 #include "platform/handles.h"
 #include "resources/resource.h"
 

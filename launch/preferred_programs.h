@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "app/text.h"
+#include "common/text.h"
 #include "platform/ce_api.h"
 
 /// Whether a file of the folder is offered: a program, or a shortcut to one.

@@ -1,9 +1,9 @@
 #include "launch/send_to.h"
 
 #include "app/app_state.h"
-#include "app/file_facts.h"
-#include "app/outside_path.h"
-#include "app/wait_cursor.h"
+#include "common/file_facts.h"
+#include "common/outside_path.h"
+#include "common/wait_cursor.h"
 #include "launch/mail_command.h"
 #include "launch/shell_start.h"
 #include "platform/handles.h"

@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <cwchar>
 
-#include "app/outside_path.h"
+#include "common/outside_path.h"
+#include "common/text.h"
 #include "search/name_match.h"
 
 namespace {

@@ -4,8 +4,7 @@
 #include <array>
 #include <cstdint>
 
-#include "app/path.h"
-#include "app/settings.h"
+#include "common/path.h"
 #include "platform/ce_api.h"
 
 /// The order is that of the dialog's list, "Any" standing for the box not checked.

@@ -1,6 +1,6 @@
 #include "search/file_scan.h"
 
-#include "app/path.h"
+#include "common/path.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "app/app_state.h"
-#include "app/device_info.h"
+#include "common/device_info.h"
 #include "search/search_dialog.h"
 
 void RunFileSearch() {

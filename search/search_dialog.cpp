@@ -3,7 +3,7 @@
 #include <cstdlib>
 
 #include "app/app_state.h"
-#include "app/device_info.h"
+#include "common/device_info.h"
 #include "fileops/folder_chooser.h"
 #include "resources/resource.h"
 #include "search/name_match.h"

@@ -3,8 +3,8 @@
 
 #include <optional>
 
-#include "app/dialog_frame.h"
-#include "app/wait_cursor.h"
+#include "common/dialog_frame.h"
+#include "common/wait_cursor.h"
 #include "search/criteria.h"
 #include "search/walk.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 // Goes through the searched folders and keeps what it finds.
 
-#include "app/entry_walk.h"
+#include "common/entry_walk.h"
 #include "filelist/search_results.h"
 #include "search/criteria.h"
 #include "search/file_scan.h"

@@ -9,8 +9,8 @@
 #include <random>
 #include <string>
 
-#include "app/path.h"
-#include "app/text_format.h"
+#include "common/path.h"
+#include "common/text_format.h"
 #include "filelist/listing_rules.h"
 #include "filelist/new_folder_names.h"
 #include "filelist/sorting.h"

@@ -3,7 +3,7 @@
 
 #include "app/settings_store.h"
 #include "platform/ce_api.h"
-#include "stored_values.h"
+#include "tests/unit/app/stored_values.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "platform/ce_api.h"
-#include "stored_values.h"
+#include "tests/unit/app/stored_values.h"
 
 namespace {
 

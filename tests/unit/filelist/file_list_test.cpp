@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "app/app_state.h"
-#include "app/text_format.h"
+#include "common/text_format.h"
 #include "filelist/view_styles.h"
 #include "resources/resource.h"
 #include "tests/unit/app/stored_values.h"

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "app/path.h"
+#include "common/path.h"
 #include "resources/resource.h"
 
 namespace {

@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include "app/device_info.h"
+#include "common/device_info.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "app/text.h"
+#include "common/text.h"
 #include "fileops/file_job.h"
 
 namespace {

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "app/text_format.h"
+#include "common/text_format.h"
 
 namespace {
 

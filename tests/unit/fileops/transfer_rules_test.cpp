@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include "app/system_folder.h"
-#include "app/text.h"
+#include "common/system_folder.h"
+#include "common/text.h"
 #include "tests/support/host.h"
 
 namespace {

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "app/registry.h"
+#include "common/registry.h"
 #include "tests/support/registry.h"
 
 namespace {

@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "app/app_state.h"
+#include "common/dialog_frame.h"
 #include "resources/resource.h"
 #include "tests/support/device.h"
 #include "tests/support/dialog.h"
@@ -38,7 +39,7 @@ ProgramChoice ChoiceFor(const wchar_t* name, bool forceAlways, bool launch) {
 class ChooseProgramForms : public testing::Test {
   protected:
     ChooseProgramForms() {
-        appState.instance = GetModuleHandleW(nullptr);
+        PrepareDialogs(GetModuleHandleW(nullptr), nullptr);
         CopyTextTo(appState.settings.windowsPath, L"\\Windows");
         device_.WriteText(L"HKCR\\atoolfile", L"", L"A Tool");
         device_.WriteText(L"HKCR\\atoolfile\\Shell\\Open\\Command", L"", L"\"" + tool + L"\" \"%1\"");
@@ -52,7 +53,6 @@ class ChooseProgramForms : public testing::Test {
             for (HWND dialog : DialogsOf(GetCurrentProcessId()))
                 Dialog(dialog).Command(IDCANCEL);
         appState.settings.windowsPath = {};
-        appState.instance = nullptr;
     }
 
     void Open(bool forceAlways, bool launch) {

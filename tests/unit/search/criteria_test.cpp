@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "common/text.h"
 #include "search/name_match.h"
 
 namespace {
