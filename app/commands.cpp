@@ -1,11 +1,11 @@
 #include "app/commands.h"
 
 #include "app/address_bar.h"
-#include "app/folder_refresh.h"
 #include "app/menu_state.h"
 #include "app/options.h"
 #include "app/pane_layout.h"
 #include "app/sticky_keys.h"
+#include "common/file_facts.h"
 #include "fileops/archives.h"
 #include "fileops/selection_properties.h"
 #include "launch/choose_program.h"

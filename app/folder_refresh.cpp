@@ -3,10 +3,11 @@
 #include "app/address_bar.h"
 #include "app/app_state.h"
 #include "app/gestures.h"
-#include "app/main_window.h"
 #include "common/file_facts.h"
 
 namespace {
+
+constexpr UINT refreshDelay = 2000; // milliseconds
 
 void StartDelay() {
     KillTimer(appState.mainWindow, refreshTimer);
@@ -53,9 +54,4 @@ void RefreshAfterChange() {
     }
     appState.fileList.GoToFolder(target.View(), treeRescan);
     appState.deviceChanged = false;
-}
-
-void CutToExisting(Path& folder) {
-    while (!IsExistingFolder(folder.Text()) && folder.View().find(L'\\') != std::wstring_view::npos)
-        folder.Truncate(ParentOf(folder.View()).size());
 }

@@ -1,7 +1,10 @@
 #pragma once
 // The refresh that follows changes by others: once, two seconds after the last of a burst.
 
-#include "common/path.h"
+#include "platform/ce_api.h"
+
+/// The timer of the main window that the two seconds end with.
+constexpr UINT_PTR refreshTimer = 5;
 
 enum class RefreshCause { FolderChange, DeviceChange };
 
@@ -18,6 +21,3 @@ void OnLookAgain();
 /// The two seconds are over: the tree and the list show what is there now. While a name is edited, something
 /// is dragged, a menu is open or an address is half typed they begin again.
 void RefreshAfterChange();
-
-/// Cuts `folder` at its last backslash until it is an existing folder or none is left.
-void CutToExisting(Path& folder);

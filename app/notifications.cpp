@@ -2,7 +2,6 @@
 
 #include "app/address_bar.h"
 #include "app/commands.h"
-#include "app/main_window.h"
 #include "app/menu_state.h"
 #include "common/pointer.h"
 #include "filelist/context_menu.h"

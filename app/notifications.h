@@ -3,4 +3,7 @@
 
 #include "platform/ce_api.h"
 
+/// Posted to the main window after the list's selection changed.
+constexpr UINT UM_SELECTIONCHANGED = WM_USER + 2;
+
 LRESULT OnNotify(WPARAM wParam, LPARAM lParam);

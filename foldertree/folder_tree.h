@@ -11,6 +11,9 @@
 #include "foldertree/tree_view.h"
 #include "platform/handles.h"
 
+/// The timer of the main window after which a selection by keys is shown by the list.
+constexpr UINT_PTR treeSyncTimer = 2;
+
 class FolderTree : public TreeView {
   public:
     // --- folder_tree.cpp: the window and its messages ---
@@ -37,7 +40,7 @@ class FolderTree : public TreeView {
     void ShowSelection();
     /// Whether the selected node is the root, which stands for the device.
     bool IsDeviceSelected() const { return root_ && Caret() == root_; }
-    /// Timer 2 of the main window: a pending keyboard selection navigates the list.
+    /// treeSyncTimer: a pending keyboard selection navigates the list.
     void OnSyncTimer();
     /// Has a pending keyboard selection navigate the list now: what comes next is about what is selected.
     void FlushPendingSync();

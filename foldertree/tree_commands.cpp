@@ -1,7 +1,7 @@
 // Commands of the list for the folder selected in the tree.
 
 #include "app/app_state.h"
-#include "app/folder_refresh.h"
+#include "common/file_facts.h"
 #include "foldertree/folder_tree.h"
 
 void FolderTree::OperateOnFolder(void (*operation)(int command), int command) {

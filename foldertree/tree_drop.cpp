@@ -1,7 +1,7 @@
 // Drops onto the tree's folders, and a folder of the tree as what is dragged.
 
 #include "app/app_state.h"
-#include "app/folder_refresh.h"
+#include "common/file_facts.h"
 #include "common/pointer.h"
 #include "foldertree/folder_tree.h"
 

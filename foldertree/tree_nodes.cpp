@@ -1,7 +1,6 @@
 // The nodes of the tree and the folders they stand for.
 
 #include "app/app_state.h"
-#include "app/main_window.h"
 #include "common/device_info.h"
 #include "foldertree/folder_tree.h"
 #include "foldertree/subfolders.h"

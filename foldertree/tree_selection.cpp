@@ -3,7 +3,6 @@
 
 #include "app/app_state.h"
 #include "app/gestures.h"
-#include "app/main_window.h"
 #include "foldertree/folder_tree.h"
 #include "foldertree/tree_rules.h"
 

@@ -1,4 +1,4 @@
-"""./lint looks again at what has changed, and only at that."""
+"""./lint looks again at what has changed, and only at that; and which way includes run."""
 
 import json
 import unittest
@@ -20,6 +20,8 @@ class Lint(unittest.TestCase):
         for file in (*SOURCES, "app/a.h", "platform/ce_types.h", self.system_header, ".clang-tidy"):
             (self.place / file).parent.mkdir(exist_ok=True)
             (self.place / file).write_text("// first\n")
+        self.list = self.place / "scripts/includes_upwards"
+        self.list.write_text("")
         for name in ("clang-format", "shellcheck"):
             self.stand_in(name, "cat >/dev/null")
         self.stand_in("../house/packaging/manual/check.sh", "")
@@ -103,6 +105,41 @@ class Lint(unittest.TestCase):
         self.assertEqual(self.looked_at(), ["app/b.cpp"])
         (self.place / "app/b.cpp").write_text("// fault\n")
         self.assertEqual(self.looked_at(status=1), ["app/b.cpp"], "what was clean once may not be again")
+
+    def includes(self, file, header):
+        (self.place / file).parent.mkdir(exist_ok=True)
+        (self.place / file).write_text(f'#include "{header}"\n')
+
+    def assert_finds(self, *complaints):
+        status, said = self.house.run(script="lint")
+        for complaint in complaints:
+            self.assertIn(complaint, said)
+        self.assertEqual(said.count("scripts/includes_upwards"), len(complaints), said)
+        self.assertEqual(status, 1 if complaints else 0, said)
+
+    def test_includes_run_down(self):
+        self.includes("app/a.cpp", "search/a.h")
+        self.includes("filelist/a.cpp", "search/a.h")
+        self.includes("search/a.h", "common/a.h")
+        self.includes("common/a.h", "platform/a.h")
+        self.assert_finds()
+        self.includes("platform/a.h", "common/a.h")
+        self.includes("common/a.h", "search/a.h")
+        self.includes("search/a.h", "app/a.h")
+        self.assert_finds("platform/a.h includes common/a.h, which", "common/a.h includes search/a.h, which",
+                          "search/a.h includes app/a.h, which")
+
+    def test_what_runs_up_is_listed_and_no_more_than_that(self):
+        self.includes("search/a.cpp", "app/a.h")
+        self.includes("search/b.cpp", "app/state.h")
+        self.includes("common/a.h", "app/state.h")
+        self.list.write_text("# A reason.\nsearch/a.cpp app/a.h\n* app/state.h\n")
+        self.assert_finds("common/a.h includes app/state.h, which")
+        self.list.write_text("# A reason.\nsearch/a.cpp app/a.h\n* app/state.h\ncommon/a.h app/state.h\n")
+        self.assert_finds()
+        self.includes("search/a.cpp", "common/a.h")
+        self.includes("search/b.cpp", "common/a.h")
+        self.assert_finds("no longer there: search/a.cpp app/a.h", "no longer there: * app/state.h")
 
     def test_what_is_not_compiled_is_always_looked_at(self):
         (self.place / "app/c.cpp").write_text("// first\n")
