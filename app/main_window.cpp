@@ -10,6 +10,7 @@
 #include "app/notifications.h"
 #include "app/pane_layout.h"
 #include "app/settings_store.h"
+#include "app/start_folder.h"
 #include "app/start_up.h"
 #include "app/sticky_keys.h"
 #include "common/device_info.h"

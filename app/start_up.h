@@ -1,22 +1,5 @@
 #pragma once
-// Starting: the command line, the single instance and the hand-over of a folder to it.
-
-#include <cstddef>
-#include <string_view>
-
-#include "common/path.h"
-#include "platform/ce_api.h"
+// Starting, and the single instance, which is handed the folder of a second start.
 
 /// Class of the main window and name of the mutex that keeps the instances to one.
 constexpr wchar_t instanceName[] = L"Tarvik File ManagerPLUSUNI";
-
-/// WM_COPYDATA's dwData when a second start hands its folder over.
-constexpr ULONG_PTR COPYDATA_OPEN_FOLDER = 563;
-
-/// The folder that the command line names, as a pointer into its text, or null when it names none. Cuts the
-/// text at a closing quotation mark.
-wchar_t* ParseCommandLine(wchar_t* commandLine);
-
-/// Measures a hand-over before it is read: takes the path over only when the block is of the right kind,
-/// whole characters, no longer than a path and ends in a zero. False otherwise.
-bool ReadHandOver(const COPYDATASTRUCT* data, Path& path);

@@ -19,10 +19,10 @@ std::vector<WORD> LoadWords(HINSTANCE instance, UINT id) {
     HRSRC resource = FindResourceW(instance, MAKEINTRESOURCEW(id), RT_RCDATA);
     HGLOBAL block = resource ? LoadResource(instance, resource) : nullptr;
     const void* data = block ? LockResource(block) : nullptr;
-    if (!data)
-        return {};
-    std::vector<WORD> words(SizeofResource(instance, resource) / sizeof(WORD));
-    std::memcpy(words.data(), data, words.size() * sizeof(WORD));
+    const std::size_t count = data ? SizeofResource(instance, resource) / sizeof(WORD) : 0;
+    std::vector<WORD> words(count);
+    if (count != 0)
+        std::memcpy(words.data(), data, count * sizeof(WORD));
     return words;
 }
 

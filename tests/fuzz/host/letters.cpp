@@ -1,4 +1,5 @@
-// The code pages, near enough: UTF-8 as it is, one byte a letter in DOS, up to two in Japan.
+// The code pages, near enough: UTF-8 as it is, one byte a letter in DOS, up to two in Japan. A capacity of 0
+// asks for the length.
 
 #include <windows.h>
 
@@ -28,7 +29,7 @@ int LengthOfLetter(const unsigned char* at, int left) {
 int MultiByteToWideChar(UINT codePage, DWORD, const char* bytes, int length, wchar_t* text, int capacity) {
     const auto* at = reinterpret_cast<const unsigned char*>(bytes);
     int count = 0;
-    while (length > 0 && count < capacity) {
+    while (length > 0 && (capacity == 0 || count < capacity)) {
         int taken = 1;
         wchar_t letter = *at;
         if (codePage == CP_UTF8) {
@@ -44,7 +45,9 @@ int MultiByteToWideChar(UINT codePage, DWORD, const char* bytes, int length, wch
             taken = 2;
             letter = at[0] << 8 | at[1];
         }
-        text[count++] = letter;
+        if (capacity != 0)
+            text[count] = letter;
+        ++count;
         at += taken;
         length -= taken;
     }
@@ -71,8 +74,9 @@ int WideCharToMultiByte(UINT codePage, DWORD, const wchar_t* text, int length, c
             out += static_cast<char>(0x80 | (letter & 0x3F));
         }
     }
-    if (static_cast<int>(out.size()) > capacity)
+    if (capacity != 0 && static_cast<int>(out.size()) > capacity)
         return 0;
-    out.copy(bytes, out.size());
+    if (capacity != 0)
+        out.copy(bytes, out.size());
     return static_cast<int>(out.size());
 }

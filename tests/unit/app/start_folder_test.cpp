@@ -1,4 +1,4 @@
-#include "app/start_up.h"
+#include "app/start_folder.h"
 
 #include <gtest/gtest.h>
 
