@@ -50,6 +50,11 @@ Focus FindFocus() {
     return Focus::Elsewhere;
 }
 
+bool FirstSelectedIsFile(const FileList& list) {
+    const std::optional<SelectionEntry> entry = list.EntryAt(list.FirstSelected());
+    return entry && entry->kind == ItemKind::File;
+}
+
 MenuFacts GatherMenuFacts() {
     const FileList& list = appState.fileList;
     MenuFacts facts;
@@ -61,11 +66,9 @@ MenuFacts GatherMenuFacts() {
     facts.filesToPaste = appState.filesToPaste;
     facts.textToPaste = IsClipboardFormatAvailable(CF_UNICODETEXT) != FALSE;
     if (facts.focus == Focus::List) {
-        const int first = list.FirstSelected();
-        const std::optional<SelectionEntry> entry = list.EntryAt(first);
         facts.selectedCount = list.SelectedCount();
-        facts.anySelected = first >= 0;
-        facts.firstIsFile = entry && entry->kind == ItemKind::File;
+        facts.anySelected = list.FirstSelected() >= 0;
+        facts.firstIsFile = FirstSelectedIsFile(list);
     }
     return facts;
 }

@@ -35,6 +35,10 @@ INT_PTR RunDialog(const DialogTemplates& templates, HWND owner, DLGPROC procedur
                                    reinterpret_cast<LPARAM>(parameter));
 }
 
+void CenterDialog(HWND dialog) {
+    CenterOnMainWindow(dialog, centre);
+}
+
 void AddSoftKeys(HWND dialog, int menuBar) {
     SHMENUBARINFO info{};
     info.cbSize = sizeof(info);
@@ -83,7 +87,7 @@ INT_PTR CALLBACK DialogFrame::Procedure(HWND dialog, UINT message, WPARAM wParam
 }
 
 INT_PTR DialogFrame::Begin() {
-    CenterDialog(window_, centre);
+    CenterDialog(window_);
     AddSoftKeys(window_, look_.menuBar);
     if (look_.hasEdits)
         KeepBackKeyForEdits(window_);

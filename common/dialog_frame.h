@@ -21,6 +21,9 @@ int TemplateForWidth(const DialogTemplates& templates, int screenWidth);
 /// the dialog ended with, -1 when there is no such template.
 INT_PTR RunDialog(const DialogTemplates& templates, HWND owner, DLGPROC procedure, void* parameter);
 
+/// Moves a dialog to the middle of the main window.
+void CenterDialog(HWND dialog);
+
 /// Makes the soft keys of a dialog.
 void AddSoftKeys(HWND dialog, int menuBar);
 

@@ -8,7 +8,7 @@ constexpr int otherCaptionControl = 1093;
 
 } // namespace
 
-void CenterDialog(HWND window, HWND mainWindow) {
+void CenterOnMainWindow(HWND window, HWND mainWindow) {
     RECT outer{};
     RECT inner{};
     GetWindowRect(mainWindow, &outer);

@@ -4,7 +4,7 @@
 #include "platform/ce_api.h"
 
 /// Moves `window` to the middle of the main window.
-void CenterDialog(HWND window, HWND mainWindow);
+void CenterOnMainWindow(HWND window, HWND mainWindow);
 
 /// WM_PAINT of option and property pages: the line under the page's title. Returns 1.
 LRESULT PaintPageHeader(HWND page);

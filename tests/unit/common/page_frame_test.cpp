@@ -31,7 +31,7 @@ class Centred : public testing::Test {
   protected:
     POINT CentredPosition(int width, int height) const {
         const TestWindow window(L"STATIC", width, height);
-        CenterDialog(window.Get(), main_.Get());
+        CenterOnMainWindow(window.Get(), main_.Get());
         return window.Position();
     }
 
