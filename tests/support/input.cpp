@@ -99,8 +99,9 @@ void Tap(POINT point, unsigned modifiers) {
 
 void DoubleTap(POINT point) {
     Tap(point);
-    StylusDown(point);
-    StylusUp();
+    // At once, however busy the machine is: where the stylus is has been seen to.
+    SendMouse(MOUSEEVENTF_LEFTDOWN);
+    SendMouse(MOUSEEVENTF_LEFTUP);
 }
 
 void RightClick(POINT point) {
