@@ -61,8 +61,8 @@ class PageServer(unittest.TestCase):
         threads = self.threads()
         with ThreadPoolExecutor(4) as visitors:
             list(visitors.map(self.visit, range(200)))
-        self.assertTrue(eventually(lambda: not self.viewers(), 5), self.viewers())
-        self.assertTrue(eventually(lambda: self.threads() == threads, 5), self.threads())
+        self.assertTrue(eventually(lambda: not self.viewers()), self.viewers())
+        self.assertTrue(eventually(lambda: self.threads() == threads), self.threads())
         self.assertTrue(self.shows_screen(), "there is still room for one")
         self.assert_ends_quickly()
 
@@ -90,7 +90,7 @@ class PageServer(unittest.TestCase):
         self.run_.send_signal(signal.SIGTERM)
         self.run_.wait(60)
         self.assertLess(time.monotonic() - begun, 3)
-        self.assertTrue(eventually(lambda: not self.house.processes(), 2))
+        self.assertTrue(eventually(lambda: not self.house.processes()))
 
     def test_odd_places_are_answered(self):
         path = self.address.path
