@@ -37,39 +37,48 @@ class Screen:
         with self._lock:
             self._pages += 1
         try:
-            _close(page, self._carry(page))
+            self._carry(page)
         except OSError:
             pass  # the page has gone
         finally:
             self._shown.release()
 
     def end(self):
-        """Tells every page that the program has ended. A page is told once its x11vnc is gone."""
+        """Tells every page that the program has ended, and awaits the end of its x11vnc."""
         self._bell.close()
         until = time.monotonic() + FAREWELL
         for _ in range(self._pages):
             self._shown.acquire(timeout=max(0, until - time.monotonic()))
 
     def _carry(self, page):
-        """Returns the reason to close the web socket with; None when the page has closed it."""
         display = self._await_display()
         if not display:
-            return ENDED if self._is_over() else SWITCHED_OFF
+            _close(page, self._reason())
+            return
         phone, viewer = socket.socketpair()
         with viewer:
             process = _x11vnc(display, viewer)
         try:
-            while True:
-                ready, _, _ = select.select([page, phone, self._alarm], [], [])
-                if self._alarm in ready:
-                    return ENDED
-                if page in ready and not _pass_input(page, phone):
-                    return None
-                if phone in ready and not _pass_picture(phone, page):
-                    return ENDED if self._is_over() else SWITCHED_OFF
+            with phone:
+                reason = self._pass_on(page, phone)
+            _close(page, reason)  # before all waiting: at the end there is little time
         finally:
-            phone.close()
             _await_end(process)
+
+    def _pass_on(self, page, phone):
+        """Returns the reason to close the web socket with; None when the page has closed it."""
+        while True:
+            ready, _, _ = select.select([page, phone, self._alarm], [], [])
+            if self._alarm in ready:
+                return ENDED
+            if page in ready and not _pass_input(page, phone):
+                return None
+            if phone in ready and not _pass_picture(phone, page):
+                return self._reason()
+
+    def _reason(self):
+        """Why there is no screen."""
+        return ENDED if self._is_over() else SWITCHED_OFF
 
     def _await_display(self):
         until = time.monotonic() + PATIENCE

@@ -5,13 +5,61 @@ import re
 import signal
 import socket
 import struct
+import subprocess
+import sys
+import tempfile
+import threading
 import time
 import unittest
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
+from unittest import mock
 from urllib.parse import urlsplit
 
-from house import House, eventually
+from house import HOUSE, House, eventually
+
+
+sys.path.insert(0, str(HOUSE / "companions/browser"))
+import screen  # noqa: E402
+
+
+class Page:
+    """A page's web socket, which takes note of its end."""
+
+    def __init__(self, doings):
+        self._ours, self._theirs = socket.socketpair()
+        self._doings = doings
+
+    def fileno(self):
+        return self._ours.fileno()
+
+    def close(self, reason):
+        self._doings.append(reason)
+
+
+class ScreenEnd(unittest.TestCase):
+    def test_a_page_is_told_before_its_x11vnc_is_waited_for(self):
+        doings, began = [], threading.Event()
+
+        def begin(_display, end):
+            began.set()
+            return subprocess.Popen(["cat"], stdin=end, stdout=end)
+
+        def await_end(process):
+            doings.append("waited")
+            process.wait(10)
+
+        with tempfile.NamedTemporaryFile("w") as display, mock.patch.object(screen, "_x11vnc", begin), \
+                mock.patch.object(screen, "_await_end", await_end):
+            display.write("1")
+            display.flush()
+            shown = screen.Screen(Path(display.name))
+            page = threading.Thread(target=shown.show_on, args=(Page(doings),))
+            page.start()
+            self.assertTrue(began.wait(10))
+            shown.end()
+            page.join(10)
+        self.assertEqual(doings, [screen.ENDED, "waited"])
 
 
 class PageServer(unittest.TestCase):
