@@ -192,5 +192,5 @@ void ShowPanes() {
     ShowWindow(appState.folderTree.Window(), treeShown ? SW_SHOW : SW_HIDE);
     LayoutPanes();
     if (treeShown)
-        appState.folderTree.ShowSelection();
+        appState.folderTree.OnShown();
 }

@@ -7,7 +7,7 @@ void MeasureListing();
 void MeasureSorting();
 /// Icons of entries drawn again.
 void MeasureIcons();
-/// Many sibling folders read into the tree, read again and gone.
+/// Many sibling folders read into the tree, read again and gone, and visited while it is hidden.
 void MeasureTree();
 /// Names and texts searched for.
 void MeasureSearch();

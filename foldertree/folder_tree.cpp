@@ -55,6 +55,9 @@ LRESULT CALLBACK FolderTree::WindowProcedure(HWND window, UINT message, WPARAM w
         if (tree.OnListKey(wParam))
             return 0;
         break;
+    case WM_SETFOCUS:
+        tree.CatchUp();
+        break;
     case WM_LBUTTONDOWN:
         tree.OnStylusDown(lParam);
         break;
@@ -98,6 +101,9 @@ bool FolderTree::OnNotify(NMHDR* notification, LRESULT* result) {
         return true;
     case TVN_ENDLABELEDITW:
         *result = OnEndLabelEdit(reinterpret_cast<NMTVDISPINFOW*>(notification)->item.pszText);
+        return true;
+    case TVN_GETDISPINFOW:
+        OnButtonAsked(reinterpret_cast<NMTVDISPINFOW*>(notification)->item);
         return true;
     case TVN_KEYDOWN:
         OnKeyDown(reinterpret_cast<NMTVKEYDOWN*>(notification)->wVKey);

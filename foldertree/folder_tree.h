@@ -34,10 +34,12 @@ class FolderTree : public TreeView {
     // --- tree_selection.cpp: in step with the list ---
 
     /// Selects the node of a folder the list now shows, without navigating the list back. `rescan` reads its
-    /// subfolders afresh. A folder the tree does not hold leaves its nearest ancestor selected.
+    /// subfolders afresh, or notes that this is to be done once somebody uses the tree. A folder the tree
+    /// does not hold leaves its nearest ancestor selected.
     void SelectPath(std::wstring_view path, bool rescan, bool select);
-    /// Scrolls to the selected node: while the tree is hidden it has no place to scroll in.
-    void ShowSelection();
+    /// The tree has come into view: brings it up to date and scrolls to the selected node, for which it had
+    /// no place while it was hidden.
+    void OnShown();
     /// Whether the selected node is the root, which stands for the device.
     bool IsDeviceSelected() const { return root_ && Caret() == root_; }
     /// treeSyncTimer: a pending keyboard selection navigates the list.
@@ -96,14 +98,17 @@ class FolderTree : public TreeView {
 
     bool PathOfNode(HTREEITEM node, Path& path) const;
     HTREEITEM NodeOfPath(const Path& path) const;
-    void InsertSubfolder(HTREEITEM parent, const Path& folder, const wchar_t* name, DWORD attributes);
+    void InsertSubfolder(HTREEITEM parent, const wchar_t* name, DWORD attributes);
     void RefreshChildren(HTREEITEM node);
-    void RemoveChildren(HTREEITEM node);
-    void RefreshClosedNode(HTREEITEM node, const Path& folder);
+    void OnButtonAsked(TVITEMW& node) const;
+    void ForgetButton(HTREEITEM node);
     void SetButton(HTREEITEM node, bool children);
-    HTREEITEM DescendTo(std::wstring_view path);
 
+    bool IsInUse() const;
+    HTREEITEM DescendTo(std::wstring_view path);
+    HTREEITEM ChildOnTheWay(HTREEITEM node, std::wstring_view name);
     void RescanNode(HTREEITEM node);
+    void CatchUp();
     void OnSelectionChanged(UINT action);
     void OnCollapsed(HTREEITEM node);
     void SyncListToSelection();
@@ -131,6 +136,7 @@ class FolderTree : public TreeView {
     HTREEITEM search_ = nullptr;
 
     bool ready_ = false;       // a change of the selection is the user's, not the program's
+    bool behind_ = false;      // nodes were to be read again while nobody used the tree
     bool pendingSync_ = false; // a selection by keys waits for the timer
     bool holdPending_ = false; // the stylus is down and the timer of tap and hold runs
     POINT holdPoint_{};        // where it went down

@@ -15,14 +15,30 @@ HTREEITEM FolderTree::NodeOfPath(const Path& path) const {
     return path.IsSearchFolder() ? search_ : NodeAtPath(path.View());
 }
 
-void FolderTree::InsertSubfolder(HTREEITEM parent, const Path& folder, const wchar_t* name,
-                                 DWORD attributes) {
+void FolderTree::InsertSubfolder(HTREEITEM parent, const wchar_t* name, DWORD attributes) {
     const Settings& settings = appState.settings;
     const NodeImages images =
         ImagesOf(name, attributes, {settings.networkLeaf, settings.myDocumentsLeaf, settings.startMenuLeaf});
-    Path path;
-    const bool children = path.AssignChild(folder.View(), name) && HasSubfolder(path);
-    InsertNode(parent, name, images.normal, images.selected, children);
+    InsertNode(parent, name, images.normal, images.selected, I_CHILDRENCALLBACK);
+}
+
+/// The control asks for a node's expand button when it draws it: most of many are never drawn, so nobody
+/// looks into them.
+void FolderTree::OnButtonAsked(TVITEMW& node) const {
+    if (!(node.mask & TVIF_CHILDREN))
+        return;
+    Path folder;
+    node.cChildren = PathOfNode(node.hItem, folder) && HasSubfolder(folder);
+    node.mask |= TVIF_DI_SETITEM;
+}
+
+/// Has the control ask once more: the folder may have got its first subfolder or lost the last.
+void FolderTree::ForgetButton(HTREEITEM node) {
+    TVITEMW item{};
+    item.mask = TVIF_CHILDREN;
+    item.hItem = node;
+    item.cChildren = I_CHILDRENCALLBACK;
+    SendMessageW(window_, TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
 }
 
 /// Gives the node its expand button or takes it away.
@@ -37,25 +53,6 @@ void FolderTree::SetButton(HTREEITEM node, bool children) {
     SendMessageW(window_, TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
 }
 
-void FolderTree::RemoveChildren(HTREEITEM node) {
-    while (HTREEITEM child = Related(TVGN_CHILD, node)) {
-        if (!SendMessageW(window_, TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(child)))
-            return;
-    }
-}
-
-/// A node that stays while its folder may have got its first subfolder or lost the last. One that is open
-/// shows what it has and is left alone.
-void FolderTree::RefreshClosedNode(HTREEITEM node, const Path& folder) {
-    const bool filled = Related(TVGN_CHILD, node) != nullptr;
-    if (filled && IsOpen(node))
-        return;
-    const bool children = HasSubfolder(folder);
-    if (!children)
-        RemoveChildren(node);
-    SetButton(node, children);
-}
-
 /// Brings the node's children in line with its folder. Those that stay keep what is open below them.
 void FolderTree::RefreshChildren(HTREEITEM node) {
     Path folder;
@@ -67,20 +64,19 @@ void FolderTree::RefreshChildren(HTREEITEM node) {
     for (HTREEITEM child = Related(TVGN_CHILD, node); child;) {
         HTREEITEM next = Related(TVGN_NEXT, child);
         const std::size_t position = FindSubfolder(subfolders, ReadText(child, text));
-        Path path;
         if (position == subfolders.size()) {
             SendMessageW(window_, TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(child));
         } else {
             shown[position] = true;
-            if (path.AssignChild(folder.View(), subfolders[position].Name()))
-                RefreshClosedNode(child, path);
+            if (!IsOpen(child)) // one that is open shows what it has
+                ForgetButton(child);
         }
         child = next;
     }
     // Behind the last one and sorted once: putting each at its place would look at all before it.
     for (std::size_t i = 0; i < subfolders.size(); ++i) {
         if (!shown[i])
-            InsertSubfolder(node, folder, subfolders[i].name.get(), subfolders[i].attributes);
+            InsertSubfolder(node, subfolders[i].name.get(), subfolders[i].attributes);
     }
     SortChildren(node);
     SetButton(node, !subfolders.empty());
@@ -100,6 +96,7 @@ void FolderTree::Rebuild() {
     Expand(root_, TVE_EXPAND);
     search_ = InsertNode(nullptr, searchFolder, treeImageSearch, treeImageSearch, false);
     ready_ = true;
+    behind_ = false;
 
     if (visible)
         ShowWindow(window_, SW_SHOW);

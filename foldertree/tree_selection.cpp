@@ -1,6 +1,8 @@
 // List and tree in step. What the list shows is selected here without an echo; what is selected here is shown
 // by the list: at once for the stylus, after a rest for the keys, so that scrolling lists no folder passed.
 
+#include <utility>
+
 #include "app/app_state.h"
 #include "app/gestures.h"
 #include "foldertree/folder_tree.h"
@@ -12,12 +14,26 @@ constexpr UINT syncDelay = 500; // milliseconds
 
 } // namespace
 
+/// Whether anybody sees the tree or has the keyboard in it.
+bool FolderTree::IsInUse() const {
+    return (GetWindowLongW(window_, GWL_STYLE) & WS_VISIBLE) || GetFocus() == window_;
+}
+
+/// The child of this name. A tree that is behind looks again before it says that there is none.
+HTREEITEM FolderTree::ChildOnTheWay(HTREEITEM node, std::wstring_view name) {
+    HTREEITEM child = FindChild(node, name);
+    if (child || !behind_)
+        return child;
+    RefreshChildren(node);
+    return FindChild(node, name);
+}
+
 /// Opens the nodes along the path as far as the tree holds them and returns the last.
 HTREEITEM FolderTree::DescendTo(std::wstring_view path) {
     HTREEITEM node = root_;
     Expand(node, TVE_EXPAND);
     for (PathComponents components(path); components.HasNext();) {
-        HTREEITEM child = FindChild(node, components.Next());
+        HTREEITEM child = ChildOnTheWay(node, components.Next());
         if (!child)
             break;
         node = child;
@@ -35,6 +51,18 @@ void FolderTree::RescanNode(HTREEITEM node) {
     Expand(node, open ? TVE_EXPAND : TVE_COLLAPSE);
 }
 
+/// What SelectPath has put off while nobody used the tree.
+void FolderTree::CatchUp() {
+    if (!std::exchange(behind_, false))
+        return;
+    const bool ready = std::exchange(ready_, false);
+    for (HTREEITEM node = root_; node; node = Following(node)) {
+        if (Related(TVGN_CHILD, node))
+            RescanNode(node);
+    }
+    ready_ = ready;
+}
+
 void FolderTree::SelectPath(std::wstring_view path, bool rescan, bool select) {
     ready_ = false;
     if (path == searchFolder) {
@@ -42,15 +70,20 @@ void FolderTree::SelectPath(std::wstring_view path, bool rescan, bool select) {
         Select(search_);
     } else {
         HTREEITEM node = DescendTo(path);
-        if (rescan)
+        if (rescan && IsInUse()) {
             RescanNode(node);
+        } else if (rescan) {
+            ForgetButton(node);
+            behind_ = true;
+        }
         if (select)
             Select(node);
     }
     ready_ = true;
 }
 
-void FolderTree::ShowSelection() {
+void FolderTree::OnShown() {
+    CatchUp();
     if (HTREEITEM node = Caret())
         SendMessageW(window_, TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(node));
 }

@@ -41,7 +41,7 @@ void TreeView::SetName(HTREEITEM node, const wchar_t* name) {
 }
 
 HTREEITEM TreeView::InsertNode(HTREEITEM parent, const wchar_t* text, int image, int selectedImage,
-                               bool children) {
+                               int children) {
     TVINSERTSTRUCTW insertion{};
     insertion.hParent = parent;
     insertion.hInsertAfter = TVI_LAST;
@@ -72,6 +72,15 @@ HTREEITEM TreeView::NodeAtPath(std::wstring_view folder) const {
 bool TreeView::IsOpen(HTREEITEM node) const {
     return SendMessageW(window_, TVM_GETITEMSTATE, reinterpret_cast<WPARAM>(node), TVIS_EXPANDED) &
            TVIS_EXPANDED;
+}
+
+HTREEITEM TreeView::Following(HTREEITEM node) const {
+    if (HTREEITEM child = Related(TVGN_CHILD, node))
+        return child;
+    HTREEITEM next = nullptr;
+    for (; node && !next; node = Related(TVGN_PARENT, node))
+        next = Related(TVGN_NEXT, node);
+    return next;
 }
 
 void TreeView::Expand(HTREEITEM node, UINT action) {

@@ -27,10 +27,14 @@ class TreeView {
     HTREEITEM NodeAtPath(std::wstring_view folder) const;
 
   protected:
-    HTREEITEM InsertNode(HTREEITEM parent, const wchar_t* text, int image, int selectedImage, bool children);
+    /// Puts a node behind its siblings. `children` is 1 for an expand button, 0 for none, or
+    /// I_CHILDRENCALLBACK: the control asks when it draws the node.
+    HTREEITEM InsertNode(HTREEITEM parent, const wchar_t* text, int image, int selectedImage, int children);
     /// The child with exactly this text, or null.
     HTREEITEM FindChild(HTREEITEM node, std::wstring_view text) const;
     bool IsOpen(HTREEITEM node) const;
+    /// The node behind this one, top down, also inside of closed ones; null behind the last.
+    HTREEITEM Following(HTREEITEM node) const;
     /// Opens or closes the node by a TVE_ action.
     void Expand(HTREEITEM node, UINT action);
     void SortChildren(HTREEITEM node);

@@ -72,6 +72,12 @@ Asked AskedByList(HWND list) {
     return {report.texts, report.icons};
 }
 
+UINT LooksOf(HWND window) {
+    LooksReport report{};
+    RunInside(window, "CountLooks", &report, sizeof(report));
+    return report.looks;
+}
+
 LOGFONTW FontOf(HWND window) {
     FontReport report{window, {}};
     RunInside(window, "ReportFont", &report, sizeof(report));

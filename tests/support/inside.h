@@ -19,5 +19,8 @@ struct Asked {
 };
 Asked AskedByList(HWND list);
 
+/// How many folders the program of `window` has begun to read since the last call.
+UINT LooksOf(HWND window);
+
 /// The font a window draws with.
 LOGFONTW FontOf(HWND window);

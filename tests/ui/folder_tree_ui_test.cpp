@@ -194,6 +194,63 @@ TEST_F(FolderTreeUi, ManySiblingFoldersOpenQuickly) {
     EXPECT_EQ(static_cast<int>(Ask(Tree().Window(), TVM_GETCOUNT)), 3000 + 8);
 }
 
+TEST_F(FolderTreeUi, LooksOnlyIntoFoldersThatItDraws) {
+    RunOnHost("mkdir -p Temp/Many && cd Temp/Many && seq -f 'f%04.0f/sub' 1 500 | xargs mkdir -p");
+    StartWithTree(L"\\Temp");
+    program.WaitUntilIdle();
+    LooksOf(program.Window());
+    const auto drawn = static_cast<UINT>(Ask(Tree().Window(), TVM_GETVISIBLECOUNT)) + 1;
+    constexpr UINT inVisit = 6; // the list's own, the root's and the folder's among them
+    for (const wchar_t* visited : {L"\\Temp\\Many", L"\\Temp\\Many\\f0250", L"\\Temp\\Many"}) {
+        SCOPED_TRACE(Narrow(visited));
+        program.HandOverFolder(visited);
+        UpdateWindow(Tree().Window());
+        program.WaitUntilIdle();
+        EXPECT_LE(LooksOf(program.Window()), drawn + inVisit);
+    }
+    EXPECT_EQ(Tree().ChildrenOf(L"\\Temp\\Many").size(), 500u);
+    EXPECT_TRUE(Tree().At(L"\\Temp\\Many\\f0400").hasButton);
+}
+
+TEST_F(FolderTreeUi, AHiddenTreeReadsNoFolderTwiceAndCatchesUpWhenItIsShown) {
+    device.Folder(L"\\Temp\\Home\\a\\inner");
+    device.Folder(L"\\Temp\\Home\\gone\\inner");
+    StartWithTree(L"\\Temp\\Home");
+    Tree().Expand(L"\\Temp\\Home");
+    Tree().Expand(L"\\Temp\\Home\\gone");
+    program.Command(IDM_VIEW_FOLDER_TREE);
+    ASSERT_FALSE(program.TreeIsShown());
+    device.Remove(L"\\Temp\\Home\\gone\\inner");
+    device.Remove(L"\\Temp\\Home\\gone");
+    device.Folder(L"\\Temp\\Home\\fresh\\x");
+    LooksOf(program.Window());
+    program.Command(IDM_TOOLBAR_GO_TO); // the address, which is this folder's
+    EXPECT_EQ(LooksOf(program.Window()), 1u);
+
+    program.HandOverFolder(L"\\Temp\\Home\\fresh");
+    EXPECT_EQ(Tree().SelectedPath(), L"\\Temp\\Home\\fresh") << "what the keys would act on";
+    program.HandOverFolder(L"\\Temp");
+    EXPECT_EQ(Tree().SelectedPath(), L"\\Temp");
+    device.Folder(L"\\Temp\\Home\\late");
+    program.HandOverFolder(L"\\Temp\\Home");
+    program.Command(IDM_VIEW_FOLDER_TREE);
+    EXPECT_EQ(Tree().ChildrenOf(L"\\Temp\\Home"), (Texts{L"a", L"fresh", L"late"}));
+    EXPECT_TRUE(Tree().At(L"\\Temp\\Home").expanded);
+    EXPECT_EQ(Tree().SelectedPath(), L"\\Temp\\Home");
+    EXPECT_EQ(program.Folder(), L"\\Temp\\Home");
+}
+
+TEST_F(FolderTreeUi, AHiddenTreeCatchesUpWhenItGetsTheKeyboard) {
+    device.Folder(L"\\Temp\\Home");
+    program.Start(L"\\Temp\\Home");
+    device.Folder(L"\\Temp\\Home\\fresh");
+    program.Command(IDM_MENU_REFRESH);
+    PressKey(VK_TAB);
+    WaitFor("for the tree to have the keyboard", [&] { return program.TreeHasFocus(); });
+    PressKey(VK_RIGHT);
+    EXPECT_TRUE(Eventually([&] { return Tree().ChildrenOf(L"\\Temp\\Home") == Texts{L"fresh"}; }));
+}
+
 TEST_F(FolderTreeUi, ATreeThatIsBroughtUpShowsTheFolderOfTheList) {
     for (int number = 0; number < 30; ++number)
         device.Folder(L"\\Temp\\Folder " + std::to_wstring(number));

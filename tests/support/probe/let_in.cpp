@@ -10,6 +10,7 @@
 #include <commdlg.h>
 #include <shellapi.h>
 
+#include "tests/support/probe/imports.h"
 #include "tests/support/probe/probe.h"
 
 namespace {
@@ -58,34 +59,14 @@ void SpoilAndFree(void* block) {
     originalFree(block);
 }
 
-struct Patch {
-    const char* name;
-    void* replacement;
-    void** original;
-};
-
 template <int number, class Function>
 Patch PatchOf(const char* name) {
     using Place = Entrance<number, Function>;
     return {name, reinterpret_cast<void*>(Place::Pass), reinterpret_cast<void**>(&Place::original)};
 }
 
-void Replace(std::byte* base, const IMAGE_IMPORT_DESCRIPTOR& library, IMAGE_THUNK_DATA& entry,
-             const Patch& patch) {
-    *patch.original = reinterpret_cast<void*>(entry.u1.Function);
-    if (patch.replacement == reinterpret_cast<void*>(SpoilAndFree)) {
-        const HMODULE runtime = GetModuleHandleA(reinterpret_cast<char*>(base + library.Name));
-        sizeOfBlock = reinterpret_cast<std::size_t (*)(void*)>(
-            reinterpret_cast<void*>(GetProcAddress(runtime, "_msize")));
-    }
-    DWORD protection = 0;
-    VirtualProtect(&entry.u1.Function, sizeof(void*), PAGE_READWRITE, &protection);
-    entry.u1.Function = reinterpret_cast<ULONG_PTR>(patch.replacement);
-    VirtualProtect(&entry.u1.Function, sizeof(void*), protection, &protection);
-}
-
-void ReplaceImportsOf(std::byte* base, const IMAGE_IMPORT_DESCRIPTOR& library) {
-    static const Patch patches[] = {
+void StandBeforeTheCalls() {
+    const Patch patches[] = {
         PatchOf<0, decltype(PeekMessageW)>("PeekMessageW"),
         PatchOf<1, decltype(MessageBoxW)>("MessageBoxW"),
         PatchOf<2, decltype(DialogBoxIndirectParamW)>("DialogBoxIndirectParamW"),
@@ -97,27 +78,12 @@ void ReplaceImportsOf(std::byte* base, const IMAGE_IMPORT_DESCRIPTOR& library) {
         PatchOf<8, decltype(GetSaveFileNameW)>("GetSaveFileNameW"),
         {"free", reinterpret_cast<void*>(SpoilAndFree), reinterpret_cast<void**>(&originalFree)},
     };
-    const auto* name = reinterpret_cast<const IMAGE_THUNK_DATA*>(base + library.OriginalFirstThunk);
-    auto* entry = reinterpret_cast<IMAGE_THUNK_DATA*>(base + library.FirstThunk);
-    for (; name->u1.AddressOfData; ++name, ++entry) {
-        if (IMAGE_SNAP_BY_ORDINAL(name->u1.Ordinal))
-            continue;
-        const auto* import = reinterpret_cast<const IMAGE_IMPORT_BY_NAME*>(base + name->u1.AddressOfData);
-        for (const Patch& patch : patches)
-            if (std::strcmp(import->Name, patch.name) == 0)
-                Replace(base, library, *entry, patch);
-    }
-}
-
-/// Puts the replacements into the program's own tables of what it takes from libraries.
-void ReplaceImports() {
-    auto* const base = reinterpret_cast<std::byte*>(GetModuleHandleW(nullptr));
-    const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
-    const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
-    const IMAGE_DATA_DIRECTORY& imports = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-    const auto* library = reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + imports.VirtualAddress);
-    for (; library->Name; ++library)
-        ReplaceImportsOf(base, *library);
+    ReplaceImports(patches);
+    HMODULE runtime = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                       reinterpret_cast<const wchar_t*>(originalFree), &runtime);
+    sizeOfBlock =
+        reinterpret_cast<std::size_t (*)(void*)>(reinterpret_cast<void*>(GetProcAddress(runtime, "_msize")));
 }
 
 } // namespace
@@ -127,7 +93,7 @@ DWORD WINAPI LetIn(void* report) {
     auto& asked = *static_cast<LetInReport*>(report);
     wanted.window = nullptr;
     if (!std::exchange(replaced, true))
-        ReplaceImports();
+        StandBeforeTheCalls();
     asked.places = placesPassed.exchange(0);
     std::memcpy(wanted.folder, asked.folder, sizeof(wanted.folder));
     wanted.place = asked.place;

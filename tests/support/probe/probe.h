@@ -38,6 +38,10 @@ struct DrawingReport {
     UINT icons;
 };
 
+struct LooksReport {
+    UINT looks; // told: how many folders the program has begun to read since the last call
+};
+
 /// A folder that is handed over in the midst of a call that lets messages in.
 struct LetInReport {
     HWND window;         // asked for: the main window
@@ -57,6 +61,8 @@ __declspec(dllexport) DWORD WINAPI ReportFont(void* report);
 /// How many texts and icons a DrawingReport's list has asked for since the last call; the first one begins to
 /// count. For one list of a program.
 __declspec(dllexport) DWORD WINAPI ReportDrawing(void* report);
+/// How often the program has begun to read a folder since the last call; the first one begins to count.
+__declspec(dllexport) DWORD WINAPI CountLooks(void* report);
 /// From here on the folder of a LetInReport is handed over once, by WM_COPYDATA, at the place it names;
 /// memory that is freed from the first time on is spoilt, so that who still reads it is seen.
 __declspec(dllexport) DWORD WINAPI LetIn(void* report);
