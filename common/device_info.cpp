@@ -25,9 +25,7 @@ DWORD GetSipFlags() {
 const wchar_t* DeviceDisplayName() {
     static PathText name{};
     if (name[0] == L'\0') {
-        HKEY key = nullptr;
-        RegOpenKeyExW(HKEY_CLASSES_ROOT, L"{000214A0-0000-0000-C000-000000000046}", 0, KEY_READ, &key);
-        const RegistryKey device(key);
+        const RegistryKey device = OpenKey(HKEY_CLASSES_ROOT, L"{000214A0-0000-0000-C000-000000000046}");
         if (!device || !ReadText(device.Get(), L"DisplayName", name) || name[0] == L'\0')
             CopyTextTo(name, L"\\");
     }

@@ -30,6 +30,12 @@ RegistryKey OpenOrCreateKey(HKEY root, const wchar_t* path) {
     return RegistryKey(key);
 }
 
+RegistryKey OpenKey(HKEY root, const wchar_t* path) {
+    HKEY key = nullptr;
+    RegOpenKeyExW(root, path, 0, KEY_READ, &key);
+    return RegistryKey(key);
+}
+
 std::optional<std::size_t> ReadBytes(HKEY key, const wchar_t* name, std::span<std::byte> field) {
     std::array<std::byte, registryValueLimit> buffer;
     const std::optional<std::size_t> stored = Query(key, name, buffer.data());

@@ -14,6 +14,9 @@ constexpr std::size_t registryValueLimit = 520;
 /// Opens a key for reading and writing, and makes it when it is missing. Null when neither can be done.
 RegistryKey OpenOrCreateKey(HKEY root, const wchar_t* path);
 
+/// Opens a key for reading. Null when it is not there.
+RegistryKey OpenKey(HKEY root, const wchar_t* path);
+
 /// Copies as many of the value's bytes as fit over the start of `field`, whatever the value's type.
 /// Returns the number of bytes stored, or nothing when there is no such value.
 std::optional<std::size_t> ReadBytes(HKEY key, const wchar_t* name, std::span<std::byte> field);

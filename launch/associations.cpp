@@ -1,7 +1,6 @@
 #include "launch/associations.h"
 
 #include <array>
-#include <optional>
 #include <span>
 #include <utility>
 
@@ -15,8 +14,10 @@ using KeyPath = std::array<wchar_t, pathCapacity + 32>;
 constexpr wchar_t commandKey[] = L"%s\\Shell\\Open\\Command";
 constexpr wchar_t iconKey[] = L"%s\\DefaultIcon";
 
+/// The phone makes the keys it looks for. On a registry that is not the device's own, looking leaves no
+/// trace.
 bool ReadDefault(HKEY root, const wchar_t* path, std::span<wchar_t> text) {
-    const RegistryKey key = OpenOrCreateKey(root, path);
+    const RegistryKey key = ce::OwnsRegistry() ? OpenOrCreateKey(root, path) : OpenKey(root, path);
     return key && ReadText(key.Get(), nullptr, text);
 }
 
@@ -34,16 +35,21 @@ std::optional<ProgramRecord> ReadClass(HKEY root, const wchar_t* name, std::wstr
     wchar_t description[pathCapacity + 1];
     if (!ReadDefault(root, path.data(), command) || !ReadDefault(root, name, description))
         return std::nullopt;
+    return MakeProgramRecord(name, description, command, systemFolder);
+}
+
+} // namespace
+
+std::optional<ProgramRecord> MakeProgramRecord(std::wstring_view className, std::wstring_view description,
+                                               std::wstring_view command, std::wstring_view systemFolder) {
     const std::optional<OpenCommand> parsed = ParseOpenCommand(command);
     Path program;
     if (!parsed || !LocateProgram(parsed->program, systemFolder, program) ||
         !ce::ProgramExists(program.Text()))
         return std::nullopt;
-    return ProgramRecord{CopyText(name), CopyText(description), CopyText(program.View()),
+    return ProgramRecord{CopyText(className), CopyText(description), CopyText(program.View()),
                          CopyText(parsed->parameters)};
 }
-
-} // namespace
 
 ProgramList EnumeratePrograms(HKEY root, std::wstring_view extension, std::wstring_view systemFolder) {
     ProgramList list;

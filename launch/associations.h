@@ -1,6 +1,7 @@
 #pragma once
 // The file types of the registry: the programs that open them, and how one is made to.
 
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -22,6 +23,10 @@ struct ProgramList {
     std::vector<ProgramRecord> records; // in the order of the registry
     PathText extensionClass{};          // the class of the extension asked for; empty when it has none
 };
+
+/// What the texts of a class say. Nothing when they name no program, or one that is not there.
+std::optional<ProgramRecord> MakeProgramRecord(std::wstring_view className, std::wstring_view description,
+                                               std::wstring_view command, std::wstring_view systemFolder);
 
 /// Every class below `root` whose program exists. `extension`, with its dot, is the one extension that counts
 /// as a class too.

@@ -1,6 +1,7 @@
 #include "launch/choose_program_dialog.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "app/app_state.h"
 #include "common/file_dialogs.h"
@@ -71,15 +72,42 @@ void ChooseProgramDialog::OnBrowse() {
     PathText program{};
     if (!BrowseForProgram(Window(), program))
         return;
-    const Association association{.program = program.data()};
-    if (WriteAssociation(HKEY_CLASSES_ROOT, ComposeAssociation(association, SystemFolder())))
+    if (TakeBrowsed(program.data()))
         ShowPrograms(program.data());
+}
+
+/// Stores the program at once, or keeps it until it is chosen where cancelling may leave nothing behind.
+bool ChooseProgramDialog::TakeBrowsed(std::wstring_view program) {
+    AssociationTexts texts = ComposeAssociation({.program = program}, SystemFolder());
+    if (ce::OwnsRegistry())
+        return WriteAssociation(HKEY_CLASSES_ROOT, texts);
+    browsed_ = std::move(texts);
+    return true;
+}
+
+/// Adds the program that is not stored yet, in the place of the class that it would replace.
+void ChooseProgramDialog::AddBrowsed(ProgramList& programs) const {
+    if (!browsed_)
+        return;
+    std::erase_if(programs.records, [&](const ProgramRecord& record) {
+        return EqualNoCase(record.className.get(), browsed_->className.get());
+    });
+    std::optional<ProgramRecord> record = MakeProgramRecord(
+        browsed_->className.get(), browsed_->description.get(), browsed_->command.get(), SystemFolder());
+    if (record)
+        programs.records.push_back(std::move(*record));
+}
+
+void ChooseProgramDialog::StoreBrowsed(const ProgramRecord& chosen) {
+    if (browsed_ && EqualNoCase(chosen.className.get(), browsed_->className.get()))
+        WriteAssociation(HKEY_CLASSES_ROOT, *browsed_);
 }
 
 void ChooseProgramDialog::OnConfirm() {
     const ProgramRecord* record = Selected();
     if (!record)
         return;
+    StoreBrowsed(*record);
     if (SendMessageW(Control(IDC_ALWAYS_THIS_PROGRAM), BM_GETCHECK, 0, 0) == BST_CHECKED)
         SetExtensionClass(HKEY_CLASSES_ROOT, Extension(), record->className.get());
     if (choice_.launch)
@@ -99,6 +127,7 @@ void ChooseProgramDialog::ShowPrograms(std::wstring_view selectProgram) {
     const WaitCursor wait;
     ShowWindow(List(), SW_HIDE);
     ProgramList programs = EnumeratePrograms(HKEY_CLASSES_ROOT, Extension(), SystemFolder());
+    AddBrowsed(programs);
     ImageListHandle icons(ImageList_Create(iconSize, iconSize, ILC_COLOR32 | ILC_MASK, 1, 2));
     // The shell may let messages in: the records are not the dialog's before it is done.
     for (ProgramRecord& record : programs.records)

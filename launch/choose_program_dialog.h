@@ -1,6 +1,7 @@
 #pragma once
 // The dialog of "Choose Program...".
 
+#include <optional>
 #include <string_view>
 
 #include "common/dialog_frame.h"
@@ -19,6 +20,9 @@ class ChooseProgramDialog final : public DialogFrame {
 
     void OnBrowse();
     void OnConfirm();
+    bool TakeBrowsed(std::wstring_view program);
+    void AddBrowsed(ProgramList& programs) const;
+    void StoreBrowsed(const ProgramRecord& chosen);
 
     /// Finds the programs anew and shows them; selects `selectProgram`, or without one what opens such files
     /// by now.
@@ -37,5 +41,6 @@ class ChooseProgramDialog final : public DialogFrame {
 
     const ProgramChoice& choice_;
     ProgramList programs_;
+    std::optional<AssociationTexts> browsed_; // stored only when it is chosen
     ImageListHandle icons_;
 };

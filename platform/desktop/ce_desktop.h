@@ -106,6 +106,12 @@ FARPROC GetProcAddressW(HMODULE library, const wchar_t* name);
 void SystemIdleTimerReset();
 BOOL EventModify(HANDLE event, DWORD function);
 
+// --- own_registry.cpp ---
+
+/// Whether the registry is the device's own: it has a name for the device. A person's own Windows, or another
+/// Wine prefix, has none; nothing is written there that nobody asked for.
+BOOL OwnsRegistry();
+
 // --- number_format.cpp ---
 
 /// As GetNumberFormatW; without a format of the caller's, every group of digits is set apart and the number

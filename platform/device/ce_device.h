@@ -100,6 +100,10 @@ inline BOOL ProgramExists(const wchar_t* program) {
     return ::GetFileAttributesW(program) != INVALID_FILE_ATTRIBUTES;
 }
 
+constexpr BOOL OwnsRegistry() {
+    return TRUE;
+}
+
 using ::CommandBar_Create;
 using ::CommandBar_Height;
 using ::CommandBar_InsertComboBox;

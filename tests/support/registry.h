@@ -49,11 +49,14 @@ class Snapshot {
     const std::wstring& Key() const { return key_; }
     /// Brings the key back to what it was.
     void Restore() const;
+    bool operator==(const Snapshot&) const = default;
 
   private:
     struct Value {
         std::wstring name;
         RegistryValue value;
+
+        bool operator==(const Value&) const = default;
     };
     void WriteBack() const;
 

@@ -45,6 +45,19 @@ class ChooseProgramUi : public UiTest {
         Programs(dialog).SelectNothing();
         Programs(dialog).AddToSelection(description);
     }
+    /// Browses for the stand-in of a tool in a dialog that is open, and waits for its class "tool".
+    void BrowseForTool(Dialog& dialog) {
+        dialog.Command(IDM_CHOOSE_PROGRAM_BROWSE);
+        Dialog browser = program.WaitForDialog(L"Select Program");
+        browser.Item(fileNameField).SetText(L"E:" + tool);
+        browser.Command(IDOK);
+        browser.WaitUntilClosed();
+        EXPECT_TRUE(Eventually([&] { return Programs(dialog).SelectedNames() == Texts{L"tool"}; }));
+    }
+    static void Cancel(Dialog& dialog) {
+        dialog.Command(IDCANCEL);
+        dialog.WaitUntilClosed();
+    }
     static void Confirm(Dialog& dialog) {
         dialog.Command(IDOK);
         dialog.WaitUntilClosed();
@@ -124,12 +137,7 @@ TEST_F(ChooseProgramUi, BrowsingAddsAProgramAndSelectsIt) {
     cancelled.WaitUntilClosed();
     EXPECT_FALSE(Programs(dialog).Has(L"tool"));
 
-    dialog.Command(IDM_CHOOSE_PROGRAM_BROWSE);
-    Dialog browser = program.WaitForDialog(L"Select Program");
-    browser.Item(fileNameField).SetText(L"E:" + tool);
-    browser.Command(IDOK);
-    browser.WaitUntilClosed();
-    EXPECT_TRUE(Eventually([&] { return Programs(dialog).SelectedNames() == Texts{L"tool"}; }));
+    BrowseForTool(dialog);
     EXPECT_EQ(device.TextValue(L"HKCR\\tool", L""), L"tool");
     EXPECT_EQ(device.TextValue(L"HKCR\\tool\\Shell\\Open\\Command", L""), L"\"" + tool + L"\" \"%1\"");
     EXPECT_EQ(device.TextValue(L"HKCR\\tool\\DefaultIcon", L""), tool + L",0");
@@ -138,6 +146,42 @@ TEST_F(ChooseProgramUi, BrowsingAddsAProgramAndSelectsIt) {
     Confirm(dialog);
     ExpectStarts(standIn, {L"\"\\Temp\\c\\a.cpx\""});
     EXPECT_EQ(device.TextValue(L"HKCR\\.cpx", L""), L"tool");
+}
+
+TEST_F(ChooseProgramUi, LookingMakesTheKeysThatThePhoneMakes) {
+    device.WriteText(L"HKCR\\anyfile", L"", L"A class without a command");
+    device.File(L"\\Temp\\c\\a.cpx");
+    Dialog dialog = Choose(L"a.cpx");
+    Cancel(dialog);
+    EXPECT_TRUE(registry::KeyExists(L"HKCR\\anyfile\\Shell\\Open\\Command"));
+}
+
+TEST_F(ChooseProgramUi, LookingAndCancellingWriteNothingIntoAPersonsOwnRegistry) {
+    ONLY_ON_THE_DESKTOP("a phone's registry is its own");
+    const std::wstring ofDevices = L"HKCR\\{000214A0-0000-0000-C000-000000000046}";
+    device.Preserve(ofDevices);
+    registry::DeleteKey(ofDevices);
+    device.Preserve(L"HKCR\\tool");
+    StandIn standIn(tool);
+    const StandIn player(L"\\Windows\\player.exe");
+    Class(L"playerfile", L"A Player", L"player.exe %1");
+    device.WriteText(L"HKCR\\anyfile", L"", L"A class without a command");
+    device.File(L"\\Temp\\c\\a.cpx");
+    const registry::Snapshot before(L"HKCR");
+
+    Dialog looking = Choose(L"a.cpx");
+    EXPECT_TRUE(Programs(looking).Has(L"A Player"));
+    Cancel(looking);
+    Dialog browsing = Choose(L"a.cpx");
+    BrowseForTool(browsing);
+    Cancel(browsing);
+    EXPECT_TRUE(before == registry::Snapshot(L"HKCR"));
+
+    Dialog choosing = Choose(L"a.cpx");
+    BrowseForTool(choosing);
+    Confirm(choosing);
+    ExpectStarts(standIn, {L"\"\\Temp\\c\\a.cpx\""});
+    EXPECT_EQ(device.TextValue(L"HKCR\\tool\\Shell\\Open\\Command", L""), L"\"" + tool + L"\" \"%1\"");
 }
 
 TEST_F(ChooseProgramUi, ADevicesOwnFileDialogIsTakenInstead) {
@@ -165,8 +209,7 @@ TEST_F(ChooseProgramUi, CancelAndNothingSelectedStartNothing) {
     device.File(L"\\Temp\\c\\a.cpx");
     Dialog dialog = Choose(L"a.cpx");
     Pick(dialog, L"A Tool");
-    dialog.Command(IDCANCEL);
-    dialog.WaitUntilClosed();
+    Cancel(dialog);
     Dialog again = Choose(L"a.cpx");
     Programs(again).SelectNothing();
     Confirm(again);
