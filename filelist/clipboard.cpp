@@ -55,7 +55,7 @@ void FileList::Paste() {
 }
 
 void FileList::PasteInto(const Path& folder, bool relist) {
-    const Path destination = folder;
+    const Path destination = folder, began = currentFolder_;
     // A copy: while the job runs, something else may be cut or copied.
     FileClipboard pasted = clipboard;
     if (pasted.IsEmpty())
@@ -68,11 +68,12 @@ void FileList::PasteInto(const Path& folder, bool relist) {
     const bool moves = pasted.transfer == Transfer::Move;
     if (TransferEntries(pasted.transfer, pasted.sourceFolder, destination, pasted.entries)) {
         if (relist)
-            GoToFolder(destination.View(), treeSelectOnly);
+            ShowAfterWork(began, destination.View(), treeSelectOnly);
         if (moves && pasted.sourceFolder.IsSearchFolder())
             FollowMovedResults(pasted.entries, destination);
         if (TellTreeOfFolders(pasted.entries, ReportedFolders::All))
-            appState.folderTree.SelectPath(destination.View(), true, relist);
+            appState.folderTree.SelectPath(destination.View(), true,
+                                           relist && currentFolder_.View() == destination.View());
     }
     if (moves)
         EmptyClipboard();
@@ -91,7 +92,7 @@ void FileList::PasteShortcut() {
         return;
     const Path destination = currentFolder_;
     PasteShortcutInto(destination);
-    GoToFolder(destination.View(), treeSelectOnly);
+    ShowAfterWork(destination, destination.View(), treeSelectOnly);
 }
 
 void FileList::PasteShortcutInto(const Path& destination) {

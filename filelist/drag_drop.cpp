@@ -195,8 +195,9 @@ void DragDrop::DropOnEntry(int index) {
     MarkEntry(-1);
     if (action == DropAction::None || destination.IsSearchFolder()) // results are no folder to put things in
         return;
+    const Path began = list.CurrentFolder();
     if (PasteInto(destination, action))
-        list.GoToFolder(destination.View(), treeSelectOnly);
+        list.ShowAfterWork(began, destination.View(), treeSelectOnly);
 }
 
 bool DragDrop::PasteInto(const Path& destination, DropAction action) {

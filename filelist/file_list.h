@@ -53,6 +53,9 @@ class FileList {
 
     /// Shows a folder, or the results of the last search for "File Search".
     void GoToFolder(std::wstring_view path, int treeFlag);
+    /// Shows `path` after work that began while the list showed `began`. When another folder has been asked
+    /// for meanwhile, the list stays there and is read anew.
+    void ShowAfterWork(const Path& began, std::wstring_view path, int treeFlag);
     /// Shows one tree folder as the single, selected entry, so that the list's operations act on it.
     void ShowSingleEntry(std::wstring_view path);
     /// What an entry is, as a copy that outlives the listing; nothing for an index the list does not have.

@@ -74,6 +74,10 @@ void FileList::GoToFolder(std::wstring_view path, int treeFlag) {
     appState.changeWatcher.ResumeWatcher();
 }
 
+void FileList::ShowAfterWork(const Path& began, std::wstring_view path, int treeFlag) {
+    GoToFolder(currentFolder_.View() == began.View() ? path : currentFolder_.View(), treeFlag);
+}
+
 void FileList::ListFolder(const Path& path, int treeFlag) {
     const FileItem* reselected = nullptr;
     bool found = false;

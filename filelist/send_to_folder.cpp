@@ -25,7 +25,7 @@ void FileList::TransferTo(Transfer transfer, const wchar_t* title) {
     if (!refresh && !choice.changed)
         return;
     appState.folderTree.SelectPath(choice.folder.View(), true, false);
-    GoToFolder(folder.View(), transfer == Transfer::Move ? treeRescan : treeSelectOnly);
+    ShowAfterWork(folder, folder.View(), transfer == Transfer::Move ? treeRescan : treeSelectOnly);
 }
 
 void FileList::AskShortcutsTo() {

@@ -28,5 +28,5 @@ void FileList::ShortcutsHere() {
     const Path destination = currentFolder_;
     for (const Path& target : SelectedPaths())
         MakeShortcut(destination.View(), ParentOf(target.View()), LeafOf(target.View()));
-    GoToFolder(destination.View(), treeSelectOnly);
+    ShowAfterWork(destination, destination.View(), treeSelectOnly);
 }

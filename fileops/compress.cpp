@@ -46,5 +46,5 @@ void CompressSelection() {
     if (!run.ran)
         return;
     const bool open = run.succeeded && list.options.alwaysOpenExtractFolder != 0;
-    list.GoToFolder(open ? ParentOf(archive.View()) : folder.View(), treeSelectOnly);
+    list.ShowAfterWork(folder, open ? ParentOf(archive.View()) : folder.View(), treeSelectOnly);
 }

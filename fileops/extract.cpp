@@ -51,12 +51,13 @@ ArchiverRun ExtractArchive(const SelectionEntry& entry, const Extraction& extrac
         ReportNoTarget();
         return {};
     }
+    const Path began = appState.fileList.CurrentFolder();
     const ArchiverRun run = RunArchiver(extraction.type, ExtractCommand(archive.View(), target.View()).get());
     // The target may be new, and there may be new folders in it, also of what failed in its middle.
     appState.folderTree.SelectPath(ParentOf(target.View()), true, false);
     appState.folderTree.SelectPath(target.View(), true, false);
     if (run.succeeded && extraction.open)
-        appState.fileList.GoToFolder(target.View(), treeRescan);
+        appState.fileList.ShowAfterWork(began, target.View(), treeRescan);
     return {true, run.succeeded};
 }
 
@@ -112,7 +113,8 @@ void ExtractSelection() {
     FileList& list = appState.fileList;
     // What is selected now is meant: the list may show something else by the time a folder is chosen.
     const std::vector<SelectionEntry> entries = list.CollectSelection();
-    Path shown = list.CurrentFolder();
+    const Path began = list.CurrentFolder();
+    Path shown = began;
     Path base;
     if (!list.options.extractInPlace)
         base = AskForTarget(shown);
@@ -121,7 +123,7 @@ void ExtractSelection() {
         return;
     if (list.options.alwaysOpenExtractFolder || !run.succeeded)
         shown = list.CurrentFolder(); // where the last archive has taken it, or where it stayed
-    list.GoToFolder(shown.View(), treeRescan);
+    list.ShowAfterWork(began, shown.View(), treeRescan);
 }
 
 void ExtractHere() {
@@ -132,5 +134,5 @@ void ExtractHere() {
     const SelectionEntry& first = entries.front();
     const Path folder = list.CurrentFolder();
     if (ExtractArchive(first, {first.folder.data(), ArchiveType::Zip}).ran)
-        list.GoToFolder(folder.View(), treeRescan);
+        list.ShowAfterWork(folder, folder.View(), treeRescan);
 }

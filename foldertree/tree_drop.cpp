@@ -36,10 +36,11 @@ bool FolderTree::TakeDrop(DragDrop& drag) {
         return false;
     const DropAction action = DragDrop::ChooseAction();
     SetDropMark(nullptr);
+    const Path began = list.CurrentFolder();
     if (action == DropAction::None || !drag.PasteInto(target, action))
         return true;
     CutToExisting(target);
-    list.GoToFolder(target.View(), treeRescan);
+    list.ShowAfterWork(began, target.View(), treeRescan);
     return true;
 }
 

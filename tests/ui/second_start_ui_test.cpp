@@ -15,6 +15,7 @@ class SecondStartUi : public JobUi {
         device.File(L"\\T\\a.txt", "a");
         device.File(L"\\T\\b.txt", "b");
         device.File(L"\\Other\\one.txt", "1");
+        device.Folder(L"\\To");
     }
 
     /// Opens what a command opens, and waits until it has the keyboard.
@@ -123,7 +124,23 @@ TEST_F(SecondStartUi, LeavesAJobsProgressAndItsQuestionInFront) {
     Answer(question, noKey);
     FinishJob();
     ExpectListTakesKeys();
+    EXPECT_EQ(program.Folder(), L"\\Other") << "which was asked for after the job";
     EXPECT_EQ(device.Content(L"\\To\\a.txt"), "old");
+}
+
+TEST_F(SecondStartUi, LeavesAJobsProgressInFrontAndTheListWhereItHasGone) {
+    RunOnHost("mkdir T/Many; cd T/Many; seq 20000 | xargs touch");
+    StartIn(L"\\T");
+    Copy({L"Many"});
+    Show(L"\\To");
+    Paste();
+    const HWND progress = WaitForFront();
+    ExpectFrontAfterSecondStart(progress, L"\\Other");
+    PressLeftSoftKey(); // Cancel
+    FinishJob();
+    EXPECT_EQ(program.Folder(), L"\\Other");
+    EXPECT_EQ(program.List().Names(), (Texts{L"..", L"one.txt"}));
+    ExpectListTakesKeys();
 }
 
 TEST_F(SecondStartUi, BringsTheDialogForwardFromBehindAnotherProgram) {
