@@ -186,6 +186,11 @@ void File::SetWriteTime(const FILETIME& time) {
     SetFileTime(handle_, nullptr, nullptr, &time);
 }
 
+bool File::VanishWhenClosed(bool vanish) {
+    FILE_DISPOSITION_INFO info{vanish};
+    return SetFileInformationByHandle(handle_, FileDispositionInfo, &info, sizeof(info)) != FALSE;
+}
+
 std::wstring File::FinalPath() const {
     std::wstring path(longestDevicePath * 2, L'\0');
     DWORD length = GetFinalPathNameByHandleW(handle_, path.data(), static_cast<DWORD>(path.size()), 0);

@@ -75,6 +75,9 @@ class File {
     std::uint64_t Size() const;
     FILETIME WriteTime() const;
     void SetWriteTime(const FILETIME& time);
+    /// Whether the file, made by TryToCreate, goes with its handle: also when the program is ended suddenly.
+    /// False when the disk knows no such thing.
+    bool VanishWhenClosed(bool vanish);
     /// Where it really is, once every link on the way is followed; empty when the system does not say. It
     /// tells files apart where numbers do not: two cards may each have a file of the same number.
     std::wstring FinalPath() const;
