@@ -7,7 +7,9 @@
 #include <algorithm>
 
 #include "tests/support/let_in.h"
+#include "tests/support/library_stand_in.h"
 #include "tests/ui/job_ui.h"
+#include "tests/ui/save_dialog.h"
 
 namespace {
 
@@ -22,17 +24,22 @@ class LetInUi : public JobUi {
         device.File(L"\\Other\\one.txt", "1");
         RunOnHost("rm -f Windows/Favorites/*");
         ShowTree();
+        PutBuiltArchiver();
+        device.SetOption(ListOption::ExtractInPlace, 1);
         StartIn(L"\\Other");
     }
 
     /// The folder worked in, as it is before each time.
     void Prepare() {
-        RunOnHost("rm -rf T; mkdir -p T/Sub/Deep; for n in a b c; do printf $n >T/$n.txt; done");
+        RunOnHost("rm -rf T; mkdir -p T/Sub/Deep; cd T; for n in a b c; do printf $n >$n.txt; done; " +
+                  preparation);
         program.HandOverFolder(L"\\T");
         program.Command(IDM_MENU_REFRESH);
         SetListFocus();
-        program.WaitForNames({L"..", L"Sub", L"a.txt", L"b.txt", L"c.txt"});
-        program.List().Select(L"b.txt");
+        Texts names = Files();
+        names.insert(names.begin(), L"..");
+        program.WaitForNames(names);
+        program.List().Select(chosen);
     }
     void SetListFocus() {
         if (program.TreeHasFocus())
@@ -113,9 +120,27 @@ class LetInUi : public JobUi {
         EXPECT_TRUE(device.IsFolder(L"\\T\\" + name + L"\\Deep"));
         EXPECT_TRUE(Eventually([&] { return program.Tree().ChildrenOf(L"\\T") == (Texts{name}); }));
     }
+    /// Sends what is selected to \T\Sub.
+    void SendTo(UINT command, const std::wstring& title) {
+        program.PostCommand(command);
+        Dialog chooser = program.WaitForDialog(title);
+        TreeOf(chooser).Expand(L"\\T");
+        TreeOf(chooser).Select(L"\\T\\Sub");
+        chooser.Command(IDM_CHOOSER_OK);
+        chooser.WaitUntilClosed();
+        FinishJob();
+    }
+    /// The search has found its file wherever the list was taken meanwhile.
+    void ExpectFoundAndLeave() {
+        program.GoByAddressBar(L"File Search");
+        EXPECT_EQ(program.List().Names(), Texts{L"b.txt"});
+        program.HandOverFolder(L"\\T");
+    }
     Texts Files() { return device.NamesIn(L"\\T"); }
 
     std::wstring handedOver = L"\\Other";
+    std::string preparation; // on the host, in the folder worked in
+    std::wstring chosen = L"b.txt";
 };
 
 TEST_F(LetInUi, RenamingInTheList) {
@@ -191,6 +216,62 @@ TEST_F(LetInUi, Moving) {
             if (program.Folder() == L"\\Other")
                 program.Command(IDM_MENU_REFRESH);
         });
+}
+
+TEST_F(LetInUi, CopyingToAFolder) {
+    AtEachPlace([&] { SendTo(IDM_SENDTO_COPY_TO, L"Copy file to"); },
+                [&] {
+                    EXPECT_EQ(device.Content(L"\\T\\Sub\\b.txt"), "b");
+                    EXPECT_EQ(Files(), (Texts{L"Sub", L"a.txt", L"b.txt", L"c.txt"}));
+                });
+}
+
+TEST_F(LetInUi, MovingToAFolder) {
+    AtEachPlace([&] { SendTo(IDM_SENDTO_MOVE_TO, L"Move file to"); },
+                [&] {
+                    EXPECT_EQ(device.Content(L"\\T\\Sub\\b.txt"), "b");
+                    EXPECT_EQ(Files(), (Texts{L"Sub", L"a.txt", L"c.txt"}));
+                });
+}
+
+TEST_F(LetInUi, MakingAnArchive) {
+    AtEachPlace(
+        [&] {
+            Dialog dialog = AskForArchive(program);
+            SaveAs(program, dialog, L"\\T\\made.zip");
+            FinishJob();
+        },
+        [&] {
+            EXPECT_EQ(Files(), (Texts{L"Sub", L"a.txt", L"b.txt", L"c.txt", L"made.zip"}));
+            RunOnHost("test \"$(unzip -Z1 T/made.zip)\" = b.txt");
+        });
+}
+
+TEST_F(LetInUi, ExtractingAnArchive) {
+    preparation = "zip -qm a.zip a.txt";
+    chosen = L"a.zip";
+    AtEachPlace(
+        [&] {
+            program.Command(IDM_FILE_EXTRACT_TO);
+            FinishJob();
+        },
+        [&] {
+            EXPECT_EQ(Files(), (Texts{L"Sub", L"a.txt", L"a.zip", L"b.txt", L"c.txt"}));
+            EXPECT_EQ(device.Content(L"\\T\\a.txt"), "a");
+        });
+}
+
+TEST_F(LetInUi, Searching) {
+    AtEachPlace(
+        [&] {
+            program.PostCommand(IDM_FILE_SEARCH);
+            Dialog dialog = program.WaitForDialog(L"File Search");
+            dialog.Item(IDC_SEARCH_LOCATION).SetText(L"\\T");
+            dialog.Item(IDC_SEARCH_NAME).SetText(L"b.txt");
+            dialog.Command(IDM_SEARCH_OK);
+            dialog.WaitUntilClosed();
+        },
+        [&] { ExpectFoundAndLeave(); });
 }
 
 TEST_F(LetInUi, MakingAFavourite) {
