@@ -198,6 +198,10 @@ FILETIME File::WriteTime() const {
 
 void File::SetWriteTime(const FILETIME&) {}
 
+bool File::VanishWhenClosed(bool) {
+    return false; // as on a disk that knows no such thing
+}
+
 std::wstring File::FinalPath() const {
     const std::wstring& key = static_cast<OpenFile*>(handle_)->key;
     return key == KeyOf(target + L"\\link") ? L"\\\\?\\Z:\\elsewhere" : nodes[key].path;
