@@ -224,6 +224,14 @@ scene_archives() {
     begin '\My Documents'
     play ctrl+l text:Ho ctrl+m Down Right Return
     snap extract-to
+    # One that takes long enough for its picture.
+    (cd "$fresh/seed/Temp" && head -c 900M /dev/zero | split -b 30M -d - 'Picture ' && zip -qm1 Journey.zip Picture*)
+    begin '\Temp'
+    play ctrl+l text:Jo ctrl+m Down Right Return F1
+    sleep 0.6
+    snap extracting
+    end
+    rm "$fresh/seed/Temp/Journey.zip"
 }
 
 scene_options() {

@@ -74,6 +74,10 @@ LSTATUS RegCreateKeyExW(HKEY root, const wchar_t*, DWORD, wchar_t*, DWORD, REGSA
     return ERROR_SUCCESS;
 }
 
+LSTATUS RegOpenKeyExW(HKEY root, const wchar_t* path, DWORD, REGSAM access, HKEY* key) {
+    return RegCreateKeyExW(root, path, 0, nullptr, 0, access, nullptr, key, nullptr);
+}
+
 LSTATUS RegQueryValueExW(HKEY, const wchar_t*, DWORD*, DWORD* type, BYTE* data, DWORD* size) {
     if (answers.registryFails)
         return ERROR_FILE_NOT_FOUND;

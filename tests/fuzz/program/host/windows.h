@@ -95,7 +95,7 @@ constexpr LCTYPE LOCALE_SDECIMAL = 0xE, LOCALE_STHOUSAND = 0xF, LOCALE_SGROUPING
 constexpr DWORD DATE_SHORTDATE = 1;
 constexpr LSTATUS ERROR_SUCCESS = 0, ERROR_FILE_NOT_FOUND = 2, ERROR_MORE_DATA = 234;
 constexpr DWORD REG_SZ = 1, REG_BINARY = 3, REG_DWORD = 4;
-constexpr REGSAM KEY_ALL_ACCESS = 0xF003F;
+constexpr REGSAM KEY_READ = 0x20019, KEY_ALL_ACCESS = 0xF003F;
 constexpr UINT MIIM_STATE = 1, MIIM_ID = 2, MIIM_SUBMENU = 4, MIIM_STRING = 0x40, MFS_DISABLED = 3;
 constexpr BYTE TBSTATE_ENABLED = 4;
 constexpr WORD TBSTYLE_DROPDOWN = 8;
@@ -130,6 +130,7 @@ void GetLocalTime(SYSTEMTIME* time);
 // Registry
 LSTATUS RegCreateKeyExW(HKEY root, const wchar_t* path, DWORD reserved, wchar_t* className, DWORD options,
                         REGSAM access, SECURITY_ATTRIBUTES* security, HKEY* key, DWORD* disposition);
+LSTATUS RegOpenKeyExW(HKEY root, const wchar_t* path, DWORD options, REGSAM access, HKEY* key);
 LSTATUS RegQueryValueExW(HKEY key, const wchar_t* name, DWORD* reserved, DWORD* type, BYTE* data,
                          DWORD* size);
 LSTATUS RegSetValueExW(HKEY key, const wchar_t* name, DWORD reserved, DWORD type, const BYTE* data,
