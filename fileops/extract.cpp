@@ -71,13 +71,15 @@ Path DefaultTarget() {
 }
 
 /// Asks where to extract to, and returns that. Whatever the answer, it is the last folder chosen that counts.
-/// `shown` becomes the folder that the list shows when something was extracted.
-Path AskForTarget(Path& shown) {
+/// `shown` becomes the folder that the list shows when something was extracted, `began` the one that it shows
+/// when that is chosen.
+Path AskForTarget(Path& shown, Path& began) {
     if (!IsExistingFolder(shown.Text()))
         shown.Clear(); // search results
     FolderChoice choice{shown};
     if (ChooseFolder(L"Extract To", choice)) {
         shown = choice.folder;
+        began = appState.fileList.CurrentFolder();
         appState.lastExtractTarget = choice.folder;
     }
     const Path target = appState.lastExtractTarget ? *appState.lastExtractTarget : DefaultTarget();
@@ -113,11 +115,11 @@ void ExtractSelection() {
     FileList& list = appState.fileList;
     // What is selected now is meant: the list may show something else by the time a folder is chosen.
     const std::vector<SelectionEntry> entries = list.CollectSelection();
-    const Path began = list.CurrentFolder();
+    Path began = list.CurrentFolder();
     Path shown = began;
     Path base;
     if (!list.options.extractInPlace)
-        base = AskForTarget(shown);
+        base = AskForTarget(shown, began);
     const ArchiverRun run = ExtractEach(entries, base.View());
     if (!run.ran)
         return;
