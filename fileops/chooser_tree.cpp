@@ -38,6 +38,7 @@ void ChooserTree::Create(HWND dialog) {
     window_ = ce::CreateWindowExW(0, WC_TREEVIEWW, nullptr, style, 0, 0, size.cx, size.cy, dialog,
                                   reinterpret_cast<HMENU>(IDC_CHOOSER_TREE), appState.instance, nullptr);
     SetWindowPos(window_, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    LimitStarKey();
     BuildImages();
     root_ = InsertNode(nullptr, DeviceDisplayName(), chooserDevice, chooserDevice, true);
     Expand(root_, TVE_EXPAND);

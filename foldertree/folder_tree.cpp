@@ -24,6 +24,7 @@ void FolderTree::Create(HWND parent) {
                             TVS_EDITLABELS | TVS_SHOWSELALWAYS;
     window_ = ce::CreateWindowExW(0, WC_TREEVIEWW, nullptr, style, 0, 0, 0, 0, parent,
                                   reinterpret_cast<HMENU>(treeControlId), appState.instance, nullptr);
+    LimitStarKey();
     controlProcedure_ = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(WindowProcedure)));
     BuildImages();

@@ -2,6 +2,22 @@
 
 #include "foldertree/tree_rules.h"
 
+namespace {
+
+WNDPROC controlProcedure = nullptr; // the control's own, the same for every tree
+
+LRESULT CALLBACK StarKeyProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    const bool isStar = message == WM_KEYDOWN && wParam == VK_MULTIPLY;
+    return CallWindowProcW(controlProcedure, window, message, isStar ? VK_ADD : wParam, lParam);
+}
+
+} // namespace
+
+void TreeView::LimitStarKey() {
+    controlProcedure = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(StarKeyProcedure)));
+}
+
 HTREEITEM TreeView::Related(UINT relation, HTREEITEM node) const {
     return reinterpret_cast<HTREEITEM>(
         SendMessageW(window_, TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(node)));

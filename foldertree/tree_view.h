@@ -27,6 +27,9 @@ class TreeView {
     HTREEITEM NodeAtPath(std::wstring_view folder) const;
 
   protected:
+    /// Has "*" open the selected folder alone. The control would open all below it, which on a device with
+    /// links that lead back, or a card of a million folders, has no end.
+    void LimitStarKey();
     /// Puts a node behind its siblings. `children` is 1 for an expand button, 0 for none, or
     /// I_CHILDRENCALLBACK: the control asks when it draws the node.
     HTREEITEM InsertNode(HTREEITEM parent, const wchar_t* text, int image, int selectedImage, int children);

@@ -60,6 +60,20 @@ TEST_F(FolderChooserUi, ReadsFoldersWhenTheyOpenAndForgetsThemWhenTheyClose) {
     chooser.WaitUntilClosed();
 }
 
+TEST_F(FolderChooserUi, StarOpensOneFolderWhereLinksLeadRoundAndRound) {
+    device.HostLink("To/Inner/Back", "../..");
+    device.HostLink("To/Inner/Up", "..");
+    Dialog chooser = ChooseCopy();
+    TreeView tree = TreeOf(chooser);
+    tree.Select(L"\\To");
+    PressKey(VK_MULTIPLY);
+    WaitFor("for the folder to open", [&] { return tree.Has(L"\\To\\Inner"); });
+    EXPECT_EQ(tree.ChildrenOf(L"\\To\\Inner"), Texts{});
+    EXPECT_TRUE(Answers(chooser.Window()));
+    chooser.Command(IDCANCEL);
+    chooser.WaitUntilClosed();
+}
+
 TEST_F(FolderChooserUi, CopiesToTheChosenFolder) {
     Dialog chooser = ChooseCopy();
     TreeOf(chooser).Expand(L"\\To");

@@ -156,6 +156,18 @@ TEST_F(FolderTreeUi, AChainOfLinksEndsWhereNoPathIsLongEnough) {
     program.WaitForFolder(path);
 }
 
+TEST_F(FolderTreeUi, StarOpensOneFolderWhereLinksLeadRoundAndRound) {
+    device.HostLink("A/B/Back", "../..");
+    device.HostLink("A/B/Up", "..");
+    StartWithTree();
+    FocusTree();
+    Tree().Select(L"\\A");
+    PressKey(VK_MULTIPLY);
+    WaitFor("for the folder to open", [&] { return Tree().Has(L"\\A\\B"); });
+    program.WaitUntilIdle();
+    EXPECT_EQ(Tree().ChildrenOf(L"\\A\\B"), Texts{});
+}
+
 TEST_F(FolderTreeUi, RefreshReadsAllAnewAndOpensTheWayToTheListsFolder) {
     device.Folder(L"\\Temp\\Home\\a");
     device.Folder(L"\\Temp\\Other\\b");
