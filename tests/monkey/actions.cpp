@@ -29,7 +29,7 @@ constexpr UINT lookingCommands[] = {IDM_SOFTKEY_CHANGE_VIEW,
                                     IDM_EDIT_SELECT_ALL,
                                     IDM_KEY_SHIFT,
                                     IDM_KEY_CTRL,
-                                    IDM_MENU_PROPERTIES,
+
                                     IDM_TOOLBAR_BACK,
                                     IDM_TOOLBAR_FORWARD,
                                     IDM_FOCUS_NEXT,
@@ -59,14 +59,14 @@ constexpr UINT lookingCommands[] = {IDM_SOFTKEY_CHANGE_VIEW,
                                     IDM_TOOLS_MEMORY_STATUS,
                                     IDM_FILE_DELETE};
 constexpr UINT otherCommands[] = {
-    IDM_FILE_DELETE,     IDM_FILE_DELETE,        IDM_TOOLBAR_PASTE,     IDM_TOOLBAR_PASTE,
-    IDM_FILE_RENAME,     IDM_FILE_NEW_FOLDER,    IDM_FILE_SHORTCUT,     IDM_TOOLBAR_PASTE_SHORTCUT,
-    IDM_SENDTO_ZIP,      IDM_SENDTO_COPY_TO,     IDM_SENDTO_MOVE_TO,    IDM_SENDTO_SHORTCUT_TO,
-    IDM_FILE_EXTRACT_TO, IDM_FILE_EXTRACT_HERE,  IDM_FILE_OPEN,         IDM_OPEN_PARAMETERS,
-    IDM_FAVORITES_ADD,   IDM_FAVORITES_ORGANIZE, IDM_GOTO_USER_PATH,    IDM_OPEN_CHOOSE_PROGRAM,
-    IDM_SENDTO_EMAIL,    IDM_SENDTO_IR,          IDM_MENU_EXIT,         IDM_NETWORK_CONNECT,
-    IDM_SENDTO_FIRST,    IDM_USERPATH_FIRST,     IDM_FAVORITE_FIRST,    IDM_HELP_USER_MANUAL,
-    IDM_TOOLBAR_GO_TO,   IDM_TOOLBAR_HIDE,       IDM_NETWORK_DISCONNECT};
+    IDM_FILE_DELETE,      IDM_FILE_DELETE,        IDM_TOOLBAR_PASTE,  IDM_TOOLBAR_PASTE,
+    IDM_FILE_RENAME,      IDM_FILE_NEW_FOLDER,    IDM_FILE_SHORTCUT,  IDM_TOOLBAR_PASTE_SHORTCUT,
+    IDM_SENDTO_ZIP,       IDM_SENDTO_COPY_TO,     IDM_SENDTO_MOVE_TO, IDM_SENDTO_SHORTCUT_TO,
+    IDM_FILE_EXTRACT_TO,  IDM_FILE_EXTRACT_HERE,  IDM_FILE_OPEN,      IDM_OPEN_PARAMETERS,
+    IDM_FAVORITES_ADD,    IDM_FAVORITES_ORGANIZE, IDM_GOTO_USER_PATH, IDM_OPEN_CHOOSE_PROGRAM,
+    IDM_MENU_PROPERTIES,  IDM_SENDTO_EMAIL,       IDM_SENDTO_IR,      IDM_MENU_EXIT,
+    IDM_NETWORK_CONNECT,  IDM_SENDTO_FIRST,       IDM_USERPATH_FIRST, IDM_FAVORITE_FIRST,
+    IDM_HELP_USER_MANUAL, IDM_TOOLBAR_GO_TO,      IDM_TOOLBAR_HIDE,   IDM_NETWORK_DISCONNECT};
 /// Those whose parameters are numbers: what is a pointer in one process is none in another, for any program.
 constexpr UINT messages[] = {WM_TIMER,       WM_SIZE,           WM_SETTINGCHANGE, WM_DEVICECHANGE,
                              WM_HOTKEY,      WM_CANCELMODE,     WM_ACTIVATE,      WM_SETFOCUS,
@@ -93,7 +93,10 @@ std::string PressAny(Chance& chance, std::span<const WORD> keys) {
     return "key " + std::to_string(key) + " with " + std::to_string(modifier);
 }
 
+/// While a dialog is open nobody gives the main window commands.
 std::string Give(Program& program, UINT command) {
+    if (!IsWindowEnabled(program.Window()))
+        return "no command";
     program.PostCommand(command);
     return "command " + std::to_string(command);
 }
@@ -121,6 +124,8 @@ std::string SendAny(Program& program, Chance& chance) {
     const HWND window = chance.OneOf(windows);
     const UINT message = chance.OneIn(3) ? WM_USER + chance.UpTo(16) : chance.OneOf(messages);
     const WPARAM wParam = chance.UpTo(300);
+    if (message == WM_COMMAND && !IsWindowEnabled(window))
+        return "no command";
     const LPARAM lParam = message == WM_COMMAND || message == WM_SETTINGCHANGE ||
                                   message == WM_CAPTURECHANGED || message == WM_ACTIVATE ||
                                   message == WM_INITMENUPOPUP || message == WM_DEVICECHANGE

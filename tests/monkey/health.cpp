@@ -23,6 +23,16 @@ std::string OpenWindows(Program& program) {
     return open;
 }
 
+/// Back; now and then Return, for messages that want an answer, and "Ok", where the only control is an edit
+/// field, in which Back erases.
+void PressToLeave(int presses) {
+    if (presses % 5 == 0)
+        return PressKey(VK_RETURN);
+    if (presses % 7 == 0)
+        return PressLeftSoftKey();
+    PressBack();
+}
+
 } // namespace
 
 void ExpectAnswer(Program& program, unsigned milliseconds) {
@@ -59,7 +69,7 @@ void LeaveByKeys(Program& program) {
                 }
         PressKey(VK_CONTROL); // what the program keeps down until it is told otherwise
         PressKey(VK_SHIFT);
-        PressKey(++presses % 5 == 0 ? VK_RETURN : VK_ESCAPE);
+        PressToLeave(++presses);
         Sleep(150);
         return false;
     });

@@ -24,9 +24,9 @@ ln -s "$outside/target.txt" Play/File; ln -s "$outside/Entered" Play/Outside
 chmod 000 Play/Forbidden; chmod 444 Play/b.doc
 )sh";
 
-/// What a change of would be seen by: names, kinds, sizes, targets of links, and the times of contents.
+/// What a change would be seen by: names, kinds, sizes, targets of links, and the times of files.
 constexpr char listDevice[] =
-    R"sh(find . -path ./opened-on-host -prune -o -printf '%p %y %s %l %T@\n' 2>/dev/null | sort)sh";
+    R"sh(find . -path ./opened-on-host -prune -o -type d -printf '%p\n' -o -printf '%p %y %s %l %T@\n' 2>/dev/null | sort)sh";
 constexpr char listOutside[] =
     R"sh(find "$TARVIK_WORK/outside" -name Entered -prune -o -type f -printf '%p %s %T@ %n\n' -exec cksum {} + | sort)sh";
 
