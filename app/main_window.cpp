@@ -37,6 +37,7 @@ void OnClose() {
     DestroyWindow(appState.statusBar);
     appState.fileList.DestroyList();
     appState.folderTree.Destroy();
+    appState.paneFont.Reset();
     DestroyWindow(appState.mainWindow);
 }
 

@@ -70,6 +70,8 @@ void FileList::DestroyList() {
     menu_.Reset();
     DestroyWindow(window_);
     window_ = nullptr;
+    largeIcons_.Discard();
+    smallIcons_.Discard();
 }
 
 void FileList::InsertColumns() {

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "companions/workbench/heap.h"
+#include "companions/workbench/leftovers.h"
 #include "companions/workbench/replacements.h"
 #include "platform/ce_api.h"
 
@@ -34,18 +35,31 @@ const Call calls[] = {
     {"GetProcAddressW", Of(replaced::GetProcAddressW)},
     {"GetSysColor", Of(replaced::GetSysColor)},
     {"malloc", Of(AllocateBlock)},
+    {"memcpy", Of(replaced::MoveBlock)},
+    {"memmove", Of(replaced::MoveBlock)},
+    {"memset", Of(replaced::FillBlock)},
     {"RegCloseKey", Of(replaced::RegCloseKey)},
     {"RegisterClassW", Of(replaced::RegisterClassW)},
     {"SetWindowLongW", Of(replaced::SetWindowLongW)},
     {"ShowWindow", Of(replaced::ShowWindow)},
     {"TerminateProcess", Of(replaced::TerminateProcess)},
+    // What is to be given back at the end.
+    {"CommandBar_Create", Of(replaced::CommandBar_Create)},
+    {"CreateFontIndirectW", Of(replaced::CreateFontIndirectW)},
+    {"CreatePopupMenu", Of(replaced::CreatePopupMenu)},
+    {"CreateSolidBrush", Of(replaced::CreateSolidBrush)},
+    {"CreateStatusWindowW", Of(replaced::CreateStatusWindowW)},
+    {"CreateWindowExW", Of(replaced::CreateWindowExW)},
+    {"GetDC", Of(replaced::GetDC)},
+    {"ImageList_Create", Of(replaced::ImageList_Create)},
+    {"ImageList_Destroy", Of(replaced::ImageList_Destroy)},
+    {"LoadMenuW", Of(replaced::LoadMenuW)},
+    {"ReleaseDC", Of(replaced::ReleaseDC)},
     // What the desktop's device shell does.
-    {"CommandBar_Create", Of(ce::CommandBar_Create)},
     {"CommandBar_Height", Of(ce::CommandBar_Height)},
     {"CommandBar_InsertComboBox", Of(ce::CommandBar_InsertComboBox)},
     {"CommandBar_Show", Of(ce::CommandBar_Show)},
     {"CreateProcessW", Of(ce::CreateProcessW)},
-    {"CreateWindowExW", Of(ce::CreateWindowExW)},
     {"DeleteAndRenameFile", Of(ce::DeleteAndRenameFile)},
     {"DeleteFileW", Of(ce::DeleteFileW)},
     {"EventModify", Of(ce::EventModify)},

@@ -5,12 +5,16 @@
 #include <cstdio>
 
 #include "companions/workbench/processor.h"
+#include "companions/workbench/shadow.h"
 #include "companions/workbench/symbols.h"
+#include "companions/workbench/thunks.h"
 #include "companions/workbench/traps.h"
 
 namespace {
 
 constexpr unsigned exitCannot = 0xfa16;
+
+const std::string punished = "The phone's program did what a phone punishes: ";
 
 std::wstring symbolsFile, reportFile;
 
@@ -37,21 +41,17 @@ std::string Place(std::uint32_t address) {
     return Hex(address) + (name.empty() ? "" : " " + name);
 }
 
-/// The names of what lies on the stack and could be returned to: those that called, and perhaps some more.
-std::string CallersOf(const std::uint32_t* registers) {
-    constexpr unsigned enough = 24;
-    constexpr std::uint32_t callSize = 4;
-    std::string text = "    " + Place(registers[15]) + "\n    " + Place(registers[14] - callSize) + "\n";
-    const GuestStack stack = StackOfThread();
+/// The names of those that called.
+std::string NamesOf(const Callers& callers) {
+    constexpr unsigned enough = 26;
+    ReadSymbols(symbolsFile);
+    std::string text;
     unsigned found = 0;
-    for (std::uint32_t at = registers[13] & ~3u; at >= stack.begin && at < stack.end && found < enough;
-         at += 4) {
-        const std::uint32_t word = *reinterpret_cast<const std::uint32_t*>(at);
-        if (word % callSize || NameOfPlace(word).empty())
-            continue;
-        text += "    " + Place(word - callSize) + "\n";
-        ++found;
-    }
+    for (const std::uint32_t place : callers)
+        if (found < 2 || (found < enough && !NameOfPlace(place).empty())) {
+            text += "    " + Place(place) + "\n";
+            ++found;
+        }
     return text;
 }
 
@@ -70,8 +70,8 @@ std::string WhatHappened(const CpuFault& fault) {
         return "an instruction that the phone does not know";
     case CpuBadCall:
         return "a call of " + place + ", where there is no code";
-    case CpuUnaligned:
-        return "an unaligned load or store at " + place;
+    case CpuChecked:
+        return Describe(static_cast<Finding>(fault.finding), fault.address);
     default:
         break;
     }
@@ -97,8 +97,23 @@ void EndAfterFault(const CpuFault& fault) {
 }
 
 void EndAfterCheck(const std::string& finding, const std::uint32_t* registers) {
-    ReadSymbols(symbolsFile);
-    Finish("The phone's program did what a phone punishes: " + finding + "\n" + CallersOf(registers) +
-               Registers(registers),
-           exitFault);
+    Finish(punished + finding + "\n" + NamesOf(CallersOf(registers)) + Registers(registers), exitFault);
+}
+
+void EndAfterLeftover(const std::string& what, const Callers& made) {
+    Finish(punished + what + " is left at the end, made by\n" + NamesOf(made), exitFault);
+}
+
+Callers CallersOf(const std::uint32_t* registers) {
+    constexpr unsigned enough = 200;
+    constexpr std::uint32_t callSize = 4;
+    Callers callers{registers[15], registers[14] - callSize};
+    const GuestStack stack = StackOfThread();
+    for (std::uint32_t at = registers[13] & ~3u;
+         at >= stack.begin && at < stack.end && callers.size() < enough; at += sizeof(at)) {
+        const std::uint32_t word = *reinterpret_cast<const std::uint32_t*>(at);
+        if (word % callSize == 0 && IsGuestCode(word))
+            callers.push_back(word - callSize);
+    }
+    return callers;
 }

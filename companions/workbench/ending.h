@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "companions/workbench/cpu/cpu.h"
 
@@ -21,3 +22,12 @@ void PrepareReports(std::wstring symbols, std::wstring report);
 
 /// The same for what a check found; `registers` are those of the moment.
 [[noreturn]] void EndAfterCheck(const std::string& finding, const std::uint32_t* registers);
+
+/// Places in the program: of the call that is being made, and of those before it, and perhaps some more.
+using Callers = std::vector<std::uint32_t>;
+
+/// By what lies on the stack of this thread and could be returned to.
+Callers CallersOf(const std::uint32_t* registers);
+
+/// Reports what the program should have given back, and who made it, and ends the process.
+[[noreturn]] void EndAfterLeftover(const std::string& what, const Callers& made);

@@ -10,6 +10,7 @@
 
 #include "companions/workbench/cpu/cpu.h"
 #include "companions/workbench/ending.h"
+#include "companions/workbench/shadow.h"
 #include "companions/workbench/traps.h"
 
 namespace {
@@ -34,7 +35,6 @@ CpuRunFunction* runProcessor = nullptr;
 CpuLocateFunction* locateFault = nullptr;
 std::vector<CpuCode> code;
 std::uint32_t stackSize = 0;
-bool checking = false;
 
 std::mutex oneAtATime;
 std::vector<Processor*> idle;
@@ -59,7 +59,8 @@ Processor& Own() {
         return *own;
     }
     own = new Processor;
-    own->cpu = openProcessor(code.data(), static_cast<unsigned>(code.size()), checking);
+    own->cpu = openProcessor(code.data(), static_cast<unsigned>(code.size()),
+                             EachAccessIsChecked() ? CheckAccess : nullptr);
     if (!own->cpu)
         EndWith("the emulated processor does not start");
     own->stack = MakeStack();
@@ -128,7 +129,7 @@ std::uint32_t RunToTrap(Processor& processor, std::uint32_t* registers) {
 
 } // namespace
 
-void PrepareProcessors(const wchar_t* library, const Image& image, bool checks) {
+void PrepareProcessors(const wchar_t* library, const Image& image) {
     const HMODULE module = LoadLibraryW(library);
     if (!module)
         EndWith("the emulated processor's library does not load");
@@ -141,7 +142,6 @@ void PrepareProcessors(const wchar_t* library, const Image& image, bool checks) 
     const TrapPages traps = PagesOfTraps();
     code = {{image.codeBegin, image.codeEnd}, {traps.begin, traps.end}};
     stackSize = image.stackSize - stackOfThePlatform;
-    checking = checks;
 }
 
 std::uint64_t CallGuest(std::uint32_t function, const std::uint32_t* arguments, unsigned count) {
@@ -156,7 +156,7 @@ std::uint64_t CallGuest(std::uint32_t function, const std::uint32_t* arguments, 
     for (std::uint32_t word; (word = RunToTrap(processor, registers)) != ReturnTrap();) {
         const Trap* trap = TrapAt(word);
         if (!trap)
-            EndAfterFault({CpuBadInstruction, word, {}});
+            EndAfterFault({CpuBadInstruction, word, 0, {}});
         registers[programCounter] = word;
         processor.top = registers[stackPointer];
         processor.call = registers;

@@ -8,9 +8,8 @@
 /// What the phone's own libraries take of a thread's stack when they are called: the program has the rest.
 constexpr std::uint32_t stackOfThePlatform = 0x4000;
 
-/// Once, before the first call: `library` is the processor's, a file of the host's; `checks` makes it look at
-/// each load and store.
-void PrepareProcessors(const wchar_t* library, const Image& image, bool checks);
+/// Once, before the first call: `library` is the processor's, a file of the host's.
+void PrepareProcessors(const wchar_t* library, const Image& image);
 
 /// Calls a function of the phone's program on this thread, with `count` words of arguments, and returns r0
 /// and r1. Each thread gets a processor and a stack at its first call.

@@ -7,6 +7,7 @@
 
 #include "companions/workbench/calls.h"
 #include "companions/workbench/ending.h"
+#include "companions/workbench/leftovers.h"
 #include "companions/workbench/processor.h"
 #include "companions/workbench/thunks.h"
 #include "platform/ce_api.h"
@@ -119,6 +120,7 @@ int EnumFontsW(HDC context, const wchar_t* name, FONTENUMPROCW report, LPARAM pa
 ATOM RegisterClassW(const WNDCLASSW* description) {
     WNDCLASSW host = *description;
     host.lpfnWndProc = CallableAs(host.lpfnWndProc);
+    NoteGivenAway(host.hbrBackground);
     return ::RegisterClassW(&host);
 }
 
@@ -155,8 +157,11 @@ BOOL ShowWindow(HWND window, int how) {
 
 BOOL TerminateProcess(HANDLE process, UINT exitCode) {
     const auto self = reinterpret_cast<HANDLE>(66);
-    if (process == self)
+    if (process == self) {
+        if (exitCode == 0)
+            CheckNothingIsLeft();
         ExitProcess(exitCode);
+    }
     return ::TerminateProcess(process, exitCode);
 }
 

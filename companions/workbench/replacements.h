@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include <cstddef>
+
 namespace replaced {
 
 /// As the phone has it: times, sizes, an object's number, a name.
@@ -35,6 +37,10 @@ LONG SetWindowLongW(HWND window, int index, LONG value);
 
 HMODULE GetModuleHandleW(const wchar_t* name);
 FARPROC GetProcAddressW(HMODULE library, const wchar_t* name);
+
+/// As memmove and memset.
+void* MoveBlock(void* to, const void* from, std::size_t size);
+void* FillBlock(void* to, int byte, std::size_t size);
 
 /// The phone's numbers of colours carry a mark.
 DWORD GetSysColor(int colour);

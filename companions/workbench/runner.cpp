@@ -12,6 +12,7 @@
 #include "companions/workbench/ending.h"
 #include "companions/workbench/image.h"
 #include "companions/workbench/processor.h"
+#include "companions/workbench/shadow.h"
 #include "companions/workbench/thunks.h"
 #include "companions/workbench/traps.h"
 #include "platform/ce_api.h"
@@ -66,8 +67,9 @@ int ProgramMain(HINSTANCE, wchar_t* commandLine) {
     PrepareReports(HostFile(L"TARVIK_PHONE_SYMBOLS"), HostFile(L"TARVIK_PHONE_REPORT"));
     const Image image = MapImage(HostFile(L"TARVIK_PHONE_PROGRAM").c_str(), BindImport);
     SetGuestCode(image.codeBegin, image.codeEnd);
-    PrepareProcessors(HostFile(L"TARVIK_PHONE_CPU").c_str(), image,
-                      _wgetenv(L"TARVIK_PHONE_CHECKS") != nullptr);
+    if (_wgetenv(L"TARVIK_PHONE_CHECKS"))
+        CheckEachAccess();
+    PrepareProcessors(HostFile(L"TARVIK_PHONE_CPU").c_str(), image);
     AddVectoredExceptionHandler(TRUE, OnException);
     SetUnhandledExceptionFilter(OnUnhandled);
 

@@ -60,9 +60,13 @@ void SetGuestCode(std::uint32_t begin, std::uint32_t end) {
     codeEnd = end;
 }
 
+bool IsGuestCode(std::uint32_t address) {
+    return address >= codeBegin && address < codeEnd;
+}
+
 void* Callable(void* function, unsigned arguments) {
     const auto address = reinterpret_cast<std::uint32_t>(function);
-    if (address < codeBegin || address >= codeEnd)
+    if (!IsGuestCode(address))
         return function;
 
     static std::mutex oneAtATime;

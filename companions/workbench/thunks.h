@@ -8,6 +8,8 @@
 /// Which code is the phone's program.
 void SetGuestCode(std::uint32_t begin, std::uint32_t end);
 
+bool IsGuestCode(std::uint32_t address);
+
 /// What the host can call for `function`, which takes `arguments` words (1 or 4) and drops them itself: a
 /// function of the phone's program becomes one of the host's, the same one every time; any other, also null,
 /// stays. Any thread.

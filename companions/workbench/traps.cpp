@@ -54,6 +54,16 @@ const Trap* TrapAt(std::uint32_t address) {
     return address >= AddressOf(1) && number < count ? &traps[number] : nullptr;
 }
 
+bool ReplaceCall(HostFunction function, HostFunction replacement) {
+    const std::lock_guard lock(oneAtATime);
+    for (unsigned number = 1; number < count; ++number)
+        if (traps[number].function == function) {
+            traps[number].function = replacement;
+            return true;
+        }
+    return false;
+}
+
 std::uint32_t ReturnTrap() {
     return AddressOf(0);
 }

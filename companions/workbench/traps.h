@@ -25,5 +25,9 @@ std::uint32_t TrapFor(HostFunction function, const char* name);
 /// The trap of this address; null when there is none.
 const Trap* TrapAt(std::uint32_t address);
 
+/// Has the phone's program call `replacement` wherever it calls `function`; whether it calls that at all.
+/// Exported: the tests' probe inside the process stands before some calls.
+extern "C" __declspec(dllexport) bool ReplaceCall(HostFunction function, HostFunction replacement);
+
 /// What a call of the host's into the phone's program returns to.
 std::uint32_t ReturnTrap();

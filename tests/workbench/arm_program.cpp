@@ -4,6 +4,7 @@
 #include <cstdarg>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <cwchar>
 
 #include "platform/ce_api.h"
@@ -182,6 +183,63 @@ void FreeTwice() {
     std::free(block);
 }
 
+/// What the compiler must not know of.
+template <class Thing>
+Thing Hidden(Thing thing) {
+    volatile Thing hidden = thing;
+    return hidden;
+}
+
+std::uintptr_t BlockOf(std::size_t size) {
+    return reinterpret_cast<std::uintptr_t>(std::malloc(Hidden(size)));
+}
+
+void __attribute__((noinline)) ReadHeapFreed() {
+    const std::uintptr_t block = BlockOf(100);
+    std::free(reinterpret_cast<void*>(block));
+    ReadAtThird(block + 40);
+}
+
+void __attribute__((noinline)) ReadUnwritten() {
+    const std::uintptr_t block = BlockOf(100);
+    *reinterpret_cast<volatile int*>(block + 36) = 1;
+    ReadAtThird(block + 40);
+}
+
+void __attribute__((noinline)) CopyBeside() {
+    const std::uintptr_t block = BlockOf(100);
+    std::memmove(reinterpret_cast<void*>(block), reinterpret_cast<void*>(block + 4), Hidden(100u));
+}
+
+/// What is written by the program, by the host on its behalf, or copied, may be read; and so may what is none
+/// of the heap's.
+void ReadWritten() {
+    const std::uintptr_t block = BlockOf(100);
+    std::memset(reinterpret_cast<void*>(block), 0, 20);
+    ReadAtThird(block + 16);
+    SYSTEMTIME* time = reinterpret_cast<SYSTEMTIME*>(block + 20);
+    GetLocalTime(time);
+    CHECK(Hidden(time->wYear) > 2000);
+    std::memmove(reinterpret_cast<void*>(block + 60), reinterpret_cast<void*>(block), 20);
+    ReadAtThird(block + 76);
+    std::free(reinterpret_cast<void*>(block));
+}
+
+void __attribute__((noinline)) LeaveBrush() {
+    CreateSolidBrush(Hidden(1u));
+}
+
+void __attribute__((noinline)) LeaveWindow() {
+    CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
+}
+
+void GiveAllBack() {
+    DeleteObject(CreateSolidBrush(1));
+    ReleaseDC(nullptr, GetDC(nullptr));
+    DestroyWindow(
+        CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr));
+}
+
 void CloseTwice() {
     const HANDLE thread = CreateThread(nullptr, 0, Add, nullptr, 0, nullptr);
     CloseHandle(thread);
@@ -216,6 +274,22 @@ void Do(const wchar_t* what) {
         FreeTwice();
     else if (is(L"close-twice"))
         CloseTwice();
+    else if (is(L"read-heap-freed"))
+        ReadHeapFreed();
+    else if (is(L"read-beside"))
+        ReadAtThird(BlockOf(100) + 100);
+    else if (is(L"read-unwritten"))
+        ReadUnwritten();
+    else if (is(L"copy-beside"))
+        CopyBeside();
+    else if (is(L"read-written"))
+        ReadWritten();
+    else if (is(L"leave-brush"))
+        LeaveBrush();
+    else if (is(L"leave-window"))
+        LeaveWindow();
+    else if (is(L"give-all-back"))
+        GiveAllBack();
     else if (is(L"read-unaligned"))
         ReadAtThird(reinterpret_cast<std::uintptr_t>(&firstFailure) + 1);
     else if (is(L"in-callback"))

@@ -35,13 +35,15 @@ std::string TakeReport() {
     return text;
 }
 
-/// Runs the test program with this command line, looking at each load and store if its name says so.
-Outcome Start(std::wstring what) {
+enum class Checks { Cheap, All };
+
+/// Runs the test program with this command line.
+Outcome Start(const std::wstring& what, Checks checks) {
     const std::string program = HostVariable("TARVIK_ARM_PROGRAM");
     SetEnvironmentVariableW(L"TARVIK_PHONE_PROGRAM", Widen(program + ".exe").c_str());
     SetEnvironmentVariableW(L"TARVIK_PHONE_SYMBOLS", Widen(program + ".elf").c_str());
     SetEnvironmentVariableW(L"TARVIK_PHONE_REPORT", Widen(HostVariable("TARVIK_WORK") + "/report").c_str());
-    SetEnvironmentVariableW(L"TARVIK_PHONE_CHECKS", what.ends_with(L"unaligned") ? L"1" : nullptr);
+    SetEnvironmentVariableW(L"TARVIK_PHONE_CHECKS", checks == Checks::All ? L"1" : nullptr);
     constexpr wchar_t runner[] = L"E:\\Program Files\\Tarvik File Manager\\TarvikFileManager.exe";
     std::wstring line = L"runner " + what;
     STARTUPINFOW startup{};
@@ -64,6 +66,7 @@ struct Fault {
     std::string reported;
     std::string place; // of the instruction, which is the first line of the callers
     std::string caller;
+    Checks checks = Checks::Cheap;
 };
 
 void PrintTo(const Fault& fault, std::ostream* stream) {
@@ -72,15 +75,25 @@ void PrintTo(const Fault& fault, std::ostream* stream) {
 
 class Faults : public testing::TestWithParam<Fault> {};
 
-TEST(Workbench, RunsWhatGoesWell) {
-    const Outcome outcome = Start(L"well");
+void ExpectToRun(const wchar_t* what, Checks checks) {
+    const Outcome outcome = Start(what, checks);
     EXPECT_EQ(outcome.code, 0u) << "the line of arm_program.cpp that does not hold";
     EXPECT_EQ(outcome.report, "");
 }
 
+TEST(Workbench, RunsWhatGoesWell) {
+    ExpectToRun(L"well", Checks::Cheap);
+    ExpectToRun(L"give-all-back", Checks::Cheap);
+}
+
+TEST(Workbench, RunsWhatGoesWellWithAllChecks) {
+    ExpectToRun(L"well", Checks::All);
+    ExpectToRun(L"read-written", Checks::All);
+}
+
 TEST_P(Faults, EndTheProgramWithTheirExactPlace) {
     const Fault& fault = GetParam();
-    const Outcome outcome = Start(fault.what);
+    const Outcome outcome = Start(fault.what, fault.checks);
     EXPECT_EQ(outcome.code, exitFault);
     EXPECT_NE(outcome.report.find(fault.reported), std::string::npos) << outcome.report;
     const std::size_t first = outcome.report.find('\n') + 1;
@@ -92,22 +105,30 @@ TEST_P(Faults, EndTheProgramWithTheirExactPlace) {
 
 INSTANTIATE_TEST_SUITE_P(
     Of, Faults,
-    testing::Values(Fault{L"read-null", "a read of 00000000", "ReadAtThird+0x8", "Do("},
-                    Fault{L"read-wild", "a read of fffff000", "ReadAtThird+0x8", "Do("},
-                    Fault{L"read-freed", "a read of ", "ReadAtThird+0x8", "ReadFreed("},
-                    Fault{L"write-null", "a write to 00000004", "WriteAtThird+0x8", "Do("},
-                    Fault{L"write-code", "a write to ", "WriteAtThird+0x8", "Do("},
-                    Fault{L"call-null", "a call of 00000000, where there is no code", "00000000", "Do("},
-                    Fault{L"call-data", ", where there is no code", "", "Do("},
-                    Fault{L"undefined", "an instruction that the phone does not know", "UndefinedAtThird+0x8",
-                          "Do("},
-                    Fault{L"overflow", "the stack is at its end", "Deep(int)+", "Deep(int)+"},
-                    Fault{L"write-behind", "a block of 21 bytes was written beside", "free", "Do("},
-                    Fault{L"free-twice", "no block of the heap, or no more", "free", "Do("},
-                    Fault{L"close-twice", "a handle is closed that is not open", "CloseHandle", "Do("},
-                    Fault{L"read-unaligned", "an unaligned load or store at ", "ReadAtThird+0x8", "Do("},
-                    Fault{L"in-callback", "a read of 00000010", "ReadAtThird+0x8", "FaultingProcedure("},
-                    Fault{L"in-thread", "a read of 00000000", "ReadAtThird+0x8", "ReadNull("}),
+    testing::Values(
+        Fault{L"read-null", "a read of 00000000", "ReadAtThird+0x8", "Do("},
+        Fault{L"read-wild", "a read of fffff000", "ReadAtThird+0x8", "Do("},
+        Fault{L"read-freed", "a read of ", "ReadAtThird+0x8", "ReadFreed("},
+        Fault{L"write-null", "a write to 00000004", "WriteAtThird+0x8", "Do("},
+        Fault{L"write-code", "a write to ", "WriteAtThird+0x8", "Do("},
+        Fault{L"call-null", "a call of 00000000, where there is no code", "00000000", "Do("},
+        Fault{L"call-data", ", where there is no code", "", "Do("},
+        Fault{L"undefined", "an instruction that the phone does not know", "UndefinedAtThird+0x8", "Do("},
+        Fault{L"overflow", "the stack is at its end", "Deep(int)+", "Deep(int)+"},
+        Fault{L"write-behind", "a block of 21 bytes was written beside", "free", "Do("},
+        Fault{L"free-twice", "no block of the heap, or no more", "free", "Do("},
+        Fault{L"close-twice", "a handle is closed that is not open", "CloseHandle", "Do("},
+        Fault{L"leave-brush", "a brush is left at the end, made by", "CreateSolidBrush", "LeaveBrush("},
+        Fault{L"leave-window", "a window is left at the end, made by", "CreateWindowExW", "LeaveWindow("},
+        Fault{L"read-unaligned", "an unaligned load or store at ", "ReadAtThird+0x8", "Do(", Checks::All},
+        Fault{L"read-heap-freed", "in a block of the heap that was freed", "ReadAtThird+0x8",
+              "ReadHeapFreed(", Checks::All},
+        Fault{L"read-beside", "beside a block of the heap", "ReadAtThird+0x8", "Do(", Checks::All},
+        Fault{L"read-unwritten", "which was never written since it came from the heap", "ReadAtThird+0x8",
+              "ReadUnwritten(", Checks::All},
+        Fault{L"copy-beside", "beside a block of the heap", "mem", "CopyBeside(", Checks::All},
+        Fault{L"in-callback", "a read of 00000010", "ReadAtThird+0x8", "FaultingProcedure("},
+        Fault{L"in-thread", "a read of 00000000", "ReadAtThird+0x8", "ReadNull("}),
     [](const testing::TestParamInfo<Fault>& of) {
         std::string name = Narrow(of.param.what);
         std::erase(name, '-');

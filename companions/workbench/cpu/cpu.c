@@ -14,8 +14,10 @@ enum { lowest = 0x10000, highest = 0x7fff0000, softwareInterrupt = 2 };
 
 struct Cpu {
     uc_engine* engine;
+    CpuCheck* check;
     CpuStop stop;
     uint32_t address;
+    int finding;
     int located;
     CpuRegisters registers;
 };
@@ -120,12 +122,15 @@ static bool ENTRY OnBadAccess(uc_engine* engine, uc_mem_type type, uint64_t addr
 
 static void ENTRY OnAccess(uc_engine* engine, uc_mem_type type, uint64_t address, int size, int64_t value,
                            void* user) {
-    (void)engine, (void)type, (void)value;
+    (void)engine, (void)value;
     Cpu* const cpu = user;
-    if ((address & (unsigned)(size - 1)) == 0 || cpu->stop != CpuTrapped)
+    if (cpu->stop != CpuTrapped)
+        return;
+    cpu->finding = cpu->check((uint32_t)address, (uint32_t)size, type == UC_MEM_WRITE);
+    if (cpu->finding == 0)
         return;
     cpu->located = Restore((const uintptr_t*)__builtin_frame_address(0), stackWords, cpu->registers);
-    Stop(cpu, CpuUnaligned, (uint32_t)address);
+    Stop(cpu, CpuChecked, (uint32_t)address);
 }
 
 // --- What the runner calls ---
@@ -151,16 +156,17 @@ static int MapAll(uc_engine* engine, const CpuCode* code, unsigned count) {
     return Map(engine, place, highest, UC_PROT_READ | UC_PROT_WRITE);
 }
 
-Cpu* ENTRY CpuOpen(const CpuCode* code, unsigned count, int checks) {
+Cpu* ENTRY CpuOpen(const CpuCode* code, unsigned count, CpuCheck* check) {
     if (!setPage)
         setPage = (void (*)(void))dlsym(RTLD_NEXT, "tlb_set_page_with_attrs_arm");
     Cpu* const cpu = calloc(1, sizeof(Cpu));
     if (!cpu || !setPage || uc_open(UC_ARCH_ARM, UC_MODE_ARM, &cpu->engine) != UC_ERR_OK)
         return NULL;
+    cpu->check = check;
     uc_ctl_set_cpu_model(cpu->engine, UC_CPU_ARM_926);
     if (MapAll(cpu->engine, code, count) && Hook(cpu, UC_HOOK_INTR, OnInterrupt) &&
         Hook(cpu, UC_HOOK_INSN_INVALID, OnBadInstruction) && Hook(cpu, UC_HOOK_MEM_INVALID, OnBadAccess) &&
-        (!checks || Hook(cpu, UC_HOOK_MEM_READ | UC_HOOK_MEM_WRITE, OnAccess)))
+        (!check || Hook(cpu, UC_HOOK_MEM_READ | UC_HOOK_MEM_WRITE, OnAccess)))
         return cpu;
     return NULL;
 }
@@ -181,6 +187,7 @@ CpuStop ENTRY CpuRun(Cpu* cpu, uint32_t* registers, CpuFault* fault) {
     if (cpu->stop != CpuTrapped) {
         fault->stop = cpu->stop;
         fault->address = cpu->address;
+        fault->finding = cpu->finding;
         for (int number = 0; number < 16; ++number)
             fault->registers[number] = cpu->located ? cpu->registers[number] : registers[number];
     }

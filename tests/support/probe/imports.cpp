@@ -29,6 +29,22 @@ void ReplaceImportsOf(std::byte* base, const IMAGE_IMPORT_DESCRIPTOR& library,
     }
 }
 
+void* FunctionOf(const wchar_t* library, const char* name) {
+    return reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(library), name));
+}
+
+/// Has the phone's own executable call the replacement, when the workbench runs it: what that takes from the
+/// phone stands in no table of the process.
+void ReplaceCallOfPhone(const Patch& patch) {
+    using ReplaceCall = bool (*)(void* function, void* replacement);
+    const auto replace = reinterpret_cast<ReplaceCall>(FunctionOf(nullptr, "ReplaceCall"));
+    for (const wchar_t* library : {L"user32", L"advapi32"}) {
+        void* const original = FunctionOf(library, patch.name);
+        if (replace && original && replace(original, patch.replacement))
+            *patch.original = original;
+    }
+}
+
 } // namespace
 
 void ReplaceImports(std::span<const Patch> patches) {
@@ -39,4 +55,6 @@ void ReplaceImports(std::span<const Patch> patches) {
     const auto* library = reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + imports.VirtualAddress);
     for (; library->Name; ++library)
         ReplaceImportsOf(base, *library, patches);
+    for (const Patch& patch : patches)
+        ReplaceCallOfPhone(patch);
 }

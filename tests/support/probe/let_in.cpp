@@ -40,9 +40,9 @@ template <int number, class Function>
 struct Entrance;
 
 template <int number, class Result, class... Arguments>
-struct Entrance<number, Result(Arguments...)> {
-    static inline Result (*original)(Arguments...);
-    static Result Pass(Arguments... arguments) {
+struct Entrance<number, Result(WINAPI*)(Arguments...)> {
+    static inline Result(WINAPI* original)(Arguments...);
+    static Result WINAPI Pass(Arguments... arguments) {
         PassPlace();
         const Result result = original(arguments...);
         PassPlace();
@@ -67,15 +67,15 @@ Patch PatchOf(const char* name) {
 
 void StandBeforeTheCalls() {
     const Patch patches[] = {
-        PatchOf<0, decltype(PeekMessageW)>("PeekMessageW"),
-        PatchOf<1, decltype(MessageBoxW)>("MessageBoxW"),
-        PatchOf<2, decltype(DialogBoxIndirectParamW)>("DialogBoxIndirectParamW"),
-        PatchOf<3, decltype(TrackPopupMenuEx)>("TrackPopupMenuEx"),
-        PatchOf<4, decltype(OpenClipboard)>("OpenClipboard"),
-        PatchOf<5, decltype(EmptyClipboard)>("EmptyClipboard"),
-        PatchOf<6, decltype(SHGetFileInfoW)>("SHGetFileInfoW"),
-        PatchOf<7, decltype(ShellExecuteExW)>("ShellExecuteExW"),
-        PatchOf<8, decltype(GetSaveFileNameW)>("GetSaveFileNameW"),
+        PatchOf<0, decltype(&PeekMessageW)>("PeekMessageW"),
+        PatchOf<1, decltype(&MessageBoxW)>("MessageBoxW"),
+        PatchOf<2, decltype(&DialogBoxIndirectParamW)>("DialogBoxIndirectParamW"),
+        PatchOf<3, decltype(&TrackPopupMenuEx)>("TrackPopupMenuEx"),
+        PatchOf<4, decltype(&OpenClipboard)>("OpenClipboard"),
+        PatchOf<5, decltype(&EmptyClipboard)>("EmptyClipboard"),
+        PatchOf<6, decltype(&SHGetFileInfoW)>("SHGetFileInfoW"),
+        PatchOf<7, decltype(&ShellExecuteExW)>("ShellExecuteExW"),
+        PatchOf<8, decltype(&GetSaveFileNameW)>("GetSaveFileNameW"),
         {"free", reinterpret_cast<void*>(SpoilAndFree), reinterpret_cast<void**>(&originalFree)},
     };
     ReplaceImports(patches);
