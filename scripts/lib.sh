@@ -180,7 +180,7 @@ install_packages() {
     local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -y -o DPkg::Lock::Timeout=300)
     # Other people's sources may be gone: what counts is whether the packages come.
     "${apt[@]}" update >"$log/update" 2>&1 </dev/null
-    "${apt[@]}" install --no-install-recommends "$@" >"$log/install" 2>&1 </dev/null && rm -r "$log" && return
+    "${apt[@]}" install --no-install-recommends --no-remove "$@" >"$log/install" 2>&1 </dev/null && rm -r "$log" && return
 
     tail -n 15 "$log/install" >&2
     local offline='resolv|connect to|Connection|timed out|unreachable'

@@ -74,6 +74,7 @@ Image MapImage(const wchar_t* path, const ImportFinder& find) {
     const std::vector<char> bytes = ReadAll(path);
     const IMAGE_NT_HEADERS32& headers = *HeadersOf(bytes.data(), bytes.size());
     const IMAGE_OPTIONAL_HEADER32& facts = headers.OptionalHeader;
+    // cppcheck-suppress leakReturnValNotUsed  ; it has its place
     if (!place || !VirtualAlloc(At<void>(lowest), facts.SizeOfImage, MEM_COMMIT, PAGE_READWRITE))
         EndWith("the place of the phone's executable is taken");
 

@@ -43,6 +43,7 @@ thread_local Processor* own = nullptr;
 GuestStack MakeStack() {
     auto* memory =
         static_cast<std::uint8_t*>(VirtualAlloc(nullptr, guard + stackSize, MEM_RESERVE, PAGE_NOACCESS));
+    // cppcheck-suppress leakReturnValNotUsed  ; it has its place
     if (!memory || !VirtualAlloc(memory + guard, stackSize, MEM_COMMIT, PAGE_READWRITE))
         EndWith("there is no memory for another stack");
     const auto begin = reinterpret_cast<std::uint32_t>(memory) + guard;

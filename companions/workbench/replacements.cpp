@@ -3,6 +3,8 @@
 #include <cstring>
 #include <cwchar>
 #include <memory>
+#include <mutex>
+#include <set>
 #include <string>
 
 #include "companions/workbench/calls.h"
@@ -59,8 +61,10 @@ FARPROC AsProcedure(std::uint32_t address) {
 const char* PlainName(const wchar_t* name) {
     if (IS_INTRESOURCE(name))
         return nullptr;
-    auto* plain = new std::string(name, name + std::wcslen(name));
-    return plain->c_str();
+    static std::mutex oneAtATime;
+    static std::set<std::string> kept;
+    const std::lock_guard lock(oneAtATime);
+    return kept.emplace(name, name + std::wcslen(name)).first->c_str();
 }
 
 } // namespace

@@ -2,7 +2,7 @@
 
 #include <atomic>
 #include <cstdio>
-#include <mutex>
+#include <memory>
 
 namespace {
 
@@ -14,7 +14,6 @@ struct Page {
 };
 
 std::atomic<Page*> pages[1 << (32 - pageBits)];
-std::mutex oneAtATime;
 bool checking = false;
 
 std::uint32_t AddressOf(const void* place) {
@@ -29,10 +28,10 @@ Known* At(std::uint32_t address) {
 
 Known& Make(std::uint32_t address) {
     std::atomic<Page*>& entry = pages[address >> pageBits];
-    if (!entry) {
-        const std::lock_guard lock(oneAtATime);
-        if (!entry)
-            entry = new Page{};
+    if (Page* page = entry.load(std::memory_order_acquire); !page) {
+        auto made = std::make_unique<Page>();
+        if (entry.compare_exchange_strong(page, made.get()))
+            static_cast<void>(made.release()); // it stays
     }
     return *At(address);
 }
