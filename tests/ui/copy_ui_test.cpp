@@ -173,6 +173,7 @@ TEST_F(CopyUi, AnUnwritableTargetFolderIsReported) {
 }
 
 TEST_F(CopyUi, LinksAreCopiedAsLinks) {
+    ONLY_ON_THE_DESKTOP(hostsEntries);
     device.HostLink("From/Sub/loop", "..");
     device.HostLink("From/Sub/nowhere", "missing");
     device.HostFile("Outside/kept.txt", "kept");
@@ -191,6 +192,7 @@ TEST_F(CopyUi, LinksAreCopiedAsLinks) {
 }
 
 TEST_F(CopyUi, WhatHoldsNothingIsLeftOutAndSaidOnce) {
+    ONLY_ON_THE_DESKTOP(hostsEntries);
     RunOnHost("mkfifo From/Sub/pipe From/Sub/Deep/pipe");
     CopyToTarget({L"Sub", L"a.txt"});
     EXPECT_EQ(ReadMessage(), L"2 entries could not be taken along and were left out.");

@@ -183,6 +183,7 @@ TEST_F(DeleteUi, ALinkPutInAFilesPlaceWhileAQuestionIsOpenGoesAlone) {
 }
 
 TEST_F(DeleteUi, ALinkPutInAFilesPlaceUnderTheOpeningQuestionGoesAlone) {
+    ONLY_ON_THE_DESKTOP(hostsHand);
     device.HostFile("Outside/kept.txt", "kept");
     device.Files(L"\\T\\Many", L"f", 150);
     Delete({L"Many"});
@@ -197,6 +198,7 @@ TEST_F(DeleteUi, ALinkPutInAFilesPlaceUnderTheOpeningQuestionGoesAlone) {
 }
 
 TEST_F(DeleteUi, AnotherFolderPutInTheListedOnesPlaceUnderTheOpeningQuestionIsNotTouched) {
+    ONLY_ON_THE_DESKTOP(hostsHand);
     device.Files(L"\\T\\List\\Many", L"f", 150);
     device.Files(L"\\Other\\List\\Many", L"f", 150);
     StartIn(L"\\T\\List");
@@ -212,19 +214,21 @@ TEST_F(DeleteUi, AnotherFolderPutInTheListedOnesPlaceUnderTheOpeningQuestionIsNo
 }
 
 TEST_F(DeleteUi, WhatIsAddedUnderALongOpeningQuestionIsCounted) {
-    device.Files(L"\\T\\Many", L"f", 3000);
+    device.Files(L"\\T\\Many", L"f", Many());
     Delete({L"Many"});
     const Dialog question = WaitForDeleteQuestion();
     Sleep(5500); // longer than the first count holds
     device.Files(L"\\T\\Many", L"added", 10);
     Answer(question, yesKey);
     const Dialog progress = program.WaitForDialog(L"Delete files...");
-    WaitFor("for the new total", [&] { return progress.Item(1081).Text().ends_with(L"/3011"); });
+    WaitFor("for the new total",
+            [&] { return progress.Item(1081).Text().ends_with(L"/" + std::to_wstring(Many() + 11)); });
     FinishJob();
     EXPECT_FALSE(device.Exists(L"\\T\\Many"));
 }
 
 TEST_F(DeleteUi, DecliningUndoesWhatWasPreparedForTheJob) {
+    ONLY_ON_THE_DESKTOP(hostsHand);
     device.Files(L"\\T\\Many", L"f", 150);
     Delete({L"Many"});
     WaitForDeleteQuestion();
@@ -240,6 +244,7 @@ TEST_F(DeleteUi, DecliningUndoesWhatWasPreparedForTheJob) {
 }
 
 TEST_F(DeleteUi, ClosingTheProgramUnderTheOpeningQuestionDeletesNothing) {
+    ONLY_ON_THE_DESKTOP(hostsHand);
     device.Files(L"\\T\\Many", L"f", 150);
     Delete({L"Many"});
     WaitForDeleteQuestion();
@@ -264,7 +269,8 @@ TEST_F(DeleteUi, ACardIsEmptiedButItsFolderStays) {
 }
 
 TEST_F(DeleteUi, CancelLeavesTheFolderPartlyEmptied) {
-    RunOnHost("mkdir T/Many; cd T/Many; seq -f f%g 100000 | xargs touch"); // or it is over too soon
+    // Or it is over too soon.
+    RunOnHost("mkdir T/Many; cd T/Many; seq -f f%.0f " + std::to_string(30 * Many()) + " | xargs touch");
     Delete({L"Many"});
     AnswerDelete(yesKey);
     Dialog progress = program.WaitForDialog(L"Delete files...");

@@ -69,6 +69,7 @@ TEST_F(DeviceEdgeUi, TheAddressBarLeadsNowhereElse) {
 }
 
 TEST_F(DeviceEdgeUi, TheAddressBarTakesEverySpellingOfAFolder) {
+    ONLY_ON_THE_DESKTOP("drives, which the phone has none of");
     program.Start();
     const std::pair<std::wstring, std::wstring> spellings[] = {
         {L"/Home/Sub", L"\\Home\\Sub"},     {L"\\Home\\Sub\\..", L"\\Home"},
@@ -84,6 +85,7 @@ TEST_F(DeviceEdgeUi, TheAddressBarTakesEverySpellingOfAFolder) {
 }
 
 TEST_F(DeviceEdgeUi, AFolderThatIsHandedOverLiesOnTheDevice) {
+    ONLY_ON_THE_DESKTOP("drives, which the phone has none of");
     program.Start(L"\\Home");
     for (const std::wstring& path : offTheDevice) {
         SCOPED_TRACE(Narrow(path));
@@ -160,6 +162,7 @@ TEST_F(DeviceEdgeUi, AShortcutLeadsNowhereElse) {
 }
 
 TEST_F(DeviceEdgeUi, AProgramThatTheRegistryNamesMayLieOnTheHostsSystemDrive) {
+    ONLY_ON_THE_DESKTOP("drives, which the phone has none of");
     const StandIn tool(L"C:\\windows\\temp\\edge_tool.exe");
     device.WriteText(L"HKCR\\edgetool", L"", L"Edge tool");
     device.WriteText(L"HKCR\\edgetool\\Shell\\Open\\Command", L"",

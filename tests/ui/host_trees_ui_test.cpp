@@ -9,6 +9,11 @@ namespace {
 
 class HostTreesUi : public TransferUi {
   protected:
+    void SetUp() override {
+        ONLY_ON_THE_DESKTOP(hostsHand);
+        TransferUi::SetUp();
+    }
+
     /// A tree with an entry of every kind in \Box, links out of it, and what they lead to.
     static void MakeBox() {
         RunOnHost(R"sh(
@@ -153,6 +158,7 @@ class SwappedUi : public JobUi {
     static constexpr int many = 3000;
 
     void SetUp() override {
+        ONLY_ON_THE_DESKTOP(hostsHand);
         JobUi::SetUp();
         RunOnHost("mkdir -p T/Many/Sub T/Outside/Sub; for folder in T/Many T/Outside; do\n(cd $folder; seq "
                   "-f 'f%g' " +

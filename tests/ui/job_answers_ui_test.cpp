@@ -38,11 +38,13 @@ class JobAnswersUi : public AnswersUi {
 
     /// Fills \From\Many with files that the host makes, so many that even a job of the host's own takes a
     /// while.
-    static void MakeMany() { RunOnHost("mkdir From/Many\ncd From/Many\nseq 60000 | xargs touch"); }
+    static void MakeMany() {
+        RunOnHost("mkdir From/Many\ncd From/Many\nseq " + std::to_string(20 * Many()) + " | xargs touch");
+    }
 };
 
 TEST_F(JobAnswersUi, WhileManyFilesAreCopied) {
-    device.Files(L"\\From\\Many", L"f", 3000);
+    device.Files(L"\\From\\Many", L"f", Many());
     StartIn(L"\\From");
     Copy({L"Many"});
     ExpectInTime([&] { return LongestAnswerOfPaste(); });

@@ -13,6 +13,10 @@ class JobUi : public UiTest {
     static constexpr int allKey = IDM_ANSWER_ALL;
     static constexpr int cancelKey = IDM_ANSWER_CANCEL;
 
+    // What the phone's own executable has none of.
+    static constexpr const char* hostsHand = "a process of the host's that takes whole trees";
+    static constexpr const char* hostsEntries = "links, pipes and other entries of the host's";
+
     void SetUp() override { ShowExtensions(); }
 
     void StartIn(const std::wstring& folder) { program.Start(folder); }
@@ -79,6 +83,10 @@ class JobUi : public UiTest {
         box.Answer(IDOK);
         return text;
     }
+
+    /// So many files that a job on them takes a while: the host takes whole trees at once, the phone file by
+    /// file.
+    static int Many() { return RunsPhoneProgram() ? 500 : 3000; }
 
     /// How many processes of the host's work for the program.
     int Hands() {

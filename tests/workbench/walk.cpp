@@ -44,28 +44,30 @@ void Walk::ExpectNothingOpen(const char* after) {
 }
 
 void Walk::WriteDown(const std::string& step) {
-    std::fprintf(record_, "=== %d: %s\n%s", ++steps_, step.c_str(), SettledState().c_str());
+    std::fprintf(record_, "=== %d: %s\n%s", ++steps_, step.c_str(), SettledWindows().c_str());
+    std::fputs(DescribeDevice().c_str(), record_);
     std::fflush(record_);
 }
 
-std::string Walk::State() const {
-    std::string text = DescribeWindows(program.ProcessId());
+std::string Walk::DescribeDevice() const {
+    std::string text;
     for (const wchar_t* folder : {L"\\Walk", L"\\Windows\\Favorites", L"\\My Documents"})
         text += DescribeFiles(folder);
     return text + DescribeRegistry(productKey);
 }
 
-/// The state when it has stopped changing.
-std::string Walk::SettledState() const {
-    constexpr int still = 3, most = 200;
-    constexpr DWORD pause = 40; // milliseconds
-    std::string last;
-    for (int same = 0, round = 0; same < still && round < most; ++round) {
+/// What is on the screen when it has stopped changing.
+std::string Walk::SettledWindows() const {
+    constexpr int most = 200;
+    constexpr DWORD pause = 60; // milliseconds
+    std::string last, now;
+    for (int round = 0; round < most; ++round) {
         program.WaitUntilIdle();
-        std::string now = State();
-        same = now == last ? same + 1 : 0;
-        last = std::move(now);
+        now = DescribeWindows(program.ProcessId());
+        if (now == last)
+            break;
+        last = now;
         Sleep(pause);
     }
-    return last;
+    return now;
 }

@@ -60,8 +60,8 @@ class Walk : public UiTest {
 
     void LayFiles();
     void WriteDown(const std::string& step);
-    std::string State() const;
-    std::string SettledState() const;
+    std::string DescribeDevice() const;
+    std::string SettledWindows() const;
 
     std::FILE* record_ = nullptr;
     int steps_ = 0;
