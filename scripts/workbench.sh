@@ -22,5 +22,7 @@ use_phone_program() {
     export TARVIK_PHONE_SYMBOLS=$house/build/device/platform/device/link/TarvikFileManager.elf
     export TARVIK_PHONE_CPU=$workbench/cpu.dll.so TARVIK_PHONE_REPORT=$1/phone-report
     # shellcheck disable=SC2034  # device.sh's
+    built=$house/build/workbench
+    # shellcheck disable=SC2034
     program_files=("$workbench/TarvikFileManager.exe" "$house/build/workbench/UNZip.dll")
 }

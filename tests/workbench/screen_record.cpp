@@ -38,16 +38,16 @@ std::string Rectangle(const RECT& place) {
 
 std::string DescribeList(HWND window, int depth) {
     const ListView list(window);
+    const bool hasColumns = list.ViewStyle() == LVS_REPORT;
     std::string text = Line(depth, "style " + std::to_string(list.Style()));
-    const std::wstring focused = list.FocusedName();
     for (int row = 0; row < list.Count(); ++row) {
-        std::string line = list.IsSelected(row) ? "* " : "- ";
-        for (const std::wstring& cell : list.Row(row))
+        std::string line;
+        for (const std::wstring& cell : hasColumns ? list.Row(row) : Texts{list.Text(row)})
             line += Steady(Narrow(cell)) + " | ";
-        line += std::to_string(list.Image(row)) + " state " + std::to_string(list.State(row));
-        text += Line(depth, line);
+        text +=
+            Line(depth, line + std::to_string(list.Image(row)) + " state " + std::to_string(list.State(row)));
     }
-    return text + (focused.empty() ? "" : Line(depth, "focused " + Narrow(focused)));
+    return text;
 }
 
 std::string DescribeTree(HWND window, int depth) {
@@ -118,6 +118,16 @@ std::string DescribeWindow(HWND window, int depth) {
     return Line(depth, line) + DescribeContent(window, depth + 1) + DescribeChildren(window, depth + 1);
 }
 
+std::string DescribeFocus(DWORD process) {
+    for (HWND window : TopWindowsOf(process)) {
+        GUITHREADINFO info{};
+        info.cbSize = sizeof(info);
+        if (GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info) && info.hwndFocus)
+            return "focus " + Narrow(ClassOf(info.hwndFocus)) + Rectangle(PlaceOf(info.hwndFocus)) + "\n";
+    }
+    return "no focus\n";
+}
+
 std::uint32_t SumOf(const std::wstring& file) {
     constexpr std::uint32_t start = 2166136261, prime = 16777619;
     std::uint32_t sum = start;
@@ -133,15 +143,17 @@ std::uint32_t SumOf(const std::wstring& file) {
 
 std::string DescribeWindows(DWORD process) {
     std::string text;
-    HWND focus = nullptr;
-    for (HWND window : TopWindowsOf(process)) {
+    for (HWND window : TopWindowsOf(process))
         text += DescribeWindow(window, 0);
-        GUITHREADINFO info{};
-        info.cbSize = sizeof(info);
-        if (!focus && GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info))
-            focus = info.hwndFocus;
-    }
-    return text + "focus " + (focus ? Narrow(ClassOf(focus)) + Rectangle(PlaceOf(focus)) : "nowhere") + "\n";
+    return text + DescribeFocus(process);
+}
+
+std::string DescribeFront(DWORD process) {
+    std::string text;
+    for (HWND window : TopWindowsOf(process))
+        if (IsWindowVisible(window))
+            text += Narrow(ClassOf(window) + L" " + TextOf(window)) + Rectangle(PlaceOf(window)) + "\n";
+    return text + DescribeFocus(process);
 }
 
 std::string DescribeFiles(const std::wstring& folder) {

@@ -10,6 +10,10 @@
 /// blotted out.
 std::string DescribeWindows(DWORD process);
 
+/// Of the same windows only which there are, their titles and places, and which control has the keyboard:
+/// quickly.
+std::string DescribeFront(DWORD process);
+
 /// The folders and files below a folder of the device, with sizes, attributes and sums of contents.
 std::string DescribeFiles(const std::wstring& folder);
 

@@ -44,7 +44,9 @@ void Walk::ExpectNothingOpen(const char* after) {
 }
 
 void Walk::WriteDown(const std::string& step) {
-    std::fprintf(record_, "=== %d: %s\n%s", ++steps_, step.c_str(), SettledWindows().c_str());
+    Settle();
+    std::fprintf(record_, "=== %d: %s\n%s", ++steps_, step.c_str(),
+                 DescribeWindows(program.ProcessId()).c_str());
     std::fputs(DescribeDevice().c_str(), record_);
     std::fflush(record_);
 }
@@ -56,18 +58,14 @@ std::string Walk::DescribeDevice() const {
     return text + DescribeRegistry(productKey);
 }
 
-/// What is on the screen when it has stopped changing.
-std::string Walk::SettledWindows() const {
-    constexpr int most = 200;
-    constexpr DWORD pause = 60; // milliseconds
-    std::string last, now;
-    for (int round = 0; round < most; ++round) {
+void Walk::Settle() const {
+    constexpr int most = 200, quiet = 2;
+    std::string last;
+    for (int round = 0, same = 0; round < most && same < quiet; ++round) {
+        Sleep(pause_);
         program.WaitUntilIdle();
-        now = DescribeWindows(program.ProcessId());
-        if (now == last)
-            break;
-        last = now;
-        Sleep(pause);
+        std::string now = DescribeFront(program.ProcessId()) + Narrow(program.Folder());
+        same = now == last ? same + 1 : 0;
+        last = std::move(now);
     }
-    return now;
 }

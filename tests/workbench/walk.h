@@ -51,6 +51,11 @@ class Walk : public UiTest {
     }
     void Select(const std::vector<std::wstring>& names);
 
+    /// How long the program is left alone after each step from here on, three times, for what it does by a
+    /// timer.
+    void Pause(DWORD milliseconds) { pause_ = milliseconds; }
+    static constexpr DWORD shortPause = 30, longPause = 300;
+
     /// What has been done leads back here: nothing is open over the main window.
     void ExpectNothingOpen(const char* after);
     int Steps() const { return steps_; }
@@ -61,8 +66,9 @@ class Walk : public UiTest {
     void LayFiles();
     void WriteDown(const std::string& step);
     std::string DescribeDevice() const;
-    std::string SettledWindows() const;
+    void Settle() const;
 
     std::FILE* record_ = nullptr;
     int steps_ = 0;
+    DWORD pause_ = shortPause;
 };

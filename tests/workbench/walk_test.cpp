@@ -71,6 +71,7 @@ void WalkThrough::OpenContextMenus() {
 }
 
 void WalkThrough::UseTheTree() {
+    Pause(longPause);
     Give(IDM_VIEW_FOLDER_TREE);
     Give(IDM_SOFTKEY_CHANGE_VIEW);
     Keys({VK_HOME, VK_DOWN, VK_DOWN, VK_RIGHT, VK_DOWN, VK_LEFT, VK_END, VK_UP, VK_HOME});
@@ -90,6 +91,7 @@ void WalkThrough::UseTheTree() {
     Go(L"\\Walk");
     Give(IDM_SOFTKEY_CHANGE_VIEW);
     Give(IDM_VIEW_FOLDER_TREE);
+    Pause(shortPause);
     ExpectNothingOpen("the tree");
 }
 
