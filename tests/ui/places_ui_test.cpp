@@ -8,6 +8,7 @@
 
 namespace {
 
+constexpr char hostsPlaces[] = "folders that links lead to, or that are told apart by case";
 const std::wstring illegalCopy = L"Illegal copy operation.";
 const std::wstring illegalMove = L"Illegal move operation.";
 const std::wstring systemFolder = L"'Windows' is a system folder and cannot be moved nor deleted.";
@@ -64,6 +65,7 @@ class PlacesUi : public JobUi {
 // --- Into itself ---
 
 TEST_F(PlacesUi, AFolderDoesNotGoIntoItselfThroughACard) {
+    ONLY_ON_THE_DESKTOP(hostsPlaces);
     StartIn(ThroughCard() + L"\\Home");
     Copy({L"Sub"});
     for (const wchar_t* target : {L"\\Home\\Sub", L"\\Home\\Sub\\Deep", L"\\Own Card\\Home\\Sub\\Deep"}) {
@@ -78,6 +80,7 @@ TEST_F(PlacesUi, AFolderDoesNotGoIntoItselfThroughACard) {
 }
 
 TEST_F(PlacesUi, WhatHoldsTheDeviceDoesNotGoIntoIt) {
+    ONLY_ON_THE_DESKTOP(hostsPlaces);
     StartIn(L"\\Outer Card");
     const std::wstring name = ThroughCard().substr(ThroughCard().rfind(L'\\') + 1);
     Copy({name});
@@ -128,6 +131,7 @@ TEST_F(PlacesUi, LettersBeyondAsciiAreOneInEitherCase) {
 }
 
 TEST_F(PlacesUi, FoldersThatTheHostTellsApartByCaseAreTwo) {
+    ONLY_ON_THE_DESKTOP(hostsPlaces);
     device.HostFile("Case/one/x.txt", "x");
     device.HostFolder("Case/ONE");
     StartIn(L"\\Case");
@@ -151,6 +155,7 @@ TEST_F(PlacesUi, ALinkMayGoToWhatItLeadsTo) {
 // --- The same folder ---
 
 TEST_F(PlacesUi, AMoveOntoItselfIsIllegalHoweverTheFolderIsSpelt) {
+    ONLY_ON_THE_DESKTOP(hostsPlaces);
     for (const std::wstring& target : {std::wstring(L"\\HOME"), std::wstring(L"\\Home\\"),
                                        std::wstring(L"\\Own Card\\Home"), ThroughCard() + L"\\Home"}) {
         SCOPED_TRACE(Narrow(target));
@@ -163,6 +168,7 @@ TEST_F(PlacesUi, AMoveOntoItselfIsIllegalHoweverTheFolderIsSpelt) {
 }
 
 TEST_F(PlacesUi, ACopyIntoItsOwnFolderGetsANameHoweverTheFolderIsSpelt) {
+    ONLY_ON_THE_DESKTOP(hostsPlaces);
     StartIn(L"\\Home");
     Copy({L"b.txt"});
     Type(L"\\hOME\\");
@@ -174,6 +180,7 @@ TEST_F(PlacesUi, ACopyIntoItsOwnFolderGetsANameHoweverTheFolderIsSpelt) {
 }
 
 TEST_F(PlacesUi, AFolderIsNotMovedOntoItselfThroughALinkInTheTarget) {
+    ONLY_ON_THE_DESKTOP(hostsPlaces);
     device.HostLink("To/Sub", "../Home/Sub");
     StartIn(L"\\Home");
     Cut({L"Sub"});
@@ -216,6 +223,7 @@ TEST_F(PlacesUi, AfterARenameInTheTreeTheFolderIsStillOne) {
 // --- The system's folder ---
 
 TEST_F(PlacesUi, TheSystemFolderStaysHoweverItIsReached) {
+    ONLY_ON_THE_DESKTOP(hostsPlaces);
     for (const std::wstring& root :
          {std::wstring(L"\\Own Card"), std::wstring(L"\\Own Card\\"), ThroughCard()}) {
         SCOPED_TRACE(Narrow(root));
@@ -235,6 +243,7 @@ TEST_F(PlacesUi, TheSystemFolderStaysHoweverItIsReached) {
 }
 
 TEST_F(PlacesUi, NothingIsDeletedThatTheSystemFolderLiesIn) {
+    ONLY_ON_THE_DESKTOP(hostsPlaces);
     StartIn(L"\\Outer Card");
     Select({ThroughCard().substr(ThroughCard().rfind(L'\\') + 1)});
     ExpectDeleteRefused();
@@ -258,6 +267,7 @@ class SystemNameUi : public NameEditorUi {
 };
 
 TEST_F(SystemNameUi, InTheList) {
+    ONLY_ON_THE_DESKTOP(hostsPlaces);
     device.HostLink("Own Card", ".");
     program.Start();
     for (const std::wstring folder : {L"\\", L"\\Own Card"}) {

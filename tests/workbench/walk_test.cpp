@@ -75,8 +75,10 @@ void WalkThrough::UseTheTree() {
     Give(IDM_VIEW_FOLDER_TREE);
     Give(IDM_SOFTKEY_CHANGE_VIEW);
     Keys({VK_HOME, VK_DOWN, VK_DOWN, VK_RIGHT, VK_DOWN, VK_LEFT, VK_END, VK_UP, VK_HOME});
-    for (const wchar_t* path : {L"\\Walk", L"\\Walk\\Inner", L"\\Walk\\Inner\\Deep", L"\\Walk\\Other"})
+    for (const wchar_t* path : {L"\\Walk", L"\\Walk\\Inner", L"\\Walk\\Inner\\Deep", L"\\Walk\\Other"}) {
         Step("tap node", [&] { Tap(program.Tree().PointOf(path)); });
+        Key(VK_RIGHT);
+    }
     Step("close node", [&] { Tap(program.Tree().ButtonPointOf(L"\\Walk\\Inner")); });
     Step("hold node", [&] { TapAndHold(program.Tree().PointOf(L"\\Walk\\Inner"), 1500); });
     Keys({VK_DOWN, VK_ESCAPE});
