@@ -35,12 +35,20 @@ void Walk::Select(const std::vector<std::wstring>& names) {
     Step("select " + Narrow(names.front()) + " and so on", [&] {
         program.List().SelectNothing();
         for (const std::wstring& name : names)
-            program.List().AddToSelection(name);
+            if (program.List().Has(name))
+                program.List().AddToSelection(name);
     });
 }
 
-void Walk::ExpectNothingOpen(const char* after) {
-    EXPECT_FALSE(program.MenuIsOpen() || program.HasDialog() || program.HasMessageBox()) << after;
+void Walk::CloseAll(const char* after) {
+    constexpr int mostLevels = 5;
+    const auto isOpen = [&] {
+        return program.MenuIsOpen() || program.HasDialog() || program.HasMessageBox();
+    };
+    for (int level = 0; level < mostLevels && isOpen(); ++level)
+        Key(VK_ESCAPE);
+    EXPECT_FALSE(isOpen()) << after;
+    Go(L"\\Walk");
 }
 
 void Walk::WriteDown(const std::string& step) {

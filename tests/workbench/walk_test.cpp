@@ -54,7 +54,7 @@ void WalkThrough::OpenTheMenus() {
     for (int entry = 0; entry < entries; ++entry)
         Keys({VK_DOWN, VK_RIGHT, VK_LEFT});
     Keys({VK_ESCAPE, VK_ESCAPE});
-    ExpectNothingOpen("the menu");
+    CloseAll("the menu");
 }
 
 void WalkThrough::OpenContextMenus() {
@@ -67,7 +67,7 @@ void WalkThrough::OpenContextMenus() {
     Key(VK_ESCAPE);
     Step("hold nothing", [&] { TapAndHold(program.List().EmptyPoint(), 1500); });
     Keys({VK_DOWN, VK_ESCAPE});
-    ExpectNothingOpen("the menus of the list");
+    CloseAll("the menus of the list");
 }
 
 void WalkThrough::UseTheTree() {
@@ -94,7 +94,7 @@ void WalkThrough::UseTheTree() {
     Give(IDM_SOFTKEY_CHANGE_VIEW);
     Give(IDM_VIEW_FOLDER_TREE);
     Pause(shortPause);
-    ExpectNothingOpen("the tree");
+    CloseAll("the tree");
 }
 
 void WalkThrough::DoJobs() {
@@ -135,7 +135,7 @@ void WalkThrough::DoJobs() {
         Keys({VK_DOWN, VK_DOWN, VK_RIGHT, VK_DOWN, VK_UP});
         Answer(IDCANCEL);
     }
-    ExpectNothingOpen("the jobs");
+    CloseAll("the jobs");
 }
 
 void WalkThrough::Rename() {
@@ -153,7 +153,7 @@ void WalkThrough::Rename() {
             Key(VK_RETURN);
         Key(VK_ESCAPE);
     }
-    ExpectNothingOpen("the names");
+    CloseAll("the names");
 }
 
 void WalkThrough::OpenDialogs() {
@@ -172,7 +172,7 @@ void WalkThrough::OpenDialogs() {
         Keys({VK_DOWN, VK_UP, VK_TAB, VK_TAB});
         Answer(IDCANCEL);
     }
-    ExpectNothingOpen("the dialogs");
+    CloseAll("the dialogs");
 }
 
 void WalkThrough::ChangeOptions() {
@@ -186,7 +186,7 @@ void WalkThrough::ChangeOptions() {
     for (const int box : {IDC_HIDE_HIDDEN, IDC_NO_EXTENSION, IDC_REMEMBER_FOLDER})
         Step("mark", [&] { program.WaitForDialog(L"Options").Item(box).Click(); });
     Answer(IDM_OPTIONS_OK);
-    ExpectNothingOpen("the options");
+    CloseAll("the options");
     for (int round = 0; round < 2; ++round) {
         for (const UINT part : {IDM_VIEW_ADDRESS_BAR, IDM_VIEW_STATUS_BAR, IDM_VIEW_FOLDER_TREE})
             Give(part);
@@ -215,7 +215,7 @@ void WalkThrough::GoPlaces() {
     Keys({VK_DOWN, VK_RIGHT, VK_DOWN, VK_ESCAPE, VK_ESCAPE});
     Keys({VK_HOME, VK_DOWN, VK_RETURN, VK_DOWN, VK_DOWN, VK_BACK});
     Go(L"\\Walk");
-    ExpectNothingOpen("the places");
+    CloseAll("the places");
 }
 
 void WalkThrough::SearchFiles() {
@@ -225,7 +225,7 @@ void WalkThrough::SearchFiles() {
     }
     Give(IDM_TOOLBAR_BACK);
     Go(L"\\Walk");
-    ExpectNothingOpen("the search");
+    CloseAll("the search");
 }
 
 void WalkThrough::Drag() {
@@ -234,7 +234,7 @@ void WalkThrough::Drag() {
         Step("drag", [&] { ::Drag(program.List().PointOf(name), program.List().PointOf(L"Other")); });
         Keys({VK_DOWN, VK_ESCAPE});
     }
-    ExpectNothingOpen("dragging");
+    CloseAll("dragging");
 }
 
 TEST_F(WalkThrough, GoesTheWholeWay) {
