@@ -31,6 +31,8 @@ const Call calls[] = {
     {"FindFirstFileW", Of(replaced::FindFirstFileW)},
     {"FindNextFileW", Of(replaced::FindNextFileW)},
     {"free", Of(FreeBlock)},
+    {"GetAsyncKeyState", Of(replaced::GetAsyncKeyState)},
+    {"GetKeyState", Of(replaced::GetKeyState)},
     {"GetModuleHandleW", Of(replaced::GetModuleHandleW)},
     {"GetProcAddressW", Of(replaced::GetProcAddressW)},
     {"GetSysColor", Of(replaced::GetSysColor)},
@@ -42,6 +44,7 @@ const Call calls[] = {
     {"RegisterClassW", Of(replaced::RegisterClassW)},
     {"SetWindowLongW", Of(replaced::SetWindowLongW)},
     {"ShowWindow", Of(replaced::ShowWindow)},
+    {"towlower", Of(replaced::towlower)},
     {"TerminateProcess", Of(replaced::TerminateProcess)},
     // What is to be given back at the end.
     {"CommandBar_Create", Of(replaced::CommandBar_Create)},

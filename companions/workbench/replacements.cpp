@@ -121,7 +121,19 @@ int EnumFontsW(HDC context, const wchar_t* name, FONTENUMPROCW report, LPARAM pa
     return ce::EnumFontsW(context, name, CallableAs(report), parameter);
 }
 
-ATOM RegisterClassW(const WNDCLASSW* description) {
+int GetAsyncKeyState(int key) {
+    return ::GetAsyncKeyState(key);
+}
+
+int GetKeyState(int key) {
+    return ::GetKeyState(key);
+}
+
+unsigned towlower(unsigned character) {
+    return ::towlower(static_cast<wint_t>(character));
+}
+
+unsigned RegisterClassW(const WNDCLASSW* description) {
     WNDCLASSW host = *description;
     host.lpfnWndProc = CallableAs(host.lpfnWndProc);
     NoteGivenAway(host.hbrBackground);

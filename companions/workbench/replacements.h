@@ -32,11 +32,16 @@ HANDLE CreateThread(SECURITY_ATTRIBUTES* security, SIZE_T stack, LPTHREAD_START_
 INT_PTR DialogBoxIndirectParamW(HINSTANCE instance, const DLGTEMPLATE* dialog, HWND owner, DLGPROC procedure,
                                 LPARAM parameter);
 int EnumFontsW(HDC context, const wchar_t* name, FONTENUMPROCW report, LPARAM parameter);
-ATOM RegisterClassW(const WNDCLASSW* description);
 LONG SetWindowLongW(HWND window, int index, LONG value);
 
 HMODULE GetModuleHandleW(const wchar_t* name);
 FARPROC GetProcAddressW(HMODULE library, const wchar_t* name);
+
+// What the host answers in half a word, the phone's program takes for a whole one.
+int GetAsyncKeyState(int key);
+int GetKeyState(int key);
+unsigned RegisterClassW(const WNDCLASSW* description);
+unsigned towlower(unsigned character);
 
 /// As memmove and memset.
 void* MoveBlock(void* to, const void* from, std::size_t size);

@@ -55,14 +55,23 @@ inline std::unique_ptr<TreeSteps> BeginTreeSteps() {
 /// Slashes, "." and ".." mean nothing to the phone's own calls. A server's path stays as it is.
 inline BOOL ResolvePath(const wchar_t* path, wchar_t* resolved, int capacity) {
     const std::wstring_view text = path;
-    const std::span<wchar_t> room(resolved, static_cast<std::size_t>(capacity) - 2);
+    const std::span<wchar_t> room(resolved, static_cast<std::size_t>(capacity) - 1);
     *resolved = L'\0';
-    if (text.starts_with(L"\\\\") && text.size() < room.size())
-        *std::ranges::copy(text, resolved).out = L'\0';
-    else if (const std::optional<std::size_t> length = SpellPath(text, noDrive, room);
-             length && !text.empty())
-        std::wcscpy(resolved + *length, *length == 0 || IsSlash(text.back()) ? L"\\" : L"");
-    return *resolved != L'\0';
+    if (text.empty())
+        return FALSE;
+    if (text.starts_with(L"\\\\")) {
+        if (text.size() <= room.size())
+            *std::ranges::copy(text, resolved).out = L'\0';
+        return *resolved != L'\0';
+    }
+    const std::optional<std::size_t> length = SpellPath(text, noDrive, room);
+    const std::size_t slash = length && (*length == 0 || IsSlash(text.back())) ? 1 : 0;
+    if (!length || *length + slash > room.size()) {
+        *resolved = L'\0';
+        return FALSE;
+    }
+    std::wcscpy(resolved + *length, slash != 0 ? L"\\" : L"");
+    return TRUE;
 }
 
 /// The phone has no links: a folder is where its path says, in letters of any case.

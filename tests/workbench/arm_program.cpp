@@ -211,6 +211,14 @@ void __attribute__((noinline)) CopyBeside() {
     std::memmove(reinterpret_cast<void*>(block), reinterpret_cast<void*>(block + 4), Hidden(100u));
 }
 
+void TakeShortAnswers() {
+    keybd_event(VK_F20, 0, 0, 0);
+    CHECK(GetAsyncKeyState(VK_F20) < 0);
+    keybd_event(VK_F20, 0, KEYEVENTF_KEYUP, 0);
+    CHECK(GetAsyncKeyState(VK_F20) >= 0);
+    CHECK(towlower(Hidden(L'\u00c4')) == L'\u00e4');
+}
+
 /// What is written by the program, by the host on its behalf, or copied, may be read; and so may what is none
 /// of the heap's.
 void ReadWritten() {
@@ -274,6 +282,8 @@ void Do(const wchar_t* what) {
         FreeTwice();
     else if (is(L"close-twice"))
         CloseTwice();
+    else if (is(L"short-answers"))
+        TakeShortAnswers();
     else if (is(L"read-heap-freed"))
         ReadHeapFreed();
     else if (is(L"read-beside"))

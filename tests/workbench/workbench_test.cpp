@@ -84,6 +84,7 @@ void ExpectToRun(const wchar_t* what, Checks checks) {
 TEST(Workbench, RunsWhatGoesWell) {
     ExpectToRun(L"well", Checks::Cheap);
     ExpectToRun(L"give-all-back", Checks::Cheap);
+    ExpectToRun(L"short-answers", Checks::Cheap);
 }
 
 TEST(Workbench, RunsWhatGoesWellWithAllChecks) {
