@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "companions/archiver/failure.h"
+#include "platform/desktop/noted_files.h"
 #include "platform/desktop/own_entry.h"
 
 namespace archiver {
@@ -66,6 +67,17 @@ std::wstring DisplayPath(std::wstring_view fullPath) {
 
 bool DeviceCanName(std::wstring_view fullPath) {
     return DisplayPath(fullPath).size() <= longestDevicePath;
+}
+
+std::wstring PlaceInTheMaking(std::wstring_view folder) {
+    static NotedFiles noted; // as long as the library stays loaded
+    static std::wstring last;
+    std::wstring place = std::wstring(folder) + L"\\~arc" + std::wstring(noted.Mark()) + L".tmp";
+    if (place != last) { // one file after another is made in a folder
+        noted.Note(place);
+        last = place;
+    }
+    return place;
 }
 
 bool SameName(std::wstring_view a, std::wstring_view b) {
@@ -184,11 +196,6 @@ FILETIME File::WriteTime() const {
 
 void File::SetWriteTime(const FILETIME& time) {
     SetFileTime(handle_, nullptr, nullptr, &time);
-}
-
-bool File::VanishWhenClosed(bool vanish) {
-    FILE_DISPOSITION_INFO info{vanish};
-    return SetFileInformationByHandle(handle_, FileDispositionInfo, &info, sizeof(info)) != FALSE;
 }
 
 std::wstring File::FinalPath() const {

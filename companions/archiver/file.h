@@ -42,6 +42,10 @@ bool MakeFolder(const std::wstring& path);
 /// What is free for this user on the disk of a folder; nothing when the system does not say.
 std::optional<std::uint64_t> FreeSpaceAt(const std::wstring& folder);
 
+/// Where a file of `folder` is made before it has its name: a name that nobody else uses. It is noted, so
+/// that the program's next start removes what a sudden end leaves there.
+std::wstring PlaceInTheMaking(std::wstring_view folder);
+
 /// Whether two paths or names are the same one to the device, which takes capital and small letters for
 /// equal.
 bool SameName(std::wstring_view a, std::wstring_view b);
@@ -75,9 +79,6 @@ class File {
     std::uint64_t Size() const;
     FILETIME WriteTime() const;
     void SetWriteTime(const FILETIME& time);
-    /// Whether the file, made by TryToCreate, goes with its handle: also when the program is ended suddenly.
-    /// False when the disk knows no such thing.
-    bool VanishWhenClosed(bool vanish);
     /// Where it really is, once every link on the way is followed; empty when the system does not say. It
     /// tells files apart where numbers do not: two cards may each have a file of the same number.
     std::wstring FinalPath() const;

@@ -4,22 +4,18 @@
 
 namespace archiver {
 
-FileInTheMaking::FileInTheMaking(std::wstring place) : place_(std::move(place)) {
-    // One may be left of an earlier call, where the system itself was ended in its middle.
-    for (int number = 0; !file_; ++number) {
-        path_ = std::wstring(ParentOf(place_)) + L"\\~arc" + std::to_wstring(number) + L".tmp";
-        if (std::optional<File> file = File::TryToCreate(path_, place_))
-            file_.emplace(std::move(*file));
-    }
-    vanishes_ = file_->VanishWhenClosed(true);
+FileInTheMaking::FileInTheMaking(std::wstring place)
+    : place_(std::move(place)), path_(PlaceInTheMaking(ParentOf(place_))),
+      file_(File::TryToCreate(path_, place_)) {
+    if (!file_)
+        throw Failure(L"'" + DisplayPath(path_) + L"' is there already");
 }
 
 FileInTheMaking::~FileInTheMaking() {
     if (!file_)
         return;
     file_.reset();
-    if (!vanishes_)
-        DeleteFileW(path_.c_str());
+    DeleteFileW(path_.c_str());
 }
 
 bool FileInTheMaking::TakePlace(bool replace) {
@@ -27,13 +23,9 @@ bool FileInTheMaking::TakePlace(bool replace) {
     const bool isGuarded = there != INVALID_FILE_ATTRIBUTES && (there & FILE_ATTRIBUTE_READONLY) != 0;
     if (isGuarded)
         SetFileAttributesW(place_.c_str(), FILE_ATTRIBUTE_NORMAL);
-    if (vanishes_)
-        vanishes_ = !file_->VanishWhenClosed(false);
     try {
-        if (!file_->Rename(place_, replace)) {
-            vanishes_ = file_->VanishWhenClosed(true);
+        if (!file_->Rename(place_, replace))
             return false;
-        }
     } catch (const Failure&) {
         if (isGuarded)
             SetFileAttributesW(place_.c_str(), there);

@@ -26,7 +26,6 @@ class FileInTheMaking {
     std::wstring place_;
     std::wstring path_;
     std::optional<File> file_;
-    bool vanishes_ = false; // with its handle
 };
 
 } // namespace archiver

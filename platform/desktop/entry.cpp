@@ -2,6 +2,7 @@
 #include "platform/desktop/device_shell.h"
 #include "platform/desktop/hand.h"
 #include "platform/desktop/host_quoting.h"
+#include "platform/desktop/noted_files.h"
 
 namespace {
 
@@ -23,6 +24,7 @@ int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, wchar_t* commandLine, int) {
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX); // the phone asks for no missing medium
     MakeOwnDriveTheRoot();
     SweepLeftovers();
+    SweepNotedFiles();
     UndoHostQuoting(commandLine);
     StartDeviceShell(instance);
     return ProgramMain(instance, commandLine);

@@ -151,6 +151,10 @@ File File::OpenToKnow(const std::wstring& path) {
     return {new OpenFile{KeyOf(path)}, path};
 }
 
+std::wstring PlaceInTheMaking(std::wstring_view folder) {
+    return std::wstring(folder) + L"\\~arc0.tmp";
+}
+
 File File::OpenToMark(const std::wstring& path) {
     ExpectSafe(path);
     return OpenToKnow(path);
@@ -197,10 +201,6 @@ FILETIME File::WriteTime() const {
 }
 
 void File::SetWriteTime(const FILETIME&) {}
-
-bool File::VanishWhenClosed(bool) {
-    return false; // as on a disk that knows no such thing
-}
 
 std::wstring File::FinalPath() const {
     const std::wstring& key = static_cast<OpenFile*>(handle_)->key;
