@@ -225,7 +225,7 @@ scene_archives() {
     play ctrl+l text:Ho ctrl+m Down Right Return
     snap extract-to
     # One that takes long enough for its picture.
-    (cd "$fresh/seed/Temp" && head -c 900M /dev/zero | split -b 30M -d - 'Picture ' && zip -qm1 Journey.zip Picture*)
+    (cd "$fresh/seed/Temp" && head -c 48M /dev/zero | split -a 5 -b 4k -d - 'Picture ' && zip -qm1 Journey.zip Picture*)
     begin '\Temp'
     play ctrl+l text:Jo ctrl+m Down Right Return F1
     sleep 0.6
