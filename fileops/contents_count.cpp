@@ -47,13 +47,15 @@ bool ContentsCount::CountNext() {
         CountSelected(entries_[next_++]);
         return true;
     }
+    const bool isFolder = IsFolder(walk_->Entry().dwFileAttributes);
+    const bool isLink = (walk_->Entry().dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
     Path path;
-    if (IsFolder(walk_->Entry().dwFileAttributes))
-        ++totals_.folders;
-    else if (path.AssignChild(walk_->Folder(), walk_->Entry().cFileName))
-        CountFile(path);
+    if (!path.AssignChild(walk_->Folder(), walk_->Entry().cFileName))
+        ++(isFolder ? totals_.folders : totals_.files);
+    else if (isFolder)
+        CountFolder(path, isLink);
     else
-        ++totals_.files;
+        CountFile(path);
     walk_->Next();
     return true;
 }
@@ -64,9 +66,18 @@ void ContentsCount::CountSelected(const SelectionEntry& entry) {
         return;
     if (entry.kind != ItemKind::Folder)
         return CountFile(path);
-    ++totals_.folders;
-    if (!IsLink(path))
+    const bool isLink = IsLink(path);
+    CountFolder(path, isLink);
+    if (!isLink)
         walk_.emplace(path.View());
+}
+
+/// What a link leads to is not gone into.
+void ContentsCount::CountFolder(const Path& path, bool isLink) {
+    ++totals_.folders;
+    Path pattern;
+    if (!isLink && pattern.AssignPattern(path.View()))
+        totals_.unlisted += ce::CountUnlisted(pattern.Text());
 }
 
 void ContentsCount::CountFile(const Path& path) {

@@ -11,7 +11,8 @@
 struct ContentsTotals {
     std::uint32_t bytes = 0; // wraps, as the device's sizes do
     std::int32_t files = 0;
-    std::int32_t folders = 0; // a single selected folder does not count itself
+    std::int32_t folders = 0;  // a single selected folder does not count itself
+    std::int32_t unlisted = 0; // entries in them that no path leads to
 };
 
 class ContentsCount {
@@ -25,6 +26,7 @@ class ContentsCount {
 
   private:
     bool CountNext();
+    void CountFolder(const Path& path, bool isLink);
     void CountSelected(const SelectionEntry& entry);
     void CountFile(const Path& path);
 

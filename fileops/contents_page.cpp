@@ -66,7 +66,10 @@ void ContentsPage::ShowTotals() {
     std::array<wchar_t, 64> text{};
     FormatText(text, L"Folders : %d", totals.folders);
     SetDlgItemTextW(Window(), IDC_FOLDER_COUNT, text.data());
-    FormatText(text, L"Files :     %d", totals.files);
+    if (totals.unlisted == 0)
+        FormatText(text, L"Files :     %d", totals.files);
+    else
+        FormatText(text, L"Files :     %d, not shown : %d", totals.files, totals.unlisted);
     SetDlgItemTextW(Window(), IDC_FILE_COUNT, text.data());
     FormatSize(totals.bytes, text, L"%s KB", L"%s MB");
     SetDlgItemTextW(Window(), IDC_CONTENTS_SIZE, text.data());

@@ -1,5 +1,6 @@
 #include "fileops/file_job.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "app/app_state.h"
@@ -181,7 +182,7 @@ void FileJob::HoldFolders() {
     const SelectionEntry* last = nullptr;
     for (const SelectionEntry& entry : entries_) {
         if (!last || std::wstring_view(entry.folder.data()) != last->folder.data())
-            steps_->Hold(entry.folder.data());
+            steps_->Hold(entry.folder.data(), *this);
         last = &entry;
     }
 }
@@ -214,6 +215,12 @@ void FileJob::ShowProgress() {
 void FileJob::OnName(const wchar_t* name) {
     CopyTextTo(shownName_, name);
     KeepGoing();
+}
+
+/// What no list shows goes along, and was not counted.
+void FileJob::OnUnits(int count) {
+    completed_ += count;
+    total_ = std::max(total_, completed_);
 }
 
 void FileJob::ShowSource(const wchar_t* text) {

@@ -72,7 +72,7 @@ class FileJob : public ce::TreeWatch, protected LengthCheck, private DialogFrame
     /// Brings the display up to date now and then.
     bool KeepGoing() final;
     void OnName(const wchar_t* name) final;
-    void OnUnits(int count) final { completed_ += count; }
+    void OnUnits(int count) final;
     bool MayReplaceFile(const wchar_t*, const wchar_t*) override { return false; }
     bool MayUseFolder(const wchar_t*) override { return false; }
     /// What is worked on as a whole.

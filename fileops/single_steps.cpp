@@ -22,7 +22,7 @@ bool IsFolderLink(DWORD attributes) {
 
 class SingleSteps final : public ce::TreeSteps, private CopyWatch {
   public:
-    void Hold(const wchar_t*) override {}
+    void Hold(const wchar_t*, ce::TreeWatch&) override {}
     ce::StepResult Remove(const ce::TreeEntry& entry, ce::TreeWatch& watch) override;
     ce::StepResult Transfer(const ce::TreeEntry& entry, const wchar_t* targetFolder,
                             const wchar_t* targetName, bool isMove, ce::TreeWatch& watch) override;

@@ -47,7 +47,7 @@ class TransferJob final : public FileJob {
 };
 
 const wchar_t* TransferJob::Work() {
-    Steps().Hold(targetFolder_.Text());
+    Steps().Hold(targetFolder_.Text(), *this);
     for (const SelectionEntry& entry : Entries()) {
         if (IsCancelled())
             return L"Canceled";

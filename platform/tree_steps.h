@@ -45,8 +45,9 @@ class TreeSteps {
     TreeSteps& operator=(const TreeSteps&) = delete;
     virtual ~TreeSteps() = default;
 
-    /// From now on the path means the folder that has it now, whatever takes its place.
-    virtual void Hold(const wchar_t* folder) = 0;
+    /// From now on the path means the folder that has it now, whatever takes its place. A disk may keep it
+    /// waiting: the watch is asked whether to go on.
+    virtual void Hold(const wchar_t* folder, TreeWatch& watch) = 0;
     /// Deletes the entry and all that is in it, without a question.
     virtual StepResult Remove(const TreeEntry& entry, TreeWatch& watch) = 0;
     /// Copies or moves the entry, a folder entry by entry, into a folder where it gets a name.

@@ -1,11 +1,12 @@
 #include "companions/archiver/file.h"
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
+#include <vector>
 
 #include "companions/archiver/failure.h"
 #include "platform/desktop/noted_files.h"
-#include "platform/desktop/own_entry.h"
 
 namespace archiver {
 
@@ -212,7 +213,13 @@ std::wstring File::FinalPath() const {
 }
 
 bool File::Rename(const std::wstring& to, bool replace) {
-    if (RenameOwnEntry(handle_, to.c_str(), replace))
+    const std::size_t bytes = to.size() * sizeof(wchar_t);
+    std::vector<std::byte> block(sizeof(FILE_RENAME_INFO) + bytes);
+    auto* info = reinterpret_cast<FILE_RENAME_INFO*>(block.data());
+    info->ReplaceIfExists = static_cast<BOOLEAN>(replace);
+    info->FileNameLength = static_cast<DWORD>(bytes);
+    std::memcpy(info->FileName, to.data(), bytes);
+    if (SetFileInformationByHandle(handle_, FileRenameInfo, info, static_cast<DWORD>(block.size())))
         return true;
     const DWORD error = GetLastError();
     if (!replace && (error == ERROR_ALREADY_EXISTS || error == ERROR_FILE_EXISTS))

@@ -4,12 +4,21 @@
 
 #include "companions/archiver/failure.h"
 #include "companions/archiver/member_names.h"
+#include "platform/entry_names.h"
 
 namespace archiver {
 
 namespace {
 
 constexpr std::wstring_view wholeFolder = L"\\*";
+
+constexpr wchar_t nameReason[] = L"the device cannot open files by such names";
+constexpr wchar_t specialReason[] = L"pipes and devices are not packed";
+
+/// Whether the host has a pipe or a device there: to open one may wait forever.
+bool IsSpecial(const std::wstring& path) {
+    return AttributesOf(path) == INVALID_FILE_ATTRIBUTES && GetLastError() == ERROR_INVALID_PARAMETER;
+}
 
 /// A link that lies directly on a volume is a storage card.
 bool IsStorageCard(const std::wstring& path) {
@@ -49,6 +58,10 @@ class Collector {
 };
 
 void Collector::Add(const std::wstring& path) {
+    if (IsSpecial(path)) {
+        leftOut_.Add(NameInArchive(path, base_), specialReason);
+        return;
+    }
     const DWORD attributes = AttributesOf(path);
     if (attributes == INVALID_FILE_ATTRIBUTES)
         FailBySystem(L"'" + DisplayPath(path) + L"' cannot be opened");
@@ -117,11 +130,19 @@ void Collector::List(const Source& folder, const std::shared_ptr<const std::wstr
         if (name == L"." || name == L"..")
             continue;
         const bool isFolder = (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+        if (!LeadsToEntry(name)) {
+            leftOut_.Add(std::wstring(name), nameReason);
+            continue;
+        }
         std::wstring path = folder.path;
         path.append(1, L'\\').append(name);
         std::wstring inArchive = NameInArchive(path, base_);
         if (!isFolder && (entry.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {
             leftOut_.Add(inArchive, linkReason);
+            continue;
+        }
+        if (IsSpecial(path)) {
+            leftOut_.Add(inArchive, specialReason);
             continue;
         }
         pending_.push_back({std::move(path), std::move(inArchive), isFolder, entry.ftLastWriteTime, place});

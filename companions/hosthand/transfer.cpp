@@ -67,6 +67,7 @@ class TreeTransfer {
     Outcome Take(const Item& item);
     Outcome Enter(const Item& item, bool isCard);
     Outcome Leave();
+    void LeaveUndone(const Outcome& outcome);
     Descriptor OpenTarget(const Item& item, bool& isNew);
     Outcome TakeSingle(const Item& item);
     Outcome Bring(const Item& item, const Step& step);
@@ -91,7 +92,7 @@ Outcome TreeTransfer::Run() {
     while (outcome.IsDone() && !levels_.empty())
         outcome = employer_.KeepGoing() ? TakeNext() : Outcome{hand::ResultCode::Stopped};
     for (; !levels_.empty(); levels_.pop_back())
-        FinishTarget(levels_.back());
+        LeaveUndone(outcome);
     outcome.leftOut = leftOut_;
     outcome.atBothPlaces = atBothPlaces_;
     return outcome;
@@ -202,6 +203,15 @@ Outcome TreeTransfer::Leave() {
     }
     employer_.CompleteUnit();
     return {};
+}
+
+/// What was made for a folder whose contents stay where they are goes again, unless something is in it.
+void TreeTransfer::LeaveUndone(const Outcome& outcome) {
+    const Level& level = levels_.back();
+    FinishTarget(level);
+    const int parent = levels_.size() == 1 ? place_.folder : levels_[levels_.size() - 2].target.Get();
+    if (level.isNew && outcome.code == hand::ResultCode::SourceStays)
+        unlinkat(parent, level.targetName.c_str(), AT_REMOVEDIR);
 }
 
 // --- Single entries ---

@@ -45,8 +45,10 @@ class RealPlace {
 
 // --- file_calls.cpp: as the host's, kept on the device. Any thread. ---
 
+/// Makes no file whose name the phone does not take, and opens no pipe or device of the host's.
 HANDLE CreateFileW(const wchar_t* path, DWORD access, DWORD sharing, SECURITY_ATTRIBUTES* security,
                    DWORD creation, DWORD flags, HANDLE pattern);
+/// Fails for a name that the phone does not take.
 BOOL CreateDirectoryW(const wchar_t* path, SECURITY_ATTRIBUTES* security);
 HANDLE FindFirstChangeNotificationW(const wchar_t* folder, BOOL subfolders, DWORD filter);
 BOOL GetDiskFreeSpaceExW(const wchar_t* folder, ULARGE_INTEGER* available, ULARGE_INTEGER* total,
@@ -54,12 +56,15 @@ BOOL GetDiskFreeSpaceExW(const wchar_t* folder, ULARGE_INTEGER* available, ULARG
 
 // --- file_system.cpp: one root, storage cards, files in ROM. Any thread. ---
 
-/// Finds as the phone does: never "." or "..". A linked folder of the root has the attributes of a storage
+/// Finds as the phone does: never "." or "..", nor what no path would lead to (entry_names.h). A linked folder of the root has the attributes of a storage
 /// card (0x100, no link bit); links further down keep FILE_ATTRIBUTE_REPARSE_POINT; a file lying directly in
 /// \Windows has FILE_ATTRIBUTE_INROM. Close the handle with ce::FindClose.
 HANDLE FindFirstFileW(const wchar_t* pattern, WIN32_FIND_DATAW* found);
 BOOL FindNextFileW(HANDLE find, WIN32_FIND_DATAW* found);
 BOOL FindClose(HANDLE find);
+
+/// How many entries that the pattern matches ce::FindFirstFileW leaves out because no path leads to them.
+int CountUnlisted(const wchar_t* pattern);
 
 /// The attributes as ce::FindFirstFileW gives them. The root ("\" or "") is a plain folder.
 DWORD GetFileAttributesW(const wchar_t* path);

@@ -56,6 +56,11 @@ const wchar_t* DevicePath::WithDrive() const {
     return length_ == 0 ? text_.data() : text_.data() + hostPrefix.size();
 }
 
+bool IsHostSpecial(const DevicePath& path) {
+    return ::GetFileAttributesW(path.Text()) == INVALID_FILE_ATTRIBUTES &&
+           GetLastError() == ERROR_INVALID_PARAMETER;
+}
+
 namespace ce {
 
 BOOL ResolvePath(const wchar_t* path, wchar_t* resolved, int capacity) {

@@ -29,5 +29,9 @@ class DevicePath {
     std::size_t length_ = 0;
 };
 
+/// Whether a pipe or a device of the host's has the path. To open one may wait forever, and lets those go on
+/// who wait at its other end.
+bool IsHostSpecial(const DevicePath& path);
+
 /// The letter of the drive that is the device.
 wchar_t DeviceDrive();

@@ -8,6 +8,7 @@
 #include "platform/desktop/device_path.h"
 #include "platform/desktop/hand.h"
 #include "platform/desktop/rooted_path.h"
+#include "platform/entry_names.h"
 #include "platform/handles.h"
 
 namespace {
@@ -39,24 +40,9 @@ struct Search {
     Place place;
 };
 
-/// Whether the phone has an entry of this name. A name with a backslash, or with a blank or dot at its end,
-/// would as a path mean another file.
-bool IsPhoneName(std::wstring_view name) {
-    return name != L"." && name != L".." && !name.empty() && name.back() != L'.' && name.back() != L' ' &&
-           name.find(L'\\') == std::wstring_view::npos;
-}
-
-/// Whether the phone takes the name for an entry.
-bool IsNewPhoneName(std::wstring_view name) {
-    return IsPhoneName(name) && std::ranges::none_of(name, [](wchar_t character) {
-               return character < L' ' ||
-                      std::wstring_view(L"/:*?\"<>|").find(character) != std::wstring_view::npos;
-           });
-}
-
 /// Passes over what the phone has not, and marks the entry. False when nothing is left.
 bool SettleOnEntry(const Search& search, WIN32_FIND_DATAW& found) {
-    while (!IsPhoneName(found.cFileName)) {
+    while (!LeadsToEntry(found.cFileName)) {
         if (!::FindNextFileW(search.handle, &found))
             return false;
     }
@@ -137,6 +123,21 @@ BOOL FindClose(HANDLE find) {
     return closed;
 }
 
+int CountUnlisted(const wchar_t* pattern) {
+    const DevicePath device(pattern);
+    WIN32_FIND_DATAW found{};
+    const HANDLE search = device ? ::FindFirstFileW(device.Text(), &found) : INVALID_HANDLE_VALUE;
+    if (search == INVALID_HANDLE_VALUE)
+        return 0;
+    int count = 0;
+    do {
+        const std::wstring_view name = found.cFileName;
+        count += name != L"." && name != L".." && !LeadsToEntry(name) ? 1 : 0;
+    } while (::FindNextFileW(search, &found));
+    ::FindClose(search);
+    return count;
+}
+
 DWORD GetFileAttributesW(const wchar_t* path) {
     const DevicePath device(path);
     if (!device)
@@ -144,6 +145,8 @@ DWORD GetFileAttributesW(const wchar_t* path) {
     if (device.Rooted() == L"\\")
         return FILE_ATTRIBUTE_DIRECTORY;
     const DWORD attributes = ::GetFileAttributesW(device.Text());
+    if (attributes == INVALID_FILE_ATTRIBUTES && IsHostSpecial(device))
+        return FILE_ATTRIBUTE_ARCHIVE; // as it is listed
     return attributes == INVALID_FILE_ATTRIBUTES ? attributes : PhoneAttributes(PlaceOf(device), attributes);
 }
 

@@ -52,7 +52,7 @@ bool IsShared(const WideText& path, DWORD access) {
 
 class HandSteps final : public ce::TreeSteps {
   public:
-    void Hold(const wchar_t* folder) override;
+    void Hold(const wchar_t* folder, ce::TreeWatch& watch) override;
     ce::StepResult Remove(const ce::TreeEntry& entry, ce::TreeWatch& watch) override;
     ce::StepResult Transfer(const ce::TreeEntry& entry, const wchar_t* targetFolder,
                             const wchar_t* targetName, bool isMove, ce::TreeWatch& watch) override;
@@ -66,7 +66,7 @@ class HandSteps final : public ce::TreeSteps {
     };
 
     bool Begin(MessageWriter& request);
-    ce::StepResult Follow(const Subject& subject, ce::TreeWatch* watch);
+    ce::StepResult Follow(const Subject& subject, ce::TreeWatch& watch);
     void OnProgress(MessageReader fields, ce::TreeWatch& watch);
     bool Answer(const HandMessage& question, const Subject& subject, ce::TreeWatch& watch);
     ce::StepResult ReadResult(MessageReader fields);
@@ -94,10 +94,10 @@ bool HandSteps::Begin(MessageWriter& request) {
     return !isBroken_;
 }
 
-void HandSteps::Hold(const wchar_t* folder) {
+void HandSteps::Hold(const wchar_t* folder, ce::TreeWatch& watch) {
     MessageWriter request(Kind::Hold);
     if (AddText(request, HandPath(folder)) && Begin(request))
-        Follow({}, nullptr);
+        Follow({}, watch);
 }
 
 ce::StepResult HandSteps::Remove(const ce::TreeEntry& entry, ce::TreeWatch& watch) {
@@ -105,7 +105,7 @@ ce::StepResult HandSteps::Remove(const ce::TreeEntry& entry, ce::TreeWatch& watc
     if (!AddPath(request, entry.folder, entry.name))
         return ce::StepResult::Failed;
     request.Number(entry.isFolder);
-    return Begin(request) ? Follow({entry}, &watch) : ce::StepResult::Failed;
+    return Begin(request) ? Follow({entry}, watch) : ce::StepResult::Failed;
 }
 
 ce::StepResult HandSteps::Transfer(const ce::TreeEntry& entry, const wchar_t* targetFolder,
@@ -117,22 +117,20 @@ ce::StepResult HandSteps::Transfer(const ce::TreeEntry& entry, const wchar_t* ta
     if (!AddPath(request, targetFolder, targetName))
         return ce::StepResult::Failed;
     request.Number(isMove);
-    return Begin(request) ? Follow({entry, targetFolder, targetName}, &watch) : ce::StepResult::Failed;
+    return Begin(request) ? Follow({entry, targetFolder, targetName}, watch) : ce::StepResult::Failed;
 }
 
 /// Goes along with a request until its result.
-ce::StepResult HandSteps::Follow(const Subject& subject, ce::TreeWatch* watch) {
+ce::StepResult HandSteps::Follow(const Subject& subject, ce::TreeWatch& watch) {
     HandMessage message;
     while (hand_.Read(message)) {
         if (message.kind == Kind::Result)
             return ReadResult(message.Reader());
-        if (!watch)
-            continue;
         if (message.kind == Kind::Progress)
-            OnProgress(message.Reader(), *watch);
-        else if (!hand_.Send(MessageWriter(Kind::Answer).Number(Answer(message, subject, *watch)).Finish()))
+            OnProgress(message.Reader(), watch);
+        else if (!hand_.Send(MessageWriter(Kind::Answer).Number(Answer(message, subject, watch)).Finish()))
             break;
-        if (!isCancelled_ && !watch->KeepGoing())
+        if (!isCancelled_ && !watch.KeepGoing())
             isCancelled_ = hand_.Send(MessageWriter(Kind::Cancel).Finish());
     }
     isBroken_ = true;

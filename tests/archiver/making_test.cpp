@@ -126,6 +126,24 @@ TEST_P(MakingArchives, WhatCouldNotBeExtractedAgainIsLeftOut) {
     EXPECT_TRUE(device.Exists(L"\\Out\\A\\f.txt"));
 }
 
+/// Two names that look alike, one that means another file, and a pipe that somebody keeps open.
+TEST_P(MakingArchives, WhatNoPathLeadsToIsLeftOut) {
+    device.File(L"\\A\\f.txt", "f");
+    device.HostFile("A/a\\f.txt", "other");
+    device.HostFile("A/bad\xFF", "bad");
+    device.HostFile("A/bad\xFE", "worse");
+    RunOnHost("mkdir A/a; echo elsewhere >A/a/f.txt; mkfifo A/pipe\n"
+              "sh -c 'exec 3<>A/pipe; exec sleep 30' >/dev/null 2>&1 </dev/null &");
+    EXPECT_EQ(ToldOf(L"a \"\\x.bin\" \"\\\" \"\\A\\*\" "),
+              L"2 files were compressed.\n'a\\f.txt' and 2 more were left out: the device cannot open files by "
+              L"such names.\n'A/pipe' was left out: pipes and devices are not packed.");
+    EXPECT_EQ(ToldOf(L"a \"\\y.bin\" \"\\A\\\" \"\\A\\f.txt\" \"\\A\\pipe\" "),
+              L"1 file was compressed.\n'pipe' was left out: pipes and devices are not packed.");
+    Extract(kind, L"\\x.bin", L"\\Out");
+    EXPECT_EQ(device.NamesIn(L"\\Out\\A"), (Texts{L"a", L"f.txt"}));
+    EXPECT_EQ(device.Content(L"\\Out\\A\\a\\f.txt"), "elsewhere\n");
+}
+
 TEST_P(MakingArchives, FilesOfTwoCardsAreNotTakenForOneAnother) {
     // Both cards number their files from the same number on, as fresh file systems do.
     try {

@@ -2,7 +2,6 @@
 
 #include <cerrno>
 #include <chrono>
-#include <optional>
 #include <random>
 #include <thread>
 
@@ -10,11 +9,11 @@
 #include <unistd.h>
 
 #include "tests/hosthand/hand_test.h"
+#include "tests/hosthand/talk.h"
 
 namespace {
 
 using hand::Kind;
-using hand::MessageReader;
 using hand::MessageWriter;
 using hand::ResultCode;
 
@@ -25,8 +24,7 @@ class ServerTest : public HandTest {
         int ask[2]{}, tell[2]{};
         ASSERT_EQ(pipe2(ask, O_CLOEXEC), 0);
         ASSERT_EQ(pipe2(tell, O_CLOEXEC), 0);
-        ask_ = Descriptor(ask[1]);
-        tell_ = Descriptor(tell[0]);
+        talk_ = Talk(Descriptor(ask[1]), Descriptor(tell[0]));
         Folder("Own");
         hand_ = std::thread([this, in = ask[0], out = tell[1]] {
             Server(Channel(Descriptor(in), Descriptor(out)), Open("."), At("Own"), At("."), "abc").Run();
@@ -34,84 +32,22 @@ class ServerTest : public HandTest {
     }
     void TearDown() override { End(); }
     void End() {
-        ask_.Close();
+        talk_.StopTelling();
         if (hand_.joinable())
             hand_.join();
-        tell_.Close();
+        talk_.End();
     }
 
-    void Say(MessageWriter&& message) { SayBytes(message.Finish()); }
-    void SayBytes(const std::vector<std::byte>& bytes) {
-        ASSERT_EQ(write(ask_.Get(), bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
-    }
-    /// To a server that may have ended by what it was told.
-    void Shout(const std::vector<std::byte>& bytes) {
-        const bool isTaken = write(ask_.Get(), bytes.data(), bytes.size()) >= 0;
-        EXPECT_TRUE(isTaken || errno == EPIPE);
-    }
-    bool ReadAll(void* data, std::size_t size) {
-        for (auto* next = static_cast<char*>(data); size > 0;) {
-            const ssize_t count = read(tell_.Get(), next, size);
-            if (count <= 0)
-                return false;
-            next += count;
-            size -= static_cast<std::size_t>(count);
-        }
-        return true;
-    }
-    std::optional<Message> Hear() {
-        hand::Header header{};
-        if (!ReadAll(&header, sizeof(header)) || header.length > hand::longestMessage)
-            return std::nullopt;
-        Message message{static_cast<Kind>(header.kind), std::vector<std::byte>(header.length)};
-        return ReadAll(message.fields.data(), message.fields.size()) ? std::optional(message) : std::nullopt;
-    }
-    /// Hears until the result; questions get `yes`.
-    Outcome HearResult(bool yes = true) {
-        while (const auto message = Hear()) {
-            MessageReader fields = message->Reader();
-            if (message->kind == Kind::Result) {
-                Outcome outcome;
-                outcome.code = static_cast<ResultCode>(fields.Number());
-                outcome.error = static_cast<int>(fields.Number());
-                outcome.leftOut = fields.Number();
-                outcome.atBothPlaces = fields.Number();
-                EXPECT_TRUE(fields.IsWhole());
-                return outcome;
-            }
-            if (message->kind == Kind::Progress) {
-                units += fields.Number();
-                fields.Text();
-                EXPECT_TRUE(fields.IsWhole());
-            } else {
-                questions.push_back(static_cast<std::uint32_t>(message->kind));
-                Say(std::move(MessageWriter(Kind::Answer).Number(yes)));
-            }
-        }
-        return Failure(EPIPE);
-    }
-
-    std::uint32_t units = 0;
-    std::vector<std::uint32_t> questions;
+    void Say(MessageWriter&& message) { talk_.Say(std::move(message)); }
+    void Shout(const std::vector<std::byte>& bytes) { talk_.Shout(bytes); }
+    Outcome HearResult(bool yes = true) { return talk_.HearResult(yes); }
+    std::uint32_t Units() const { return talk_.units; }
+    const std::vector<std::uint32_t>& Questions() const { return talk_.questions; }
 
   private:
-    Descriptor ask_, tell_;
+    Talk talk_;
     std::thread hand_;
 };
-
-MessageWriter Removal(const char* folder, const char* name, bool isFolder) {
-    return std::move(MessageWriter(Kind::Remove).Text(folder).Text(name).Number(isFolder));
-}
-
-MessageWriter Transferring(const char* folder, const char* name, const char* target, bool isMove) {
-    return std::move(MessageWriter(Kind::Transfer)
-                         .Text(folder)
-                         .Text(name)
-                         .Number(1)
-                         .Text(target)
-                         .Text(name)
-                         .Number(isMove));
-}
 
 TEST_F(ServerTest, DoesWhatItIsAskedFor) {
     File("My Folder/T/a");
@@ -120,10 +56,10 @@ TEST_F(ServerTest, DoesWhatItIsAskedFor) {
     Start();
     Say(Transferring("my folder", "t", "to", false));
     EXPECT_TRUE(HearResult().IsDone());
-    EXPECT_EQ(units, 3u);
+    EXPECT_EQ(Units(), 3u);
     Say(Removal("MY FOLDER", "T", true));
     EXPECT_TRUE(HearResult().IsDone());
-    EXPECT_EQ(units, 6u);
+    EXPECT_EQ(Units(), 6u);
     EXPECT_FALSE(Exists("My Folder/T"));
     EXPECT_TRUE(Exists("To/t/a"));
 }
@@ -147,7 +83,7 @@ TEST_F(ServerTest, AsksAndDoesAsItIsTold) {
     Start();
     Say(Transferring("", "T", "To", false));
     EXPECT_TRUE(HearResult(false).IsDone());
-    EXPECT_EQ(questions, std::vector{static_cast<std::uint32_t>(Kind::AskFolder)});
+    EXPECT_EQ(Questions(), std::vector{static_cast<std::uint32_t>(Kind::AskFolder)});
     EXPECT_EQ(Content("To/T/a"), "old");
     Say(Transferring("", "T", "To", false));
     EXPECT_TRUE(HearResult(true).IsDone());

@@ -6,6 +6,20 @@
 
 #include "tests/support/ui_test.h"
 
+/// While it is there, what works on the host for the program meets a disk that never reads or removes what is
+/// named "hangs...", cannot even find "lost...", takes a second for "slow..." and for "waits..." as long as there
+/// is no file "\go".
+class SlowDisk {
+  public:
+    SlowDisk() {
+        SetEnvironmentVariableW(L"LD_PRELOAD",
+                                Widen(HostVariable("TARVIK_FAILURES") + "/../libslow_disk.so").c_str());
+    }
+    SlowDisk(const SlowDisk&) = delete;
+    SlowDisk& operator=(const SlowDisk&) = delete;
+    ~SlowDisk() { SetEnvironmentVariableW(L"LD_PRELOAD", nullptr); }
+};
+
 class JobUi : public UiTest {
   protected:
     static constexpr int yesKey = IDM_ANSWER_YES;

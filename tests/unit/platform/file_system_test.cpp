@@ -57,6 +57,26 @@ TEST_F(FileSystem, FindsNeitherTheFolderItselfNorTheOneAbove) {
     EXPECT_TRUE(Find(L"\\*.*").contains(L"Temp"));
 }
 
+TEST_F(FileSystem, MakesNothingThatThePhoneWouldNotList) {
+    const auto makesFile = [](const std::wstring& path, DWORD creation) {
+        return static_cast<bool>(FileHandle(
+            ce::CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, creation, FILE_ATTRIBUTE_NORMAL, nullptr)));
+    };
+    for (const wchar_t* name : {L"a?b", L"a*b", L"a\"b", L"a<b", L"a>b", L"a|b", L"a:b", L"dot.", L"blank ",
+                                L"...", L"tab\t", L"line\n", L"bad\xFFFD"}) {
+        const std::wstring path = std::wstring(L"\\Temp\\Files\\") + name;
+        EXPECT_FALSE(ce::CreateDirectoryW(path.c_str(), nullptr)) << testing::PrintToString(path);
+        EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_NAME));
+        for (const DWORD creation : {CREATE_NEW, CREATE_ALWAYS, OPEN_ALWAYS})
+            EXPECT_FALSE(makesFile(path, creation)) << testing::PrintToString(path);
+        EXPECT_FALSE(ce::SHCreateShortcut(path.c_str(), L"\\Temp")) << testing::PrintToString(path);
+    }
+    RunOnHost("test -z \"$(ls -A Temp/Files)\"");
+    EXPECT_TRUE(ce::CreateDirectoryW(L"\\Temp\\Files\\aux.c", nullptr));
+    EXPECT_TRUE(makesFile(L"\\Temp\\Files\\nul.txt", CREATE_NEW));
+    EXPECT_EQ(Find(L"\\Temp\\Files\\*.c").size(), 1u);
+}
+
 TEST_F(FileSystem, FindsNothingInAnEmptyOrMissingFolder) {
     EXPECT_TRUE(Find(L"\\Temp\\Files\\*.*").empty());
     WIN32_FIND_DATAW entry{};
