@@ -56,9 +56,10 @@ BOOL GetDiskFreeSpaceExW(const wchar_t* folder, ULARGE_INTEGER* available, ULARG
 
 // --- file_system.cpp: one root, storage cards, files in ROM. Any thread. ---
 
-/// Finds as the phone does: never "." or "..", nor what no path would lead to (entry_names.h). A linked folder of the root has the attributes of a storage
-/// card (0x100, no link bit); links further down keep FILE_ATTRIBUTE_REPARSE_POINT; a file lying directly in
-/// \Windows has FILE_ATTRIBUTE_INROM. Close the handle with ce::FindClose.
+/// Finds as the phone does: never "." or "..", nor what no path would lead to (entry_names.h). A linked
+/// folder of the root has the attributes of a storage card (0x100, no link bit); links further down keep
+/// FILE_ATTRIBUTE_REPARSE_POINT; a file lying directly in \Windows has FILE_ATTRIBUTE_INROM. Close the handle
+/// with ce::FindClose.
 HANDLE FindFirstFileW(const wchar_t* pattern, WIN32_FIND_DATAW* found);
 BOOL FindNextFileW(HANDLE find, WIN32_FIND_DATAW* found);
 BOOL FindClose(HANDLE find);

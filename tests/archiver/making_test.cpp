@@ -134,9 +134,10 @@ TEST_P(MakingArchives, WhatNoPathLeadsToIsLeftOut) {
     device.HostFile("A/bad\xFE", "worse");
     RunOnHost("mkdir A/a; echo elsewhere >A/a/f.txt; mkfifo A/pipe\n"
               "sh -c 'exec 3<>A/pipe; exec sleep 30' >/dev/null 2>&1 </dev/null &");
-    EXPECT_EQ(ToldOf(L"a \"\\x.bin\" \"\\\" \"\\A\\*\" "),
-              L"2 files were compressed.\n'a\\f.txt' and 2 more were left out: the device cannot open files by "
-              L"such names.\n'A/pipe' was left out: pipes and devices are not packed.");
+    EXPECT_EQ(
+        ToldOf(L"a \"\\x.bin\" \"\\\" \"\\A\\*\" "),
+        L"2 files were compressed.\n'a\\f.txt' and 2 more were left out: the device cannot open files by "
+        L"such names.\n'A/pipe' was left out: pipes and devices are not packed.");
     EXPECT_EQ(ToldOf(L"a \"\\y.bin\" \"\\A\\\" \"\\A\\f.txt\" \"\\A\\pipe\" "),
               L"1 file was compressed.\n'pipe' was left out: pipes and devices are not packed.");
     Extract(kind, L"\\x.bin", L"\\Out");

@@ -15,7 +15,8 @@ class HangingDiskUi : public TransferUi {
         progress.Command(IDM_JOB_CANCEL);
         const DWORD cancelled = GetTickCount();
         EXPECT_EQ(progress.Item(IDC_JOB_STATUS).Text(), L"Canceling...");
-        WaitFor("for the job to end", [&] { return !program.HasDialog(); }, 15000);
+        WaitFor(
+            "for the job to end", [&] { return !program.HasDialog(); }, 15000);
         return GetTickCount() - cancelled;
     }
     void ExpectNothingLeft() {

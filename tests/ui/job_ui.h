@@ -7,8 +7,8 @@
 #include "tests/support/ui_test.h"
 
 /// While it is there, what works on the host for the program meets a disk that never reads or removes what is
-/// named "hangs...", cannot even find "lost...", takes a second for "slow..." and for "waits..." as long as there
-/// is no file "\go".
+/// named "hangs...", cannot even find "lost...", takes a second for "slow..." and for "waits..." as long as
+/// there is no file "\go".
 class SlowDisk {
   public:
     SlowDisk() {

@@ -40,9 +40,7 @@ class KillRoundsUi : public JobUi {
     }
     static bool GoesAcross(Job job) { return job == Job::CopyAcross || job == Job::MoveAcross; }
     static bool GoesOver(Job job) { return job == Job::CopyOver || job == Job::MoveOver; }
-    static bool IsMove(Job job) {
-        return job == Job::Move || job == Job::MoveAcross || job == Job::MoveOver;
-    }
+    static bool IsMove(Job job) { return job == Job::Move || job == Job::MoveAcross || job == Job::MoveOver; }
 
     /// Begins the job; its dialog may be up by then, or it may be over.
     void Begin(Job job) {
@@ -87,14 +85,16 @@ class KillRoundsUi : public JobUi {
     void Check(Job job) {
         StartIn(L"\\From");
         WaitFor("for what was left to go", [&] {
-            RunOnHost("find . Disk/ -name '~job*' >\"$TARVIK_WORK/left\"; ls \"$WINEPREFIX/drive_c/windows\" | "
-                      "grep '^hand[.]' >>\"$TARVIK_WORK/left\" || true\n"
-                      "cp \"$TARVIK_WORK/left\" left");
+            RunOnHost(
+                "find . Disk/ -name '~job*' >\"$TARVIK_WORK/left\"; ls \"$WINEPREFIX/drive_c/windows\" | "
+                "grep '^hand[.]' >>\"$TARVIK_WORK/left\" || true\n"
+                "cp \"$TARVIK_WORK/left\" left");
             const std::string left = device.Content(L"\\left");
             return left == "./From/~job001.tmp\n";
         });
-        RunOnHost("rm left; python3 \"$TARVIK_WORK/check.py\" '" + std::string(GoesAcross(job) ? "Disk" : "To") +
-                  "' '" + jobNames[static_cast<int>(job)] + "'\ntest \"$(cat From/~job001.tmp)\" = mine\n"
+        RunOnHost("rm left; python3 \"$TARVIK_WORK/check.py\" '" +
+                  std::string(GoesAcross(job) ? "Disk" : "To") + "' '" + jobNames[static_cast<int>(job)] +
+                  "'\ntest \"$(cat From/~job001.tmp)\" = mine\n"
                   "test \"$(find Outside | sort | tr '\\n' ' ')\" = 'Outside Outside/Sub Outside/Sub/kept '");
         program.Kill();
         WaitForHands(0);

@@ -1,8 +1,8 @@
 // Screens: 240x320
 // Limit: 300 seconds
 
-// Names as the host has them: what the list shows leads to that very entry, whatever is done with it, and what
-// no path of the phone's leads to is neither shown nor in anybody's way.
+// Names as the host has them: what the list shows leads to that very entry, whatever is done with it, and
+// what no path of the phone's leads to is neither shown nor in anybody's way.
 
 #include <algorithm>
 
@@ -12,7 +12,7 @@
 namespace {
 
 /// In the order of the list, but for those that differ in case alone. Each file holds its own name.
-const Texts shown = {L" lead",  L"a:b",    L"aux.c", L"Case",    L"case",    L"com1.log",
+const Texts shown = {L" lead", L"a:b",     L"aux.c", L"Case",     L"case",    L"com1.log",
                      L"con.h", L"nul.txt", L"~1",    L"\x00C4.x", L"\x00E4.x"};
 constexpr int unlisted = 18; // one of them a folder with a file in it
 
@@ -112,8 +112,8 @@ TEST_F(OddNamesUi, WhatIsNotShownIsCounted) {
     Dialog page = program.WaitForDialog(L"Properties");
     page.Command(IDM_PROPERTIES_CONTENTS);
     Dialog contents = program.WaitForDialogOver(page);
-    EXPECT_EQ(contents.Item(IDC_FILE_COUNT).Text(),
-              L"Files :     " + std::to_wstring(shown.size()) + L", not shown : " + std::to_wstring(unlisted));
+    EXPECT_EQ(contents.Item(IDC_FILE_COUNT).Text(), L"Files :     " + std::to_wstring(shown.size()) +
+                                                        L", not shown : " + std::to_wstring(unlisted));
     EXPECT_EQ(contents.Item(IDC_FOLDER_COUNT).Text(), L"Folders : 0");
 }
 

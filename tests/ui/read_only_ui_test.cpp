@@ -81,7 +81,8 @@ TEST_F(ReadOnlyUi, WhatIsMovedFromSuchADiskStaysThereAndNowhereElse) {
         Cut({name});
         Show(L"\\To");
         Paste();
-        EXPECT_TRUE(ReadMessage().starts_with(L"'" + std::wstring(name) + L"' cannot be removed from 'Fixed'."));
+        EXPECT_TRUE(
+            ReadMessage().starts_with(L"'" + std::wstring(name) + L"' cannot be removed from 'Fixed'."));
         FinishJob();
         EXPECT_EQ(device.NamesIn(L"\\To"), Texts{});
     }
@@ -127,7 +128,8 @@ TEST_F(ReadOnlyUi, AMovedFolderLeavesWhatCannotGo) {
     Cut({L"Box"});
     Show(L"\\Disk");
     Paste();
-    EXPECT_EQ(ReadMessage(), L"'Box' cannot be removed from 'From'. What could not be removed is still there.");
+    EXPECT_EQ(ReadMessage(),
+              L"'Box' cannot be removed from 'From'. What could not be removed is still there.");
     FinishJob();
     EXPECT_EQ(device.Content(L"\\From\\Box\\Locked\\f"), "kept\n");
     EXPECT_FALSE(device.Exists(L"\\Disk\\Box\\Locked"));

@@ -1,7 +1,7 @@
-// A disk that does not answer, or not soon: loaded before the hand (LD_PRELOAD), it stands between the hand and
-// the host. What is named "hangs..." can be found but is never read nor removed, what is named "lost..." cannot
-// even be found, what is named "slow..." takes a second, and what is named "waits..." as long as there is no file
-// "go" in the device's root.
+// A disk that does not answer, or not soon: loaded before the hand (LD_PRELOAD), it stands between the hand
+// and the host. What is named "hangs..." can be found but is never read nor removed, what is named "lost..."
+// cannot even be found, what is named "slow..." takes a second, and what is named "waits..." as long as there
+// is no file "go" in the device's root.
 
 #include <cstddef>
 #include <cstdio>

@@ -59,8 +59,8 @@ TEST_F(FileSystem, FindsNeitherTheFolderItselfNorTheOneAbove) {
 
 TEST_F(FileSystem, MakesNothingThatThePhoneWouldNotList) {
     const auto makesFile = [](const std::wstring& path, DWORD creation) {
-        return static_cast<bool>(FileHandle(
-            ce::CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, creation, FILE_ATTRIBUTE_NORMAL, nullptr)));
+        return static_cast<bool>(FileHandle(ce::CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, creation,
+                                                            FILE_ATTRIBUTE_NORMAL, nullptr)));
     };
     for (const wchar_t* name : {L"a?b", L"a*b", L"a\"b", L"a<b", L"a>b", L"a|b", L"a:b", L"dot.", L"blank ",
                                 L"...", L"tab\t", L"line\n", L"bad\xFFFD"}) {
