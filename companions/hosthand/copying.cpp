@@ -29,30 +29,30 @@ std::string TemporaryName(int number) {
     return name.data();
 }
 
-/// Has `make` make something under a name of the job's that is free. Empty, with errno set, when it cannot.
-template <class Make>
-std::string MakeTemporary(Make make) {
-    for (int number = 0; number < temporaryNames; ++number) {
-        std::string name = TemporaryName(number);
-        if (make(name))
-            return name;
-        if (errno != EEXIST)
-            break;
-    }
-    return {};
-}
-
-/// A file that is there for the time of the job only.
+/// An entry that is there for the time of the job only.
 class Temporary {
   public:
-    Temporary(int folder, Employer& employer) : folder_(folder), employer_(employer) {
-        name_ = MakeTemporary([&](const std::string& name) {
-            file_ = Descriptor(
-                openat(folder, name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
-            return static_cast<bool>(file_);
-        });
-        if (file_)
-            employer.BeginTemporary(folder, name_, file_.Get());
+    /// Has `make` make it under a name of the job's that is free. There is none, with errno set, when it
+    /// cannot.
+    template <class Make>
+    Temporary(int folder, Employer& employer, Make make) : folder_(folder), employer_(employer) {
+        for (int number = 0; number < temporaryNames && name_.empty(); ++number) {
+            const std::string name = TemporaryName(number);
+            if (StatusOf(folder, name))
+                continue;
+            employer.BeginTemporary(folder, name);
+            if (make(name)) {
+                name_ = name;
+                employer.MadeTemporary();
+                return;
+            }
+            const int error = errno;
+            employer.EndTemporary();
+            errno = error;
+            if (error != EEXIST)
+                return;
+        }
+        errno = EEXIST;
     }
     Temporary(const Temporary&) = delete;
     Temporary& operator=(const Temporary&) = delete;
@@ -63,10 +63,8 @@ class Temporary {
         employer_.EndTemporary();
     }
 
-    explicit operator bool() const { return static_cast<bool>(file_); }
-    int File() const { return file_.Get(); }
+    explicit operator bool() const { return !name_.empty(); }
     const std::string& Name() const { return name_; }
-    bool Close() { return file_.Close(); }
     /// It has its last name now.
     void Keep() {
         name_.clear();
@@ -77,7 +75,6 @@ class Temporary {
     int folder_;
     Employer& employer_;
     std::string name_;
-    Descriptor file_;
 };
 
 bool MayGoOn(Employer& employer) {
@@ -191,14 +188,19 @@ Outcome CopyFile(const Step& step, Employer& employer) {
     const auto status = StatusOf(from.Get());
     if (!status || !S_ISREG(status->st_mode))
         return Failure(EINVAL);
-    Temporary copy(step.targetFolder, employer);
+    Descriptor into;
+    Temporary copy(step.targetFolder, employer, [&](const std::string& name) {
+        into = Descriptor(openat(step.targetFolder, name.c_str(),
+                                 O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+        return static_cast<bool>(into);
+    });
     if (!copy)
         return Failure();
-    const Outcome outcome = CopyContents(from.Get(), copy.File(), status->st_size, employer);
+    const Outcome outcome = CopyContents(from.Get(), into.Get(), status->st_size, employer);
     if (!outcome.IsDone())
         return outcome;
-    TakeOver(*status, from.Get(), copy.File());
-    if (!copy.Close() ||
+    TakeOver(*status, from.Get(), into.Get());
+    if (!into.Close() ||
         !Rename({step.targetFolder, copy.Name(), step.targetFolder, step.targetName, step.replaces}))
         return Failure();
     copy.Keep();
@@ -209,34 +211,31 @@ namespace {
 
 /// Makes something that is whole at once, beside what it replaces if need be.
 template <class Make>
-Outcome MakeSingle(const Step& step, Make make) {
+Outcome MakeSingle(const Step& step, Employer& employer, Make make) {
     if (!step.replaces)
         return make(step.targetName) ? Outcome{} : Failure();
-    const std::string name = MakeTemporary(make);
-    if (name.empty())
+    Temporary made(step.targetFolder, employer, make);
+    if (!made || !Rename({step.targetFolder, made.Name(), step.targetFolder, step.targetName, true}))
         return Failure();
-    if (Rename({step.targetFolder, name, step.targetFolder, step.targetName, true}))
-        return {};
-    const Outcome failure = Failure();
-    RemoveFile(step.targetFolder, name);
-    return failure;
+    made.Keep();
+    return {};
 }
 
 } // namespace
 
-Outcome CopyLink(const Step& step) {
+Outcome CopyLink(const Step& step, Employer& employer) {
     std::vector<char> text(64 * 1024);
     const ssize_t length = readlinkat(step.sourceFolder, step.name.c_str(), text.data(), text.size() - 1);
     if (length < 0)
         return Failure();
     text[static_cast<std::size_t>(length)] = '\0';
-    return MakeSingle(step, [&](const std::string& name) {
+    return MakeSingle(step, employer, [&](const std::string& name) {
         return symlinkat(text.data(), step.targetFolder, name.c_str()) == 0;
     });
 }
 
-Outcome CopySpecial(const Step& step, mode_t mode) {
-    return MakeSingle(step, [&](const std::string& name) {
+Outcome CopySpecial(const Step& step, mode_t mode, Employer& employer) {
+    return MakeSingle(step, employer, [&](const std::string& name) {
         // By its name the permissions could be given to what somebody puts in its place.
         const mode_t mask = umask(0);
         const bool isMade = mknodat(step.targetFolder, name.c_str(), mode & (S_IFMT | permissions), 0) == 0;

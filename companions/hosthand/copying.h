@@ -18,10 +18,10 @@ struct Step {
 Outcome CopyFile(const Step& step, Employer& employer);
 
 /// Makes a link like the one at the source: to the same text.
-Outcome CopyLink(const Step& step);
+Outcome CopyLink(const Step& step, Employer& employer);
 
 /// Makes a pipe or a socket's name like the one at the source.
-Outcome CopySpecial(const Step& step, mode_t mode);
+Outcome CopySpecial(const Step& step, mode_t mode, Employer& employer);
 
 /// Renames within one file system (EXDEV from one to another).
 bool Rename(const Step& step);

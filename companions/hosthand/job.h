@@ -27,8 +27,10 @@ class Employer {
     /// Whether a file that is open elsewhere may be touched all the same.
     virtual bool MayTouchSource(const std::string& below, bool toRemove) = 0;
     virtual bool MayTouchTarget(const std::string& below) = 0;
-    /// A file that exists for the time of the job only, so that it can be found after a sudden end.
-    virtual void BeginTemporary(int folder, const std::string& name, int file) = 0;
+    /// An entry that exists for the time of the job only, so that it can be found after a sudden end: it is
+    /// about to be made, it has been made, it has gone or is called otherwise.
+    virtual void BeginTemporary(int folder, const std::string& name) = 0;
+    virtual void MadeTemporary() = 0;
     virtual void EndTemporary() = 0;
 
   protected:

@@ -14,8 +14,10 @@ class Journal {
     Journal& operator=(const Journal&) = delete;
     ~Journal();
 
-    /// The open file `file` is called `name` in the open folder for the time being.
-    void Note(int folder, const std::string& name, int file);
+    /// An entry is about to be made: `name` in the open folder, where there is none such.
+    void Announce(int folder, const std::string& name);
+    /// It has been made.
+    void Note(int folder, const std::string& name);
     /// It has gone, or is called otherwise.
     void Clear();
 

@@ -269,19 +269,25 @@ bool Server::Ask(Kind question, const std::string& below, bool toRemove) {
     return answer;
 }
 
-void Server::BeginTemporary(int folder, const std::string& name, int file) {
+void Server::BeginTemporary(int folder, const std::string& name) {
+    journal_.Announce(folder, name);
+    const std::lock_guard lock(stateLock_);
+    temporaryFolder_ = folder;
+    temporaryName_ = name;
+}
+
+void Server::MadeTemporary() {
     {
         const std::lock_guard lock(stateLock_);
-        temporaryFolder_ = folder;
-        temporaryName_ = name;
+        isTemporaryMade_ = true;
     }
-    journal_.Note(folder, name, file);
+    journal_.Note(temporaryFolder_, temporaryName_);
 }
 
 void Server::EndTemporary() {
     journal_.Clear();
     const std::lock_guard lock(stateLock_);
-    temporaryFolder_ = -1;
+    isTemporaryMade_ = false;
 }
 
 // --- The channel meanwhile ---
@@ -339,7 +345,7 @@ void Server::GiveUpWhenStuck() {
         return;
     std::thread([this] {
         const std::lock_guard lock(stateLock_);
-        if (temporaryFolder_ >= 0)
+        if (isTemporaryMade_)
             RemoveFile(temporaryFolder_, temporaryName_);
     }).detach();
     std::this_thread::sleep_for(tickEvery * 4);

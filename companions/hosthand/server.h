@@ -41,7 +41,8 @@ class Server final : public Employer {
     bool MightBeOpenElsewhere(ino_t number) override { return openFiles_.Has(number); }
     bool MayTouchSource(const std::string& below, bool toRemove) override;
     bool MayTouchTarget(const std::string& below) override;
-    void BeginTemporary(int folder, const std::string& name, int file) override;
+    void BeginTemporary(int folder, const std::string& name) override;
+    void MadeTemporary() override;
     void EndTemporary() override;
 
     Outcome Handle(const Message& message);
@@ -83,6 +84,7 @@ class Server final : public Employer {
     std::atomic<std::uint32_t> units_ = 0; // done and not told
     std::mutex stateLock_;                 // the rest is under it
     std::string name_;
+    bool isTemporaryMade_ = false;
     int temporaryFolder_ = -1;
     std::string temporaryName_;
 

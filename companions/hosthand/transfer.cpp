@@ -263,8 +263,8 @@ Outcome TreeTransfer::Copy(const Item& item, const Step& step) {
         return CopyFile(step, employer_);
     const bool isLink = S_ISLNK(item.status.st_mode);
     const bool isMadeAnew = isMove_ && (S_ISFIFO(item.status.st_mode) || S_ISSOCK(item.status.st_mode));
-    Outcome outcome = isLink       ? CopyLink(step)
-                      : isMadeAnew ? CopySpecial(step, item.status.st_mode)
+    Outcome outcome = isLink       ? CopyLink(step, employer_)
+                      : isMadeAnew ? CopySpecial(step, item.status.st_mode, employer_)
                                    : Failure(EPERM);
     if (outcome.error != EPERM && outcome.error != EOPNOTSUPP) // where the host has no links
         return outcome;

@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include "companions/hosthand/job.h"
+#include "companions/hosthand/journal.h"
 
 /// Lets everything be done, unless a test says otherwise.
 class Clerk final : public Employer {
@@ -36,8 +37,21 @@ class Clerk final : public Employer {
         questions.push_back("target " + below);
         return false;
     }
-    void BeginTemporary(int, const std::string& name, int) override { temporaries.push_back(name); }
-    void EndTemporary() override { ++temporariesEnded; }
+    void BeginTemporary(int folder, const std::string& name) override {
+        temporaries.push_back(name);
+        if (journal)
+            journal->Announce(folder, name);
+        temporaryFolder_ = folder;
+    }
+    void MadeTemporary() override {
+        if (journal)
+            journal->Note(temporaryFolder_, temporaries.back());
+    }
+    void EndTemporary() override {
+        ++temporariesEnded;
+        if (journal)
+            journal->Clear();
+    }
 
     std::function<bool()> keepGoing;
     bool mayFinishFile = false;
@@ -50,6 +64,10 @@ class Clerk final : public Employer {
     std::vector<std::string> temporaries;
     int temporariesEnded = 0;
     int units = 0;
+    Journal* journal = nullptr; // where temporaries are noted
+
+  private:
+    int temporaryFolder_ = -1;
 };
 
 /// Each test works in a fresh folder.

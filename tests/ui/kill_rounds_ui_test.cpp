@@ -84,14 +84,16 @@ class KillRoundsUi : public JobUi {
     }
     void Check(Job job) {
         StartIn(L"\\From");
-        WaitFor("for what was left to go", [&] {
+        std::string left;
+        const bool isClean = Eventually([&] {
             RunOnHost(
                 "find . Disk/ -name '~job*' >\"$TARVIK_WORK/left\"; ls \"$WINEPREFIX/drive_c/windows\" | "
                 "grep '^hand[.]' >>\"$TARVIK_WORK/left\" || true\n"
                 "cp \"$TARVIK_WORK/left\" left");
-            const std::string left = device.Content(L"\\left");
+            left = device.Content(L"\\left");
             return left == "./From/~job001.tmp\n";
         });
+        EXPECT_TRUE(isClean) << "left: " << left;
         RunOnHost("rm left; python3 \"$TARVIK_WORK/check.py\" '" +
                   std::string(GoesAcross(job) ? "Disk" : "To") + "' '" + jobNames[static_cast<int>(job)] +
                   "'\ntest \"$(cat From/~job001.tmp)\" = mine\n"
