@@ -10,6 +10,8 @@ constexpr char32_t noCharacter = 0xFFFFFFFF;
 
 /// Takes the first character from the text, or gives noCharacter when there is none there.
 char32_t TakeCharacter(std::string_view& text) {
+    if (text.empty())
+        return noCharacter;
     const auto first = static_cast<unsigned char>(text.front());
     const std::size_t length = first < 0x80   ? 1
                                : first < 0xC2 ? 0
