@@ -55,7 +55,7 @@ void OnOpenOtherwise(int id) {
     if (!IsListFocused())
         return;
     if (id == IDM_OPEN_PARAMETERS)
-        OpenWithParameters();
+        openWithParameters();
     else
         ChooseProgramForSelection();
 }
@@ -128,11 +128,11 @@ void OperateOnSelection(int id) {
     case IDM_SENDTO_MOVE_TO:
         return list.MoveTo();
     case IDM_SENDTO_SHORTCUT_TO:
-        return list.AskShortcutsTo();
+        return list.ShortcutsTo();
     case IDM_SENDTO_ZIP:
         return CompressSelection();
     case IDM_SENDTO_IR:
-        return BeamFile();
+        return beamFile();
     case IDM_FAVORITES_ADD:
         return list.AddFavorite();
     case IDM_MENU_PROPERTIES:
@@ -163,7 +163,7 @@ void OnFileSearch(int) {
 }
 
 void OnMail(int id) {
-    SendByMail(id == IDM_SENDTO_MMS ? MailTransport::Mms : MailTransport::Email);
+    sendByMail(id == IDM_SENDTO_MMS ? MailTransport::Mms : MailTransport::Email);
 }
 
 // --- Clipboards: the list's own, and that of an edit field ---
@@ -232,7 +232,7 @@ void OnToggleDragDrop(int) {
 }
 
 void OnRefresh(int) {
-    appState.folderTree.Rebuild();
+    appState.folderTree.rebuild();
     appState.fileList.GoToAddress();
     appState.fileList.RebuildMenus();
     InvalidateRect(appState.mainWindow, nullptr, TRUE);
@@ -241,12 +241,12 @@ void OnRefresh(int) {
 // --- Network ---
 
 void OnConnectNetwork(int id) {
-    if (ConnectNetwork())
+    if (connectNetwork())
         OnRefresh(id);
 }
 
 void OnDisconnectNetwork(int id) {
-    if (!DisconnectNetwork())
+    if (!disconnectNetwork())
         return;
     Path folder = appState.fileList.CurrentFolder();
     CutToExisting(folder);
@@ -335,7 +335,7 @@ constexpr Command commandTable[] = {
     {IDM_SENDTO_EMAIL, OnMail},
     {IDM_SENDTO_MMS, OnMail},
     {IDM_SENDTO_IR, OnSelectedFiles},
-    {IDM_TOOLS_BEAM, [](int) { BeamNothing(); }},
+    {IDM_TOOLS_BEAM, [](int) { beamNothing(); }},
     {IDM_TOOLS_PC_LINK, [](int) { StartPcLink(); }},
     {IDM_TOOLS_ACTIVESYNC, [](int) { StartActiveSync(); }},
     {IDM_FILE_DELETE, OnSelectedFiles},
@@ -376,7 +376,7 @@ constexpr Command commandTable[] = {
     {IDM_GOTO_START_MENU, OnGoTo},
     {IDM_NETWORK_CONNECT, OnConnectNetwork},
     {IDM_NETWORK_DISCONNECT, OnDisconnectNetwork},
-    {IDM_TOOLS_MEMORY_STATUS, [](int) { ShowMemoryStatus(); }},
+    {IDM_TOOLS_MEMORY_STATUS, [](int) { showMemoryStatus(); }},
     {IDM_GOTO_USER_PATH, OnUserPath},
     {IDM_FAVORITES_ADD, OnSelectedFiles},
     {IDM_FAVORITES_ORGANIZE, OnOrganizeFavorites},
@@ -398,7 +398,7 @@ void EndTapAndHold() {
 /// The entries built at run time, by their ranges. True when `id` is one of them.
 bool RunBuiltEntry(int id) {
     if (id >= IDM_SENDTO_FIRST && id < IDM_SENDTO_FIRST + BUILT_ENTRY_LIMIT) {
-        LaunchPreferred(id - IDM_SENDTO_FIRST);
+        launchPreferred(id - IDM_SENDTO_FIRST);
         return true;
     }
     if (id >= IDM_USERPATH_FIRST && id < IDM_USERPATH_FIRST + BUILT_ENTRY_LIMIT) {

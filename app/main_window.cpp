@@ -70,7 +70,7 @@ LRESULT OnCopyData(LPARAM lParam) {
 LRESULT OnTimer(HWND window, WPARAM timer, LPARAM lParam) {
     switch (timer) {
     case treeSyncTimer:
-        appState.folderTree.OnSyncTimer();
+        appState.folderTree.onSyncTimer();
         return 0;
     case refreshTimer:
         RefreshAfterChange();
@@ -120,7 +120,7 @@ LRESULT OnRightButtonDown() {
 
 void OnMenuClosed() {
     appState.menuOpen = false;
-    appState.fileList.tapAndHold.OnMenuClosed(appState.fileList.Window());
+    appState.fileList.tapAndHold.AfterMenu(appState.fileList.Window());
     appState.folderTree.OnMenuClosed();
 }
 
@@ -234,7 +234,7 @@ void ShowMainWindow() {
     RefreshCheckMarks();
     appState.statusBar = CreateStatusWindowW(WS_CHILD | CCS_BOTTOM, nullptr, appState.mainWindow, 0);
     appState.fileList.CreateList(appState.mainWindow);
-    appState.folderTree.Create(appState.mainWindow);
+    appState.folderTree.create(appState.mainWindow);
     ApplyPaneFont();
 
     const ShowState state = appState.settings.overlapped ? ShowStateOf(savedWindowState) : ShowState::Normal;

@@ -108,7 +108,7 @@ LRESULT OnListNotify(NMHDR* notification, LPARAM lParam) {
         return appState.fileList.OnBeginLabelEdit(reinterpret_cast<NMLVDISPINFOW*>(lParam)->item.iItem),
                FALSE;
     case LVN_ENDLABELEDITW:
-        return appState.fileList.OnEndLabelEdit(reinterpret_cast<NMLVDISPINFOW*>(lParam)->item.pszText);
+        return appState.fileList.EndRename(reinterpret_cast<NMLVDISPINFOW*>(lParam)->item.pszText);
     default:
         return DefWindowProcW(appState.mainWindow, WM_NOTIFY, 0, lParam);
     }

@@ -16,14 +16,14 @@ constexpr int draws = 1000;
 void MeasureIcons() {
     std::printf("Icons\n");
     IconSet icons;
-    icons.Build(false);
-    icons.IndexFor(file, folder, FILE_ATTRIBUTE_ARCHIVE);
+    icons.BuildIconSet(false);
+    icons.IconIndexFor(file, folder, FILE_ATTRIBUTE_ARCHIVE);
     Path path;
     if (!path.AssignChild(folder, file))
         return;
     const double kept = TimeOf([&] {
         for (int draw = 0; draw < draws; ++draw)
-            icons.IndexFor(file, folder, FILE_ATTRIBUTE_ARCHIVE);
+            icons.IconIndexFor(file, folder, FILE_ATTRIBUTE_ARCHIVE);
     });
     const double fetched = TimeOf([&] {
         for (int draw = 0; draw < draws; ++draw) {

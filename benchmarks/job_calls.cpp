@@ -17,5 +17,5 @@ Path PathNamed(const wchar_t* text) {
 
 void Transferred(Transfer kind, const wchar_t* name, ItemKind itemKind) {
     std::vector<SelectionEntry> entries = EntryNamed(name, itemKind);
-    TransferEntries(kind, PathNamed(L"\\Temp"), PathNamed(L"\\Temp\\Target"), entries);
+    StartTransfer(kind, PathNamed(L"\\Temp"), PathNamed(L"\\Temp\\Target"), entries);
 }

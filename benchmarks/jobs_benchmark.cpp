@@ -95,7 +95,7 @@ double DeletionTimeOf(const wchar_t* name) {
     Rest();
     double start = 0;
     const ObjectHandle answer(CreateThread(nullptr, 0, AnswerYes, &start, 0, nullptr));
-    DeleteEntries(PathNamed(L"\\Temp"), entries);
+    StartDelete(PathNamed(L"\\Temp"), entries);
     const double end = WallTime();
     WaitForSingleObject(answer.Get(), INFINITE);
     return end - start;

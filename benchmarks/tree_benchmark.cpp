@@ -50,8 +50,8 @@ void RemoveSiblings(const Path& folder, int count) {
 
 Times MeasureSiblings(int count) {
     const Path folder = SiblingFolders(count);
-    const auto read = [&] { appState.folderTree.SelectPath(folder.View(), true, true); };
-    appState.folderTree.Rebuild();
+    const auto read = [&] { appState.folderTree.selectPath(folder.View(), true, true); };
+    appState.folderTree.rebuild();
     Times times;
     times.first = TimeOnce(read) / count;
     times.again = TimeOf(read) / count;
@@ -70,7 +70,7 @@ double HiddenVisits(const Path& subfolders, const Path& files) {
         return time;
     };
     ShowTree(false);
-    appState.folderTree.Rebuild();
+    appState.folderTree.rebuild();
     double ofSubfolders = 0, ofFiles = 0;
     for (int round = 0; round < rounds; ++round) {
         ofFiles += visit(files);

@@ -66,13 +66,13 @@ void FileList::PasteInto(const Path& folder, bool relist) {
         return EmptyClipboard();
     }
     const bool moves = pasted.transfer == Transfer::Move;
-    if (TransferEntries(pasted.transfer, pasted.sourceFolder, destination, pasted.entries)) {
+    if (StartTransfer(pasted.transfer, pasted.sourceFolder, destination, pasted.entries)) {
         if (relist)
             ShowAfterWork(began, destination.View(), treeSelectOnly);
         if (moves && pasted.sourceFolder.IsSearchFolder())
             FollowMovedResults(pasted.entries, destination);
         if (TellTreeOfFolders(pasted.entries, ReportedFolders::All))
-            appState.folderTree.SelectPath(destination.View(), true,
+            appState.folderTree.selectPath(destination.View(), true,
                                            relist && currentFolder_.View() == destination.View());
     }
     if (moves)

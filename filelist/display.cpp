@@ -43,7 +43,7 @@ void FileList::OnGetDisplayInfo(NMLVDISPINFOW* info) {
     const FileItem* item = ItemAt(entry.iItem);
     if (item && (entry.mask & LVIF_IMAGE)) {
         entry.iImage = item->iconIndex == iconWhenDrawn
-                           ? icons_->IndexFor(item->name.get(), item->folder, item->attributes)
+                           ? icons_->IconIndexFor(item->name.get(), item->folder, item->attributes)
                            : item->iconIndex;
     }
     if (entry.mask & LVIF_TEXT) {

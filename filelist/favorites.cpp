@@ -31,10 +31,10 @@ void FileList::AddFavorite() {
 
 void FileList::BuildFavorites() {
     HMENU menu = GetSubMenu(GoToMenu(), favoritesPosition);
-    favorites.Clear(menu);
+    favorites.clearFavoritesMenu(menu);
     Path folder;
     if (folder.Assign(appState.settings.favoritesPath.data()))
-        favorites.Build(menu, folder);
+        favorites.buildFavoritesMenu(menu, folder);
 }
 
 void FileList::GoToFavorite(int index) {

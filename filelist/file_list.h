@@ -110,7 +110,7 @@ class FileList {
     /// An editor opens over an entry's name.
     void OnBeginLabelEdit(int index);
     /// The editor closes. True when its row takes the new name; `text` is null when it was cancelled.
-    bool OnEndLabelEdit(const wchar_t* text);
+    bool EndRename(const wchar_t* text);
     /// Opens the editor over the name of an entry, if it is listed.
     void EditName(const Path& entry);
     /// Opens it again over the name that was refused, if its entry is still listed.
@@ -160,7 +160,7 @@ class FileList {
     // --- send_to_folder.cpp: the selection goes to a folder that is asked for ---
     void CopyTo();
     void MoveTo();
-    void AskShortcutsTo();
+    void ShortcutsTo();
 
     // --- user_path_menu.cpp ---
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-void History::Record(std::wstring_view folder) {
+void History::RecordHistory(std::wstring_view folder) {
     if (current_ && folder == current_->folder.get())
         return;
     auto node = std::make_unique<Node>();

@@ -15,7 +15,7 @@ class History {
 
     /// Takes a newly shown folder in behind the current one and drops what came after it. Showing the
     /// current folder again (compared exactly) changes nothing.
-    void Record(std::wstring_view folder);
+    void RecordHistory(std::wstring_view folder);
 
     /// Moves one step and returns the new current folder, or null when there is no step.
     const wchar_t* StepBack();

@@ -68,7 +68,7 @@ void IconCache::Add(const wchar_t* key, int image) {
     records_.insert(place, Record{CopyText(key), image});
 }
 
-void IconSet::Build(bool large) {
+void IconSet::BuildIconSet(bool large) {
     const int size = large ? largeSize : smallSize;
     large_ = large;
     cache_.Clear();
@@ -79,7 +79,7 @@ void IconSet::Build(bool large) {
     }
 }
 
-int IconSet::IndexFor(std::wstring_view name, std::wstring_view folder, DWORD attributes) {
+int IconSet::IconIndexFor(std::wstring_view name, std::wstring_view folder, DWORD attributes) {
     const IconChoice choice = ChooseIcon(name, folder, attributes, appState.fileList.iconOptions,
                                          SpecialFolders(), ArchivesOpenedHere());
     if (choice.image >= 0)
@@ -103,7 +103,7 @@ int IconSet::IndexFor(std::wstring_view name, std::wstring_view folder, DWORD at
 
 void IconSet::RefreshFor(const Path& path) {
     const DWORD attributes = ce::GetFileAttributesW(path.Text());
-    const int image = IndexFor(LeafOf(path.View()), ParentOf(path.View()), attributes);
+    const int image = IconIndexFor(LeafOf(path.View()), ParentOf(path.View()), attributes);
     if (image < fixedImageCount)
         return;
     const IconHandle icon = ShellIcon(path.Text());
@@ -118,8 +118,8 @@ IconHandle IconSet::ShellIcon(const wchar_t* path) const {
 }
 
 void FileList::BuildIconSets() {
-    largeIcons_.Build(true);
-    smallIcons_.Build(false);
+    largeIcons_.BuildIconSet(true);
+    smallIcons_.BuildIconSet(false);
     SendMessageW(window_, LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(smallIcons_.Images()));
     SendMessageW(window_, LVM_SETIMAGELIST, LVSIL_NORMAL, reinterpret_cast<LPARAM>(largeIcons_.Images()));
 }

@@ -29,11 +29,11 @@ class IconCache {
 class IconSet {
   public:
     /// Makes the image list anew with the fixed images alone.
-    void Build(bool large);
+    void BuildIconSet(bool large);
     /// Gives the images back.
     void Discard() { images_.Reset(); }
     /// The image of an entry, fetched from the shell when its kind is met for the first time.
-    int IndexFor(std::wstring_view name, std::wstring_view folder, DWORD attributes);
+    int IconIndexFor(std::wstring_view name, std::wstring_view folder, DWORD attributes);
     /// Replaces the fetched image that `path` has by the shell's current one.
     void RefreshFor(const Path& path);
     HIMAGELIST Images() const { return images_.Get(); }

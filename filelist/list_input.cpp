@@ -58,7 +58,7 @@ WNDPROC viewProcedure = nullptr;
 
 void OnTimer(FileList& list, WPARAM timer) {
     if (timer == holdTimer) {
-        list.tapAndHold.OnHoldElapsed(list);
+        list.tapAndHold.HoldElapsed(list);
     } else if (timer == restoreTimer) {
         // Both steps at once: with the first the control has dealt with the stylus, the second ends it.
         list.tapAndHold.RestoreStep(list.Window());
@@ -76,7 +76,7 @@ LRESULT CALLBACK ListProcedure(HWND window, UINT message, WPARAM wParam, LPARAM 
     case UM_EDITLABEL:
         return list.EditAgain(), 0;
     case WM_LBUTTONDOWN:
-        list.tapAndHold.OnStylusDown(list, PointOf(lParam));
+        list.tapAndHold.StylusDown(list, PointOf(lParam));
         break;
     case WM_LBUTTONDBLCLK:
         if (list.tapAndHold.HasOpened())

@@ -84,7 +84,7 @@ void FileList::ListFolder(const Path& path, int treeFlag) {
     {
         const WaitCursor wait;
         const Records previous = BeginListing(); // until the rows have others
-        history_.Record(path.View());
+        history_.RecordHistory(path.View());
         if (!path.IsEmpty() && options.showUpLevel)
             AddUpLevel();
         const wchar_t* folder = records_.folders.KeepOnce(path.View());
@@ -103,7 +103,7 @@ void FileList::ListFolder(const Path& path, int treeFlag) {
         FillView(reselected);
         EndListing(path);
     }
-    appState.folderTree.SelectPath(path.View(), treeFlag == treeRescan, true);
+    appState.folderTree.selectPath(path.View(), treeFlag == treeRescan, true);
     if (!found)
         SelectEntry(0);
     previousFolder_ = path;
@@ -129,7 +129,7 @@ void FileList::ListSearchResults() {
         if (folder.Assign(searchFolder))
             EndListing(folder);
     }
-    appState.folderTree.SelectPath(searchFolder, false, true);
+    appState.folderTree.selectPath(searchFolder, false, true);
     SelectEntry(0);
 }
 

@@ -114,7 +114,7 @@ void FileList::BuildSendToEntries() {
     HMENU ofSoftKey = SoftKeyMenu();
     const HMENU menus[] = {GetSubMenu(ofFiles, PositionOfPopup(ofFiles, IDM_SENDTO_IR)),
                            GetSubMenu(ofSoftKey, PositionOfPopup(ofSoftKey, IDM_SENDTO_EMAIL))};
-    preferredPrograms.Build(appState.settings.sendToPath.data(), menus);
+    preferredPrograms.buildPreferredMenu(appState.settings.sendToPath.data(), menus);
 }
 
 void FileList::DetachGoToMenu() {

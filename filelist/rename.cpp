@@ -44,7 +44,7 @@ void FileList::OnBeginLabelEdit(int index) {
     UpdateMenuState();
 }
 
-bool FileList::OnEndLabelEdit(const wchar_t* text) {
+bool FileList::EndRename(const wchar_t* text) {
     const std::optional<SelectionEntry> entry = std::exchange(edited_, std::nullopt);
     const wchar_t* label = labelEdit.Finish(text);
     appState.labelEditing = false;
@@ -101,7 +101,7 @@ bool FileList::RenameEntry(const SelectionEntry& entry, std::wstring_view label)
             searchResults.SetName(*result, name.View());
     }
     TakeName(entry, name.View());
-    appState.folderTree.SelectPath(currentFolder_.View(), true, true);
+    appState.folderTree.selectPath(currentFolder_.View(), true, true);
     return listingNumber_ == listing;
 }
 

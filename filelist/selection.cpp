@@ -86,7 +86,7 @@ void FileList::DeleteSelection() {
         return;
     std::vector<SelectionEntry> entries = CollectSelection();
     const Path folder = currentFolder_;
-    if (!DeleteEntries(folder, entries))
+    if (!StartDelete(folder, entries))
         return;
     RemoveDone(entries);
     TellTreeOfFolders(entries, ReportedFolders::Done);

@@ -19,18 +19,18 @@ void FileList::TransferTo(Transfer transfer, const wchar_t* title) {
     std::vector<SelectionEntry> entries = CollectSelection();
     // A selected up-level entry leaves an empty slot, which the job passes over.
     entries.resize(static_cast<std::size_t>(SendMessageW(window_, LVM_GETSELECTEDCOUNT, 0, 0)));
-    FolderChoice choice{folder};
+    FolderChooserRequest choice{folder};
     const bool refresh = ChooseFolder(title, choice) && !entries.empty() &&
-                         TransferEntries(transfer, folder, choice.folder, entries);
+                         StartTransfer(transfer, folder, choice.folder, entries);
     if (!refresh && !choice.changed)
         return;
-    appState.folderTree.SelectPath(choice.folder.View(), true, false);
+    appState.folderTree.selectPath(choice.folder.View(), true, false);
     ShowAfterWork(folder, folder.View(), transfer == Transfer::Move ? treeRescan : treeSelectOnly);
 }
 
-void FileList::AskShortcutsTo() {
+void FileList::ShortcutsTo() {
     const std::vector<Path> targets = SelectedPaths(); // as above: what is selected now
-    FolderChoice choice{currentFolder_};
+    FolderChooserRequest choice{currentFolder_};
     if (!ChooseFolder(L"Create shortcut to", choice))
         return;
     const Path& destination = choice.folder;

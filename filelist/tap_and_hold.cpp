@@ -37,7 +37,7 @@ std::vector<int> SelectedItems(HWND view) {
 
 } // namespace
 
-void TapAndHold::OnStylusDown(const FileList& list, POINT point) {
+void TapAndHold::StylusDown(const FileList& list, POINT point) {
     HWND view = list.Window();
     usedUp_ = opened_ = false;
     SetFocus(view);
@@ -66,7 +66,7 @@ bool TapAndHold::IsPressed() const {
     return holding_ && IsStylusDown();
 }
 
-void TapAndHold::OnHoldElapsed(const FileList& list) {
+void TapAndHold::HoldElapsed(const FileList& list) {
     if (!holding_)
         return;
     HWND view = list.Window();
@@ -77,7 +77,7 @@ void TapAndHold::OnHoldElapsed(const FileList& list) {
         usedUp_ = true;
 }
 
-void TapAndHold::OnMenuClosed(HWND view) {
+void TapAndHold::AfterMenu(HWND view) {
     if (!holding_)
         return;
     restoring_ = !restoring_;

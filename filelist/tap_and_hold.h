@@ -12,15 +12,15 @@ constexpr UINT_PTR restoreTimer = 3; // of the list's window
 class TapAndHold {
   public:
     /// The stylus went down at a point of the list's client area; called before the control sees it.
-    void OnStylusDown(const FileList& list, POINT point);
+    void StylusDown(const FileList& list, POINT point);
     /// The stylus was lifted, or a tap took its place.
     void Cancel(HWND view);
     /// The entry under the stylus goes while it is down: whatever becomes of the press is about nothing.
     void Abandon(HWND view);
     /// The hold timer: opens the context menu when the stylus stayed where it is.
-    void OnHoldElapsed(const FileList& list);
+    void HoldElapsed(const FileList& list);
     /// A menu closed. After a hold its selection comes back when the control has dealt with the stylus.
-    void OnMenuClosed(HWND view);
+    void AfterMenu(HWND view);
     /// Before and after every command of the main window, and from the restore timer.
     void RestoreStep(HWND view);
     /// The list shows other entries now: places in it mean nothing any more.

@@ -9,7 +9,7 @@ bool TellTreeOfFolders(std::span<const SelectionEntry> entries, ReportedFolders 
             continue;
         const wchar_t* folder = entry.folder.data();
         if (!told || std::wstring_view(told) != folder)
-            appState.folderTree.SelectPath(folder, true, false);
+            appState.folderTree.selectPath(folder, true, false);
         told = folder;
     }
     return told != nullptr;

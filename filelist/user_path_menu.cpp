@@ -58,7 +58,7 @@ void FileList::RebuildMenus() {
 
 void FileList::ChangeUserPaths() {
     ClearUserPathMenu();
-    EditUserPaths(userPaths);
+    editUserPaths(userPaths);
     BuildUserPathMenu();
 }
 

@@ -45,17 +45,17 @@ void ChooserTree::Create(HWND dialog) {
 }
 
 void ChooserTree::BuildImages() {
-    images_.Reset(ImageList_Create(imageSize, imageSize, ILC_MASK, std::size(imageResources), 0));
+    imageList_.Reset(ImageList_Create(imageSize, imageSize, ILC_MASK, std::size(imageResources), 0));
     for (const int resource : imageResources) {
         const IconHandle icon(
             static_cast<HICON>(LoadImageW(appState.instance, MAKEINTRESOURCEW(resource), IMAGE_ICON,
                                           imageSize, imageSize, LR_DEFAULTCOLOR)));
-        ImageList_ReplaceIcon(images_.Get(), -1, icon.Get());
+        ImageList_ReplaceIcon(imageList_.Get(), -1, icon.Get());
     }
-    SendMessageW(window_, TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(images_.Get()));
+    SendMessageW(window_, TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(imageList_.Get()));
 }
 
-void ChooserTree::SelectPath(std::wstring_view path) {
+void ChooserTree::selectPath(std::wstring_view path) {
     HTREEITEM node = root_;
     for (PathComponents components(path); components.HasNext();) {
         HTREEITEM child = FindChild(node, components.Next());
@@ -67,12 +67,12 @@ void ChooserTree::SelectPath(std::wstring_view path) {
     Select(node);
 }
 
-void ChooserTree::OnExpanding(const NMTREEVIEWW& notification) {
+void ChooserTree::onItemExpanding(const NMTREEVIEWW& notification) {
     if (notification.action == TVE_EXPAND)
         Fill(notification.itemNew.hItem);
 }
 
-void ChooserTree::OnExpanded(const NMTREEVIEWW& notification) {
+void ChooserTree::onItemExpanded(const NMTREEVIEWW& notification) {
     if (notification.action == TVE_COLLAPSE)
         Empty(notification.itemNew.hItem);
 }

@@ -13,20 +13,20 @@ class ChooserTree : public TreeView {
     void Create(HWND dialog);
 
     /// Opens the folders on the way and selects the last one that there is.
-    void SelectPath(std::wstring_view path);
+    void selectPath(std::wstring_view path);
     bool IsRoot(HTREEITEM node) const { return node == root_; }
 
     /// Shows a folder just made in the node's, and selects it.
     void AddMade(HTREEITEM parent, const wchar_t* name);
 
     /// TVN_ITEMEXPANDING and TVN_ITEMEXPANDED.
-    void OnExpanding(const NMTREEVIEWW& notification);
-    void OnExpanded(const NMTREEVIEWW& notification);
+    void onItemExpanding(const NMTREEVIEWW& notification);
+    void onItemExpanded(const NMTREEVIEWW& notification);
 
   private:
     void BuildImages();
     void Fill(HTREEITEM node);
     void Empty(HTREEITEM node);
 
-    ImageListHandle images_;
+    ImageListHandle imageList_;
 };

@@ -33,7 +33,7 @@ class DeleteJob final : public FileJob {
     bool AskAbout(const SelectionEntry& entry);
 
     SystemFolder system_{appState.settings.windowsPath.data()};
-    int mode_;
+    ConflictMode mode_;
     Path path_;
 };
 
@@ -96,7 +96,7 @@ int DeleteJob::AnswerQuestion(UINT, const wchar_t* text, const wchar_t*) {
 
 } // namespace
 
-bool DeleteEntries(const Path& sourceFolder, std::span<SelectionEntry> entries) {
+bool StartDelete(const Path& sourceFolder, std::span<SelectionEntry> entries) {
     QuestionText question{};
     WriteOpeningQuestion(question, entries);
     DeleteJob job(sourceFolder, entries);

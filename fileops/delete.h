@@ -9,4 +9,4 @@
 /// Asks once for all entries and deletes them under the job's dialog; each entry that went is marked as done.
 /// `sourceFolder` is the folder that the list shows. False when the user declined, or
 /// the jobs' worker is at another job or cannot be made.
-bool DeleteEntries(const Path& sourceFolder, std::span<SelectionEntry> entries);
+bool StartDelete(const Path& sourceFolder, std::span<SelectionEntry> entries);

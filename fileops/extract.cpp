@@ -54,8 +54,8 @@ ArchiverRun ExtractArchive(const SelectionEntry& entry, const Extraction& extrac
     const Path began = appState.fileList.CurrentFolder();
     const ArchiverRun run = RunArchiver(extraction.type, ExtractCommand(archive.View(), target.View()).get());
     // The target may be new, and there may be new folders in it, also of what failed in its middle.
-    appState.folderTree.SelectPath(ParentOf(target.View()), true, false);
-    appState.folderTree.SelectPath(target.View(), true, false);
+    appState.folderTree.selectPath(ParentOf(target.View()), true, false);
+    appState.folderTree.selectPath(target.View(), true, false);
     if (run.succeeded && extraction.open)
         appState.fileList.ShowAfterWork(began, target.View(), treeRescan);
     return {true, run.succeeded};
@@ -76,7 +76,7 @@ Path DefaultTarget() {
 Path AskForTarget(Path& shown, Path& began) {
     if (!IsExistingFolder(shown.Text()))
         shown.Clear(); // search results
-    FolderChoice choice{shown};
+    FolderChooserRequest choice{shown};
     if (ChooseFolder(L"Extract To", choice)) {
         shown = choice.folder;
         began = appState.fileList.CurrentFolder();
@@ -85,7 +85,7 @@ Path AskForTarget(Path& shown, Path& began) {
     const Path target = appState.lastExtractTarget ? *appState.lastExtractTarget : DefaultTarget();
     CopyTextTo(appState.fileList.compressFolder, target.View());
     if (choice.changed) {
-        appState.folderTree.SelectPath(choice.folder.View(), true, false);
+        appState.folderTree.selectPath(choice.folder.View(), true, false);
         appState.fileList.GoToFolder(appState.fileList.CurrentFolder().View(), treeSelectOnly);
     }
     return target;

@@ -31,10 +31,11 @@ struct JobLook {
 };
 
 /// What a job does with the answer to its questions: ask on, be silent, or stop.
-constexpr int modeAsk = 0;
-constexpr int modeSkipped = 1; // the last answer was "No"
-constexpr int modeAll = 2;
-constexpr int modeStop = 3;
+using ConflictMode = int;
+constexpr ConflictMode modeAsk = 0;
+constexpr ConflictMode modeSkipped = 1; // the last answer was "No"
+constexpr ConflictMode modeAll = 2;
+constexpr ConflictMode modeStop = 3;
 
 /// What the command of a question's soft key stands for. Any other command is a "No".
 int JobAnswerOf(int command);

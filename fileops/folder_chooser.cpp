@@ -22,7 +22,7 @@ constexpr int lastNewFolder = 1024;
 
 class FolderChooser final : public DialogFrame {
   public:
-    FolderChooser(const wchar_t* title, FolderChoice& choice)
+    FolderChooser(const wchar_t* title, FolderChooserRequest& choice)
         : DialogFrame(look), title_(title), choice_(choice) {}
 
   private:
@@ -38,7 +38,7 @@ class FolderChooser final : public DialogFrame {
     void Report(const wchar_t* text, UINT icon);
 
     const wchar_t* title_;
-    FolderChoice& choice_;
+    FolderChooserRequest& choice_;
     ChooserTree tree_;
 };
 
@@ -49,7 +49,7 @@ HWND FolderChooser::OnInit() {
     }
     const WaitCursor wait;
     tree_.Create(Window());
-    tree_.SelectPath(choice_.folder.View());
+    tree_.selectPath(choice_.folder.View());
     ce::SipShowIM(SIPF_OFF);
     return tree_.Window();
 }
@@ -81,9 +81,9 @@ void FolderChooser::OnNotify(const NMHDR* notification) {
         return;
     switch (notification->code) {
     case TVN_ITEMEXPANDINGW:
-        return tree_.OnExpanding(*reinterpret_cast<const NMTREEVIEWW*>(notification));
+        return tree_.onItemExpanding(*reinterpret_cast<const NMTREEVIEWW*>(notification));
     case TVN_ITEMEXPANDEDW:
-        return tree_.OnExpanded(*reinterpret_cast<const NMTREEVIEWW*>(notification));
+        return tree_.onItemExpanded(*reinterpret_cast<const NMTREEVIEWW*>(notification));
     case TVN_BEGINLABELEDITW:
         // Folders are renamed in a dialog of their own.
         SetWindowLongPtrW(Window(), DWLP_MSGRESULT, TRUE);
@@ -137,11 +137,11 @@ void FolderChooser::RenameFolder() {
     HTREEITEM node = tree_.Caret();
     if (!node)
         return;
-    PathText name{};
-    tree_.ReadText(node, name);
+    PathText renameBuffer{};
+    tree_.ReadText(node, renameBuffer);
     if (tree_.IsRoot(node)) {
         std::array<wchar_t, pathCapacity + 32> text{};
-        FormatText(text, L"%s\n\ncannot be renamed.", name.data());
+        FormatText(text, L"%s\n\ncannot be renamed.", renameBuffer.data());
         return Report(text.data(), MB_ICONEXCLAMATION);
     }
     const bool panelShown = (GetSipFlags() & SIPF_ON) != 0;
@@ -149,8 +149,8 @@ void FolderChooser::RenameFolder() {
         ce::SipShowIM(SIPF_ON);
     Path folder; // by which it is found again: behind the question its node may go
     const bool fits = tree_.PathBelowRoot(node, folder);
-    if (AskFolderName(Window(), name) && fits)
-        RenameTo(folder, name);
+    if (AskFolderName(Window(), renameBuffer) && fits)
+        RenameTo(folder, renameBuffer);
     if (!panelShown)
         ce::SipShowIM(SIPF_OFF);
     SetFocus(tree_.Window());
@@ -176,6 +176,6 @@ void FolderChooser::RenameTo(const Path& folder, const PathText& name) {
 
 } // namespace
 
-bool ChooseFolder(const wchar_t* title, FolderChoice& choice, HWND owner) {
+bool ChooseFolder(const wchar_t* title, FolderChooserRequest& choice, HWND owner) {
     return FolderChooser(title, choice).Run(owner ? owner : appState.mainWindow) == IDOK;
 }

@@ -74,10 +74,10 @@ void PropertiesPage::ShowEntry() {
     request_.newAttributes = attributes;
     ShowAttributes(attributes);
     ShowIconAndType(path, attributes);
-    WIN32_FIND_DATAW found{};
-    const FindHandle find(ce::FindFirstFileW(path.Text(), &found));
+    WIN32_FIND_DATAW findData{};
+    const FindHandle find(ce::FindFirstFileW(path.Text(), &findData));
     if (find)
-        ShowFound(found);
+        ShowFound(findData);
 }
 
 void PropertiesPage::ShowIconAndType(const Path& path, DWORD attributes) {
@@ -94,12 +94,12 @@ void PropertiesPage::ShowIconAndType(const Path& path, DWORD attributes) {
     SetDlgItemTextW(Window(), IDC_ENTRY_TYPE, type.data());
 }
 
-void PropertiesPage::ShowFound(const WIN32_FIND_DATAW& found) {
+void PropertiesPage::ShowFound(const WIN32_FIND_DATAW& findData) {
     std::array<wchar_t, 128> size{};
-    FormatPropertySize(found.nFileSizeLow, size);
+    FormatPropertySize(findData.nFileSizeLow, size);
     SetDlgItemTextW(Window(), IDC_ENTRY_SIZE, size.data());
-    ShowTime(IDC_ENTRY_CREATED, found.ftCreationTime);
-    ShowTime(IDC_ENTRY_MODIFIED, found.ftLastWriteTime);
+    ShowTime(IDC_ENTRY_CREATED, findData.ftCreationTime);
+    ShowTime(IDC_ENTRY_MODIFIED, findData.ftLastWriteTime);
 }
 
 void PropertiesPage::ShowTime(int control, const FILETIME& time) {

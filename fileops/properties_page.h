@@ -18,7 +18,7 @@ class PropertiesPage : public DialogFrame {
     void GreyMenuEntries();
     void ShowEntry();
     void ShowIconAndType(const Path& path, DWORD attributes);
-    void ShowFound(const WIN32_FIND_DATAW& found);
+    void ShowFound(const WIN32_FIND_DATAW& findData);
     void ShowTime(int control, const FILETIME& time);
     void ShowAttributes(DWORD attributes);
     void OnAttributeClick(int control, DWORD attribute);

@@ -9,7 +9,7 @@ constexpr DialogLook look{{121, 121, 121}, IDR_MENUBAR_RENAME, true};
 
 class RenameFolderDialog final : public DialogFrame {
   public:
-    explicit RenameFolderDialog(PathText& name) : DialogFrame(look), name_(name) {}
+    explicit RenameFolderDialog(PathText& name) : DialogFrame(look), renameBuffer_(name) {}
 
   private:
     HWND OnInit() override {
@@ -21,7 +21,8 @@ class RenameFolderDialog final : public DialogFrame {
     void OnCommand(int id, int) override {
         if (id == IDM_RENAME_OK) {
             // The field under "Old Name : " is the one that counts; it has always been so.
-            GetDlgItemTextW(Window(), IDC_RENAME_COUNTED, name_.data(), static_cast<int>(name_.size()));
+            GetDlgItemTextW(Window(), IDC_RENAME_COUNTED, renameBuffer_.data(),
+                            static_cast<int>(renameBuffer_.size()));
             End(IDOK);
         } else if (id == IDM_JOB_CANCEL || id == IDCANCEL) {
             End(IDCANCEL);
@@ -30,10 +31,10 @@ class RenameFolderDialog final : public DialogFrame {
 
     void Prepare(int id) {
         SendDlgItemMessageW(Window(), id, EM_LIMITTEXT, pathCapacity - 1, 0);
-        SetDlgItemTextW(Window(), id, name_.data());
+        SetDlgItemTextW(Window(), id, renameBuffer_.data());
     }
 
-    PathText& name_;
+    PathText& renameBuffer_;
 };
 
 } // namespace

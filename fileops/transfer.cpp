@@ -42,7 +42,7 @@ class TransferJob final : public FileJob {
     const Path& targetFolder_;
     const ce::RealPlace targetPlace_{PlaceOfFolder(targetFolder_.View())};
     EntryPlaces places_;
-    int conflictMode_ = modeAsk;
+    ConflictMode conflictMode_ = modeAsk;
     Path target_;
 };
 
@@ -117,15 +117,15 @@ bool TransferJob::MayUseFolder(const wchar_t* target) {
     return conflictMode_ != modeStop;
 }
 
-int TransferJob::AnswerQuestion(UINT message, const wchar_t* text, const wchar_t* source) {
-    return message == UM_ASKREPLACEFOLDER ? AskReplaceFolder(Window(), text)
-                                          : AskReplaceFile(Window(), text, source);
+int TransferJob::AnswerQuestion(UINT message, const wchar_t* askTarget, const wchar_t* askSource) {
+    return message == UM_ASKREPLACEFOLDER ? AskReplaceFolder(Window(), askTarget)
+                                          : AskReplaceFile(Window(), askTarget, askSource);
 }
 
 } // namespace
 
-bool TransferEntries(Transfer kind, const Path& sourceFolder, const Path& targetFolder,
-                     std::span<SelectionEntry> entries) {
+bool StartTransfer(Transfer kind, const Path& sourceFolder, const Path& targetFolder,
+                   std::span<SelectionEntry> entries) {
     const wchar_t* refusal = RefuseTransfer(
         {entries, targetFolder.View(), appState.settings.windowsPath.data(), kind == Transfer::Move});
     if (refusal) {

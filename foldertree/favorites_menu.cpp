@@ -81,11 +81,11 @@ class MenuBuilder {
 
 } // namespace
 
-void FavoritesMenu::Build(HMENU menu, const Path& folder) {
+void FavoritesMenu::buildFavoritesMenu(HMENU menu, const Path& folder) {
     MenuBuilder(folder, files_).AddTop(menu);
 }
 
-void FavoritesMenu::Clear(HMENU menu) {
+void FavoritesMenu::clearFavoritesMenu(HMENU menu) {
     while (DeleteMenu(menu, fixedEntries, MF_BYPOSITION)) {
     }
     files_.clear();

@@ -14,10 +14,10 @@ class FavoritesMenu {
   public:
     /// Appends what is in `folder` to the menu: a separator, the subfolders, the files, in the order in which
     /// the file system tells of them. Nothing when the folder is empty.
-    void Build(HMENU menu, const Path& folder);
+    void buildFavoritesMenu(HMENU menu, const Path& folder);
 
-    /// Takes out again what Build appended behind the menu's own entries.
-    void Clear(HMENU menu);
+    /// Takes out again what buildFavoritesMenu appended behind the menu's own entries.
+    void clearFavoritesMenu(HMENU menu);
 
     int Count() const { return static_cast<int>(files_.size()); }
     /// The file behind an entry by its number, which counts on through all folders; null for none.

@@ -19,7 +19,7 @@ static_assert(std::size(imageResources) == treeImageCount);
 
 } // namespace
 
-void FolderTree::Create(HWND parent) {
+void FolderTree::create(HWND parent) {
     constexpr DWORD style = WS_CHILD | WS_VISIBLE | WS_BORDER | WS_TABSTOP | TVS_HASBUTTONS | TVS_HASLINES |
                             TVS_EDITLABELS | TVS_SHOWSELALWAYS;
     window_ = ce::CreateWindowExW(0, WC_TREEVIEWW, nullptr, style, 0, 0, 0, 0, parent,
@@ -28,25 +28,25 @@ void FolderTree::Create(HWND parent) {
     controlProcedure_ = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(WindowProcedure)));
     BuildImages();
-    Rebuild();
+    rebuild();
 }
 
 void FolderTree::Destroy() {
     ready_ = pendingSync_ = false;
     DestroyWindow(window_);
     window_ = nullptr;
-    images_.Reset();
+    imageList_.Reset();
 }
 
 void FolderTree::BuildImages() {
-    images_.Reset(ImageList_Create(imageSize, imageSize, ILC_MASK, 1, 2));
+    imageList_.Reset(ImageList_Create(imageSize, imageSize, ILC_MASK, 1, 2));
     for (const int resource : imageResources) {
         const IconHandle icon(
             static_cast<HICON>(LoadImageW(appState.instance, MAKEINTRESOURCEW(resource), IMAGE_ICON,
                                           imageSize, imageSize, LR_DEFAULTCOLOR)));
-        ImageList_ReplaceIcon(images_.Get(), -1, icon.Get());
+        ImageList_ReplaceIcon(imageList_.Get(), -1, icon.Get());
     }
-    SendMessageW(window_, TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(images_.Get()));
+    SendMessageW(window_, TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(imageList_.Get()));
 }
 
 LRESULT CALLBACK FolderTree::WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -98,16 +98,16 @@ bool FolderTree::OnNotify(NMHDR* notification, LRESULT* result) {
     case TVN_BEGINDRAGW:
         return OnNodeNotify(reinterpret_cast<NMTREEVIEWW*>(notification));
     case TVN_BEGINLABELEDITW:
-        OnBeginLabelEdit(reinterpret_cast<NMTVDISPINFOW*>(notification)->item.hItem);
+        onBeginLabelEdit(reinterpret_cast<NMTVDISPINFOW*>(notification)->item.hItem);
         return true;
     case TVN_ENDLABELEDITW:
-        *result = OnEndLabelEdit(reinterpret_cast<NMTVDISPINFOW*>(notification)->item.pszText);
+        *result = onEndLabelEdit(reinterpret_cast<NMTVDISPINFOW*>(notification)->item.pszText);
         return true;
     case TVN_GETDISPINFOW:
         OnButtonAsked(reinterpret_cast<NMTVDISPINFOW*>(notification)->item);
         return true;
     case TVN_KEYDOWN:
-        OnKeyDown(reinterpret_cast<NMTVKEYDOWN*>(notification)->wVKey);
+        onKeyDown(reinterpret_cast<NMTVKEYDOWN*>(notification)->wVKey);
         return true;
     case NM_KILLFOCUS:
         FlushPendingSync();
@@ -120,16 +120,16 @@ bool FolderTree::OnNotify(NMHDR* notification, LRESULT* result) {
 bool FolderTree::OnNodeNotify(NMTREEVIEWW* notification) {
     switch (notification->hdr.code) {
     case TVN_SELCHANGEDW:
-        OnSelectionChanged(notification->action);
+        onSelChanged(notification->action);
         return true;
     case TVN_ITEMEXPANDINGW:
         if (notification->action == TVE_EXPAND)
-            RefreshChildren(notification->itemNew.hItem);
+            refreshChildren(notification->itemNew.hItem);
         return true;
     case TVN_ITEMEXPANDEDW:
         if (notification->action == TVE_COLLAPSE &&
             notification->itemNew.hItem != notification->itemOld.hItem)
-            OnCollapsed(notification->itemNew.hItem);
+            onItemExpanded(notification->itemNew.hItem);
         return true;
     case TVN_DELETEITEMW:
         if (notification->itemOld.hItem == editedNode_)

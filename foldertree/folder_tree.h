@@ -19,7 +19,7 @@ class FolderTree : public TreeView {
     // --- folder_tree.cpp: the window and its messages ---
 
     /// Makes the tree as a child of `parent`, unplaced, filled down to the root's folders.
-    void Create(HWND parent);
+    void create(HWND parent);
     void Destroy();
     /// The tree's answer to a notification of its own. True when it is handled, with the answer in `result`.
     bool OnNotify(NMHDR* notification, LRESULT* result);
@@ -27,7 +27,7 @@ class FolderTree : public TreeView {
     // --- tree_nodes.cpp: the nodes and the folders they stand for ---
 
     /// Reads the whole tree anew; only the root level is open afterwards.
-    void Rebuild();
+    void rebuild();
     /// Reads the root's folders afresh, keeping what is open.
     void RefreshRoot();
 
@@ -36,14 +36,14 @@ class FolderTree : public TreeView {
     /// Selects the node of a folder the list now shows, without navigating the list back. `rescan` reads its
     /// subfolders afresh, or notes that this is to be done once somebody uses the tree. A folder the tree
     /// does not hold leaves its nearest ancestor selected.
-    void SelectPath(std::wstring_view path, bool rescan, bool select);
+    void selectPath(std::wstring_view path, bool rescan, bool select);
     /// The tree has come into view: brings it up to date and scrolls to the selected node, for which it had
     /// no place while it was hidden.
     void OnShown();
     /// Whether the selected node is the root, which stands for the device.
     bool IsDeviceSelected() const { return root_ && Caret() == root_; }
     /// treeSyncTimer: a pending keyboard selection navigates the list.
-    void OnSyncTimer();
+    void onSyncTimer();
     /// Has a pending keyboard selection navigate the list now: what comes next is about what is selected.
     void FlushPendingSync();
     /// "Up Folder" with the focus here: selects the parent of the selected node and shows it in the list.
@@ -96,10 +96,10 @@ class FolderTree : public TreeView {
     bool OnPointerNotify(UINT code, LRESULT* result);
     bool OnListKey(WPARAM key);
 
-    bool PathOfNode(HTREEITEM node, Path& path) const;
+    bool pathOfNode(HTREEITEM node, Path& path) const;
     HTREEITEM NodeOfPath(const Path& path) const;
     void InsertSubfolder(HTREEITEM parent, const wchar_t* name, DWORD attributes);
-    void RefreshChildren(HTREEITEM node);
+    void refreshChildren(HTREEITEM node);
     void OnButtonAsked(TVITEMW& node) const;
     void ForgetButton(HTREEITEM node);
     void SetButton(HTREEITEM node, bool children);
@@ -109,12 +109,12 @@ class FolderTree : public TreeView {
     HTREEITEM ChildOnTheWay(HTREEITEM node, std::wstring_view name);
     void RescanNode(HTREEITEM node);
     void CatchUp();
-    void OnSelectionChanged(UINT action);
-    void OnCollapsed(HTREEITEM node);
-    void SyncListToSelection();
+    void onSelChanged(UINT action);
+    void onItemExpanded(HTREEITEM node);
+    void syncListToSelection();
 
-    void OnBeginLabelEdit(HTREEITEM node);
-    bool OnEndLabelEdit(const wchar_t* text);
+    void onBeginLabelEdit(HTREEITEM node);
+    bool onEndLabelEdit(const wchar_t* text);
     bool RenameEdited(std::wstring_view name, bool asTyped);
     void RefuseName(const wchar_t* message);
     void EditAgain();
@@ -129,10 +129,10 @@ class FolderTree : public TreeView {
     void OnStylusDown(LPARAM point);
     void OnHoldElapsed();
     void CancelHold();
-    void OnKeyDown(WORD key);
+    void onKeyDown(WORD key);
 
     WNDPROC controlProcedure_ = nullptr;
-    ImageListHandle images_;
+    ImageListHandle imageList_;
     HTREEITEM search_ = nullptr;
 
     bool ready_ = false;       // a change of the selection is the user's, not the program's
@@ -142,7 +142,7 @@ class FolderTree : public TreeView {
     POINT holdPoint_{};        // where it went down
     bool pressUsedUp_ = false; // it was held until the menu opened, or its node may have gone
 
-    Path editedPath_;                // of the node whose name is edited
+    Path selectionPath_;             // of the node whose name is edited
     HTREEITEM editedNode_ = nullptr; // that node; null once it has gone
     std::optional<Path> editAgain_;  // of the one whose name was refused: the editor opens once more
     bool endEdit_ = false;           // a menu closed over what may be an open editor

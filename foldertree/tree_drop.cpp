@@ -32,7 +32,7 @@ bool FolderTree::TakeDrop(DragDrop& drag) {
     FileList& list = appState.fileList;
     HTREEITEM node = DropTargetAt(MessagePoint());
     Path target;
-    if (!node || !PathOfNode(node, target))
+    if (!node || !pathOfNode(node, target))
         return false;
     const DropAction action = DragDrop::ChooseAction();
     SetDropMark(nullptr);
@@ -45,7 +45,7 @@ bool FolderTree::TakeDrop(DragDrop& drag) {
 }
 
 bool FolderTree::FolderToCarry(HTREEITEM node, Path& folder) const {
-    return node && node != root_ && node != search_ && PathOfNode(node, folder);
+    return node && node != root_ && node != search_ && pathOfNode(node, folder);
 }
 
 bool FolderTree::PutOnClipboard(const Path& folder, Transfer transfer) {

@@ -137,7 +137,7 @@ bool FolderTree::OnPointerNotify(UINT code, LRESULT* result) {
 
 /// Keys mean what they mean in the list. Their commands are posted, so that the control is done with the key
 /// first: it moves to the parent on its own for the Back key.
-void FolderTree::OnKeyDown(WORD key) {
+void FolderTree::onKeyDown(WORD key) {
     if (appState.dragging && key == VK_ESCAPE)
         appState.fileList.dragDrop.Cancel();
     if (appState.dragging || appState.labelEditing)

@@ -6,7 +6,7 @@
 #include "foldertree/subfolders.h"
 #include "foldertree/tree_rules.h"
 
-bool FolderTree::PathOfNode(HTREEITEM node, Path& path) const {
+bool FolderTree::pathOfNode(HTREEITEM node, Path& path) const {
     return node == search_ ? path.Assign(searchFolder) : PathBelowRoot(node, path);
 }
 
@@ -28,7 +28,7 @@ void FolderTree::OnButtonAsked(TVITEMW& node) const {
     if (!(node.mask & TVIF_CHILDREN))
         return;
     Path folder;
-    node.cChildren = PathOfNode(node.hItem, folder) && HasSubfolder(folder);
+    node.cChildren = pathOfNode(node.hItem, folder) && HasSubfolder(folder);
     node.mask |= TVIF_DI_SETITEM;
 }
 
@@ -54,9 +54,9 @@ void FolderTree::SetButton(HTREEITEM node, bool children) {
 }
 
 /// Brings the node's children in line with its folder. Those that stay keep what is open below them.
-void FolderTree::RefreshChildren(HTREEITEM node) {
+void FolderTree::refreshChildren(HTREEITEM node) {
     Path folder;
-    if (node == search_ || !PathOfNode(node, folder))
+    if (node == search_ || !pathOfNode(node, folder))
         return;
     const std::vector<Subfolder> subfolders = ReadSubfolders(folder);
     std::vector<bool> shown(subfolders.size());
@@ -82,7 +82,7 @@ void FolderTree::RefreshChildren(HTREEITEM node) {
     SetButton(node, !subfolders.empty());
 }
 
-void FolderTree::Rebuild() {
+void FolderTree::rebuild() {
     SendMessageW(window_, TVM_ENDEDITLABELNOW, FALSE, 0); // while its node is still there
     HWND focus = GetFocus();
     const bool visible = GetWindowLongW(window_, GWL_STYLE) & WS_VISIBLE;
@@ -105,5 +105,5 @@ void FolderTree::Rebuild() {
 }
 
 void FolderTree::RefreshRoot() {
-    RefreshChildren(root_);
+    refreshChildren(root_);
 }

@@ -22,17 +22,17 @@ void FolderTree::BeginRename() {
         SendMessageW(window_, TVM_EDITLABELW, 0, reinterpret_cast<LPARAM>(node));
 }
 
-void FolderTree::OnBeginLabelEdit(HTREEITEM node) {
+void FolderTree::onBeginLabelEdit(HTREEITEM node) {
     CancelHold();
     appState.labelEditing = true;
     UpdateMenuState();
     editedNode_ = node;
-    if (!PathOfNode(node, editedPath_))
-        editedPath_.Clear();
+    if (!pathOfNode(node, selectionPath_))
+        selectionPath_.Clear();
 }
 
 /// True when the node takes the new name. `text` is null when the edit was cancelled.
-bool FolderTree::OnEndLabelEdit(const wchar_t* text) {
+bool FolderTree::onEndLabelEdit(const wchar_t* text) {
     CancelHold();
     // In the midst of ending an edit its field loses the keyboard, for which the control ends it once more.
     if (!std::exchange(appState.labelEditing, false))
@@ -45,7 +45,7 @@ bool FolderTree::OnEndLabelEdit(const wchar_t* text) {
         RefuseName(forbiddenNameMessage);
     else if (name.empty())
         RefuseName(emptyNameMessage);
-    else if (editedPath_.View().find(L'\\') == std::wstring_view::npos)
+    else if (selectionPath_.View().find(L'\\') == std::wstring_view::npos)
         RefuseName(renameFailedMessage); // the device itself and the search results
     else
         return RenameEdited(name, name == text);
@@ -56,16 +56,16 @@ bool FolderTree::OnEndLabelEdit(const wchar_t* text) {
 /// that already.
 bool FolderTree::RenameEdited(std::wstring_view name, bool asTyped) {
     if (SystemFolder(appState.settings.windowsPath.data())
-            .KeepsItsName(ParentOf(editedPath_.View()), LeafOf(editedPath_.View()), name)) {
+            .KeepsItsName(ParentOf(selectionPath_.View()), LeafOf(selectionPath_.View()), name)) {
         MessageBoxW(appState.mainWindow, systemFolderMessage, L"", MB_ICONHAND);
         SetFocus(window_);
         return false;
     }
     const OwnedText taken = CopyText(name);
     Path renamed;
-    const bool fits = renamed.AssignChild(ParentOf(editedPath_.View()), name);
+    const bool fits = renamed.AssignChild(ParentOf(selectionPath_.View()), name);
     appState.changeWatcher.PauseWatcher();
-    const bool moved = fits && ce::MoveFileW(editedPath_.Text(), renamed.Text());
+    const bool moved = fits && ce::MoveFileW(selectionPath_.Text(), renamed.Text());
     if (!moved)
         RefuseName(renameFailedMessage);
     appState.changeWatcher.ResumeWatcher();
@@ -87,7 +87,7 @@ bool FolderTree::RenameEdited(std::wstring_view name, bool asTyped) {
 
 /// Says why a name cannot be, and has the editor opened again.
 void FolderTree::RefuseName(const wchar_t* message) {
-    editAgain_ = editedPath_; // known before the box, behind which the node may go
+    editAgain_ = selectionPath_; // known before the box, behind which the node may go
     MessageBoxW(appState.mainWindow, message, L"", MB_ICONERROR);
     SetFocus(window_);
     PostMessageW(window_, UM_EDITAGAIN, 0, 0);

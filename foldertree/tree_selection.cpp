@@ -24,7 +24,7 @@ HTREEITEM FolderTree::ChildOnTheWay(HTREEITEM node, std::wstring_view name) {
     HTREEITEM child = FindChild(node, name);
     if (child || !behind_)
         return child;
-    RefreshChildren(node);
+    refreshChildren(node);
     return FindChild(node, name);
 }
 
@@ -46,12 +46,12 @@ HTREEITEM FolderTree::DescendTo(std::wstring_view path) {
 /// Reads the node's subfolders afresh and leaves it open if it was and still has any.
 void FolderTree::RescanNode(HTREEITEM node) {
     const bool wasOpen = IsOpen(node);
-    RefreshChildren(node);
+    refreshChildren(node);
     const bool open = wasOpen && Related(TVGN_CHILD, node);
     Expand(node, open ? TVE_EXPAND : TVE_COLLAPSE);
 }
 
-/// What SelectPath has put off while nobody used the tree.
+/// What selectPath has put off while nobody used the tree.
 void FolderTree::CatchUp() {
     if (!std::exchange(behind_, false))
         return;
@@ -63,7 +63,7 @@ void FolderTree::CatchUp() {
     ready_ = ready;
 }
 
-void FolderTree::SelectPath(std::wstring_view path, bool rescan, bool select) {
+void FolderTree::selectPath(std::wstring_view path, bool rescan, bool select) {
     ready_ = false;
     if (path == searchFolder) {
         Expand(root_, TVE_EXPAND);
@@ -88,7 +88,7 @@ void FolderTree::OnShown() {
         SendMessageW(window_, TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(node));
 }
 
-void FolderTree::OnSelectionChanged(UINT action) {
+void FolderTree::onSelChanged(UINT action) {
     if (!ready_)
         return;
     KillTimer(appState.mainWindow, treeSyncTimer);
@@ -96,12 +96,12 @@ void FolderTree::OnSelectionChanged(UINT action) {
         SetTimer(appState.mainWindow, treeSyncTimer, syncDelay, nullptr);
         pendingSync_ = true;
     } else if (action == TVC_BYMOUSE) {
-        SyncListToSelection();
+        syncListToSelection();
     }
 }
 
 /// A selection below moves up to the collapsed node. Controls differ in whether that has happened by now.
-void FolderTree::OnCollapsed(HTREEITEM node) {
+void FolderTree::onItemExpanded(HTREEITEM node) {
     if (!ready_)
         return;
     HTREEITEM selected = Caret();
@@ -109,10 +109,10 @@ void FolderTree::OnCollapsed(HTREEITEM node) {
         selected = Related(TVGN_PARENT, selected);
     if (selected)
         Select(node);
-    SyncListToSelection();
+    syncListToSelection();
 }
 
-void FolderTree::OnSyncTimer() {
+void FolderTree::onSyncTimer() {
     if (!IsGestureRunning()) // it comes again
         FlushPendingSync();
 }
@@ -120,14 +120,14 @@ void FolderTree::OnSyncTimer() {
 void FolderTree::FlushPendingSync() {
     KillTimer(appState.mainWindow, treeSyncTimer);
     if (pendingSync_)
-        SyncListToSelection();
+        syncListToSelection();
 }
 
-void FolderTree::SyncListToSelection() {
+void FolderTree::syncListToSelection() {
     pendingSync_ = false;
     HTREEITEM node = Caret();
     Path path;
-    if (node && PathOfNode(node, path))
+    if (node && pathOfNode(node, path))
         appState.fileList.GoToFolder(path.View(), treeSelectOnly);
 }
 
@@ -136,5 +136,5 @@ void FolderTree::SelectParent() {
     HTREEITEM parent = Related(TVGN_PARENT, Caret());
     if (parent && GetKeyState(VK_BACK) >= 0)
         Select(parent);
-    SyncListToSelection();
+    syncListToSelection();
 }

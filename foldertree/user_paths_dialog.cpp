@@ -241,7 +241,7 @@ void UserPathsDialog::TakePath(int row, const wchar_t* label) {
 
 } // namespace
 
-void EditUserPaths(std::vector<OwnedText>& paths) {
+void editUserPaths(std::vector<OwnedText>& paths) {
     const bool panelShown = (GetSipFlags() & SIPF_ON) != 0;
     UserPathsDialog(paths).Run(appState.mainWindow);
     if (!panelShown)

@@ -6,4 +6,4 @@
 #include "common/text.h"
 
 /// Lets the user add, change and take away paths. What is done there is done at once, however it is left.
-void EditUserPaths(std::vector<OwnedText>& paths);
+void editUserPaths(std::vector<OwnedText>& paths);

@@ -51,7 +51,7 @@ std::optional<ProgramRecord> MakeProgramRecord(std::wstring_view className, std:
                          CopyText(parsed->parameters)};
 }
 
-ProgramList EnumeratePrograms(HKEY root, std::wstring_view extension, std::wstring_view systemFolder) {
+ProgramList enumeratePrograms(HKEY root, std::wstring_view extension, std::wstring_view systemFolder) {
     ProgramList list;
     wchar_t name[pathCapacity];
     for (DWORD index = 0;; ++index) {
@@ -68,7 +68,7 @@ ProgramList EnumeratePrograms(HKEY root, std::wstring_view extension, std::wstri
     }
 }
 
-bool WriteAssociation(HKEY root, const AssociationTexts& texts) {
+bool writeAssociation(HKEY root, const AssociationTexts& texts) {
     KeyPath command;
     KeyPath icon;
     FormatText(command, commandKey, texts.className.get());
@@ -78,6 +78,6 @@ bool WriteAssociation(HKEY root, const AssociationTexts& texts) {
            WriteDefault(root, icon.data(), texts.iconSource.get());
 }
 
-bool SetExtensionClass(HKEY root, const wchar_t* extension, const wchar_t* className) {
+bool setExtensionClass(HKEY root, const wchar_t* extension, const wchar_t* className) {
     return WriteDefault(root, extension, className);
 }

@@ -30,10 +30,10 @@ std::optional<ProgramRecord> MakeProgramRecord(std::wstring_view className, std:
 
 /// Every class below `root` whose program exists. `extension`, with its dot, is the one extension that counts
 /// as a class too.
-ProgramList EnumeratePrograms(HKEY root, std::wstring_view extension, std::wstring_view systemFolder);
+ProgramList enumeratePrograms(HKEY root, std::wstring_view extension, std::wstring_view systemFolder);
 
 /// Stores the texts as a class. False at the first that cannot be stored.
-bool WriteAssociation(HKEY root, const AssociationTexts& texts);
+bool writeAssociation(HKEY root, const AssociationTexts& texts);
 
 /// Makes files of this extension, with its dot, files of the class.
-bool SetExtensionClass(HKEY root, const wchar_t* extension, const wchar_t* className);
+bool setExtensionClass(HKEY root, const wchar_t* extension, const wchar_t* className);

@@ -10,7 +10,7 @@ int ChooseProgram(const ProgramChoice& choice) {
     if (ExtensionOf(choice.name.View()).empty())
         return 0;
     // Too large for the phone's stack.
-    return static_cast<int>(std::make_unique<ChooseProgramDialog>(choice)->Run(appState.mainWindow));
+    return static_cast<int>(std::make_unique<ProgramChooser>(choice)->Run(appState.mainWindow));
 }
 
 void ChooseProgramForSelection() {

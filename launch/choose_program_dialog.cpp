@@ -38,9 +38,9 @@ bool BrowseForProgram(HWND owner, PathText& program) {
 
 } // namespace
 
-ChooseProgramDialog::ChooseProgramDialog(const ProgramChoice& choice) : DialogFrame(look), choice_(choice) {}
+ProgramChooser::ProgramChooser(const ProgramChoice& choice) : DialogFrame(look), choice_(choice) {}
 
-HWND ChooseProgramDialog::OnInit() {
+HWND ProgramChooser::OnInit() {
     wchar_t title[pathCapacity + 32];
     FormatText(title, L"Choose Program (%s)", choice_.name.Text());
     SetWindowTextW(Window(), title);
@@ -50,11 +50,11 @@ HWND ChooseProgramDialog::OnInit() {
         SendMessageW(Control(IDC_ALWAYS_THIS_PROGRAM), BM_SETCHECK, BST_CHECKED, 0);
         EnableWindow(Control(IDC_ALWAYS_THIS_PROGRAM), FALSE);
     }
-    ShowPrograms({});
+    fillList({});
     return List();
 }
 
-void ChooseProgramDialog::OnCommand(int id, int) {
+void ProgramChooser::OnCommand(int id, int) {
     switch (id) {
     case IDOK:
         OnConfirm();
@@ -68,25 +68,25 @@ void ChooseProgramDialog::OnCommand(int id, int) {
     }
 }
 
-void ChooseProgramDialog::OnBrowse() {
+void ProgramChooser::OnBrowse() {
     PathText program{};
     if (!BrowseForProgram(Window(), program))
         return;
     if (TakeBrowsed(program.data()))
-        ShowPrograms(program.data());
+        fillList(program.data());
 }
 
 /// Stores the program at once, or keeps it until it is chosen where cancelling may leave nothing behind.
-bool ChooseProgramDialog::TakeBrowsed(std::wstring_view program) {
+bool ProgramChooser::TakeBrowsed(std::wstring_view program) {
     AssociationTexts texts = ComposeAssociation({.program = program}, SystemFolder());
     if (ce::OwnsRegistry())
-        return WriteAssociation(HKEY_CLASSES_ROOT, texts);
+        return writeAssociation(HKEY_CLASSES_ROOT, texts);
     browsed_ = std::move(texts);
     return true;
 }
 
 /// Adds the program that is not stored yet, in the place of the class that it would replace.
-void ChooseProgramDialog::AddBrowsed(ProgramList& programs) const {
+void ProgramChooser::AddBrowsed(ProgramList& programs) const {
     if (!browsed_)
         return;
     std::erase_if(programs.records, [&](const ProgramRecord& record) {
@@ -98,23 +98,23 @@ void ChooseProgramDialog::AddBrowsed(ProgramList& programs) const {
         programs.records.push_back(std::move(*record));
 }
 
-void ChooseProgramDialog::StoreBrowsed(const ProgramRecord& chosen) {
+void ProgramChooser::StoreBrowsed(const ProgramRecord& chosen) {
     if (browsed_ && EqualNoCase(chosen.className.get(), browsed_->className.get()))
-        WriteAssociation(HKEY_CLASSES_ROOT, *browsed_);
+        writeAssociation(HKEY_CLASSES_ROOT, *browsed_);
 }
 
-void ChooseProgramDialog::OnConfirm() {
+void ProgramChooser::OnConfirm() {
     const ProgramRecord* record = Selected();
     if (!record)
         return;
     StoreBrowsed(*record);
     if (SendMessageW(Control(IDC_ALWAYS_THIS_PROGRAM), BM_GETCHECK, 0, 0) == BST_CHECKED)
-        SetExtensionClass(HKEY_CLASSES_ROOT, Extension(), record->className.get());
+        setExtensionClass(HKEY_CLASSES_ROOT, Extension(), record->className.get());
     if (choice_.launch)
         StartOnFile(*record);
 }
 
-void ChooseProgramDialog::StartOnFile(const ProgramRecord& record) const {
+void ProgramChooser::StartOnFile(const ProgramRecord& record) const {
     Path document;
     if (!document.AssignChild(choice_.folder.View(), choice_.name.View()))
         return;
@@ -123,10 +123,10 @@ void ChooseProgramDialog::StartOnFile(const ProgramRecord& record) const {
     StartThroughShell({.file = program.get(), .parameters = parameters.get()});
 }
 
-void ChooseProgramDialog::ShowPrograms(std::wstring_view selectProgram) {
+void ProgramChooser::fillList(std::wstring_view selectProgramPath) {
     const WaitCursor wait;
     ShowWindow(List(), SW_HIDE);
-    ProgramList programs = EnumeratePrograms(HKEY_CLASSES_ROOT, Extension(), SystemFolder());
+    ProgramList programs = enumeratePrograms(HKEY_CLASSES_ROOT, Extension(), SystemFolder());
     AddBrowsed(programs);
     ImageListHandle icons(ImageList_Create(iconSize, iconSize, ILC_COLOR32 | ILC_MASK, 1, 2));
     // The shell may let messages in: the records are not the dialog's before it is done.
@@ -138,13 +138,13 @@ void ChooseProgramDialog::ShowPrograms(std::wstring_view selectProgram) {
     programs_ = std::move(programs);
     for (int row = 0; const ProgramRecord& record : programs_.records)
         AddProgram(record, row++);
-    SelectRow(RowToSelect(selectProgram));
+    SelectRow(RowToSelect(selectProgramPath));
     FitOnlyColumn(List());
     ShowWindow(List(), SW_SHOW);
     SetFocus(List());
 }
 
-int ChooseProgramDialog::AddIcon(const ProgramRecord& record, HIMAGELIST icons) {
+int ProgramChooser::AddIcon(const ProgramRecord& record, HIMAGELIST icons) {
     SHFILEINFOW info{};
     if (!ce::SHGetFileInfo(record.program.get(), 0, &info, sizeof(info), SHGFI_ICON | SHGFI_SMALLICON))
         return -1;
@@ -152,7 +152,7 @@ int ChooseProgramDialog::AddIcon(const ProgramRecord& record, HIMAGELIST icons) 
     return ImageList_ReplaceIcon(icons, -1, icon.Get());
 }
 
-void ChooseProgramDialog::AddProgram(const ProgramRecord& record, int row) {
+void ProgramChooser::AddProgram(const ProgramRecord& record, int row) {
     LVITEMW item{};
     item.mask = LVIF_TEXT | LVIF_IMAGE | LVIF_PARAM;
     item.iItem = row;
@@ -162,16 +162,17 @@ void ChooseProgramDialog::AddProgram(const ProgramRecord& record, int row) {
     SendMessageW(List(), LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
 }
 
-int ChooseProgramDialog::RowToSelect(std::wstring_view selectProgram) const {
+int ProgramChooser::RowToSelect(std::wstring_view selectProgramPath) const {
     const auto& records = programs_.records;
     const auto found = std::find_if(records.begin(), records.end(), [&](const ProgramRecord& record) {
-        return selectProgram.empty() ? EqualNoCase(record.className.get(), programs_.extensionClass.data())
-                                     : EqualNoCase(record.program.get(), selectProgram);
+        return selectProgramPath.empty()
+                   ? EqualNoCase(record.className.get(), programs_.extensionClass.data())
+                   : EqualNoCase(record.program.get(), selectProgramPath);
     });
     return found == records.end() ? -1 : static_cast<int>(found - records.begin());
 }
 
-void ChooseProgramDialog::SelectRow(int row) {
+void ProgramChooser::SelectRow(int row) {
     if (row < 0)
         return;
     LVITEMW item{};
@@ -181,7 +182,7 @@ void ChooseProgramDialog::SelectRow(int row) {
     SendMessageW(List(), LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
 }
 
-const ProgramRecord* ChooseProgramDialog::Selected() const {
+const ProgramRecord* ProgramChooser::Selected() const {
     LVITEMW item{};
     item.mask = LVIF_PARAM;
     item.iItem = static_cast<int>(
@@ -199,10 +200,10 @@ const ProgramRecord* ChooseProgramDialog::Selected() const {
     return nullptr;
 }
 
-HWND ChooseProgramDialog::List() const {
+HWND ProgramChooser::List() const {
     return Control(IDC_PROGRAM_LIST);
 }
 
-const wchar_t* ChooseProgramDialog::Extension() const {
+const wchar_t* ProgramChooser::Extension() const {
     return ExtensionOf(choice_.name.View()).data();
 }

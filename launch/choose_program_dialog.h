@@ -10,9 +10,9 @@
 #include "platform/handles.h"
 
 /// Ends with 1 for a program chosen, 0 otherwise.
-class ChooseProgramDialog final : public DialogFrame {
+class ProgramChooser final : public DialogFrame {
   public:
-    explicit ChooseProgramDialog(const ProgramChoice& choice);
+    explicit ProgramChooser(const ProgramChoice& choice);
 
   private:
     HWND OnInit() override;
@@ -24,13 +24,13 @@ class ChooseProgramDialog final : public DialogFrame {
     void AddBrowsed(ProgramList& programs) const;
     void StoreBrowsed(const ProgramRecord& chosen);
 
-    /// Finds the programs anew and shows them; selects `selectProgram`, or without one what opens such files
-    /// by now.
-    void ShowPrograms(std::wstring_view selectProgram);
+    /// Finds the programs anew and shows them; selects `selectProgramPath`, or without one what opens such
+    /// files by now.
+    void fillList(std::wstring_view selectProgramPath);
     void AddProgram(const ProgramRecord& record, int row);
     /// Puts the program's icon into `icons` and returns its place there.
     static int AddIcon(const ProgramRecord& record, HIMAGELIST icons);
-    int RowToSelect(std::wstring_view selectProgram) const;
+    int RowToSelect(std::wstring_view selectProgramPath) const;
     void SelectRow(int row);
     /// The selected program: the first of its description. Null when none is selected.
     const ProgramRecord* Selected() const;

@@ -63,6 +63,6 @@ class MemoryDialog final : public DialogFrame {
 
 } // namespace
 
-void ShowMemoryStatus() {
+void showMemoryStatus() {
     MemoryDialog().Run(appState.mainWindow);
 }

@@ -1,4 +1,4 @@
 #pragma once
 // "Memory Status": what is free of the program memory, the internal store and the storage cards.
 
-void ShowMemoryStatus();
+void showMemoryStatus();

@@ -25,7 +25,7 @@ bool Succeeded(DWORD result, const wchar_t* failure) {
 
 } // namespace
 
-bool NetworkFolderEnabled(bool ask) {
+bool networkFolderEnabled(bool ask) {
     const RegistryKey key = OpenRedirectorKey();
     std::uint32_t enabled = 0;
     if (key)
@@ -45,8 +45,8 @@ bool NetworkFolderEnabled(bool ask) {
     return false;
 }
 
-bool ConnectNetwork() {
-    if (!NetworkFolderEnabled(true))
+bool connectNetwork() {
+    if (!networkFolderEnabled(true))
         return false;
     NETRESOURCEW resource{};
     resource.dwType = RESOURCETYPE_DISK;
@@ -57,6 +57,6 @@ bool ConnectNetwork() {
     return Succeeded(ce::WNetConnectionDialog1W(&request), L"Network Connection failed.");
 }
 
-bool DisconnectNetwork() {
+bool disconnectNetwork() {
     return Succeeded(ce::WNetDisconnectDialog(appState.mainWindow, 0), L"Network Disconnection failed.");
 }

@@ -3,10 +3,10 @@
 
 /// Whether the device shows shares in its network folder. With `ask` the user is asked to enable it where it
 /// does not; that takes effect only after a reset, so the answer is no all the same.
-bool NetworkFolderEnabled(bool ask);
+bool networkFolderEnabled(bool ask);
 
 /// Has the user connect a share. True when one was: the panes are to show it.
-bool ConnectNetwork();
+bool connectNetwork();
 
 /// Has the user disconnect one. True when one was: the folder shown may be gone.
-bool DisconnectNetwork();
+bool disconnectNetwork();

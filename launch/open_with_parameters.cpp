@@ -50,7 +50,7 @@ class ParametersDialog final : public DialogFrame {
 
 } // namespace
 
-void OpenWithParameters() {
+void openWithParameters() {
     const std::optional<SelectionEntry> file = SelectedFile();
     Path path;
     if (!file || !path.AssignChild(file->folder.data(), file->name.data()))

@@ -2,4 +2,4 @@
 // "Parameters...": a file is opened with a command line that the user types.
 
 /// Asks for the parameters of the list's selected file and opens it.
-void OpenWithParameters();
+void openWithParameters();

@@ -50,7 +50,7 @@ std::wstring_view ProgramOfShortcut(std::wstring_view text) {
     return text.substr(0, text.find(L'"'));
 }
 
-void PreferredPrograms::Build(std::wstring_view folder, std::span<const HMENU> menus) {
+void PreferredPrograms::buildPreferredMenu(std::wstring_view folder, std::span<const HMENU> menus) {
     Remove(menus);
     Path pattern;
     if (!pattern.AssignPattern(folder))

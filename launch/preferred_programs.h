@@ -21,7 +21,7 @@ class PreferredPrograms {
   public:
     /// Looks into `folder` and gives each of the menus a separator and an entry for each program, in the
     /// place of what the last call put there. The same menus are meant each time.
-    void Build(std::wstring_view folder, std::span<const HMENU> menus);
+    void buildPreferredMenu(std::wstring_view folder, std::span<const HMENU> menus);
 
     /// What an entry starts; null for an index without one.
     const wchar_t* Target(int index) const;

@@ -39,7 +39,7 @@ void Beam(const wchar_t* parameters) {
 
 } // namespace
 
-void LaunchPreferred(int index) {
+void launchPreferred(int index) {
     const wchar_t* target = appState.fileList.preferredPrograms.Target(index);
     Path file;
     if (!target || !SelectedFilePath(file))
@@ -54,7 +54,7 @@ void LaunchPreferred(int index) {
     StartThroughShell({.file = program.Text(), .parameters = parameters});
 }
 
-void SendByMail(MailTransport transport) {
+void sendByMail(MailTransport transport) {
     const std::optional<SelectionEntry> entry = appState.fileList.EntryAt(appState.fileList.FirstSelected());
     if (entry && !mail.attachment.AssignChild(entry->folder.data(), entry->name.data()))
         return;
@@ -70,13 +70,13 @@ void SendByMail(MailTransport transport) {
     mail.process.Reset(started.hProcess);
 }
 
-void BeamFile() {
+void beamFile() {
     Path file;
     if (SelectedFilePath(file))
         Beam(file.Text());
 }
 
-void BeamNothing() {
+void beamNothing() {
     Beam(nullptr);
 }
 

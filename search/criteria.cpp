@@ -14,7 +14,7 @@ bool MatchesName(const SearchCriteria& criteria, const WIN32_FIND_DATAW& entry) 
     CopyTextTo(name, entry.cFileName);
     const std::size_t length = std::wcslen(name.data());
     FoldCase({name.data(), length});
-    return NameMatches({name.data(), length}, criteria.name.data());
+    return nameMatches({name.data(), length}, criteria.name.data());
 }
 
 } // namespace
@@ -83,14 +83,14 @@ bool MatchesSize(const SearchCriteria& criteria, std::uint32_t bytes) {
     }
 }
 
-bool MatchesOutside(const SearchCriteria& criteria, const WIN32_FIND_DATAW& entry) {
+bool MatchesOutside(const SearchCriteria& criteria, const WIN32_FIND_DATAW& findData) {
     const bool named = criteria.name[0] != L'\0';
-    if (named && !MatchesName(criteria, entry))
+    if (named && !MatchesName(criteria, findData))
         return false;
-    if (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
+    if (findData.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
         return named && criteria.dateMode == DateMode::Any && criteria.sizeMode == SizeMode::Any &&
                criteria.text[0] == L'\0';
-    if (criteria.dateMode != DateMode::Any && !MatchesDay(criteria, LocalDayOf(entry.ftLastWriteTime)))
+    if (criteria.dateMode != DateMode::Any && !MatchesDay(criteria, LocalDayOf(findData.ftLastWriteTime)))
         return false;
-    return MatchesSize(criteria, entry.nFileSizeLow);
+    return MatchesSize(criteria, findData.nFileSizeLow);
 }

@@ -23,7 +23,7 @@ struct SearchCriteria {
     DateMode dateMode = DateMode::Any;
     SizeMode sizeMode = SizeMode::Any;
     std::int32_t sizeKB = 0;
-    std::array<wchar_t, patternCapacity> name{}; // folded as NameMatches wants it
+    std::array<wchar_t, patternCapacity> name{}; // folded as nameMatches wants it
     PathText text{};
     DayKey firstDay{};
     DayKey lastDay{};
@@ -47,4 +47,4 @@ bool MatchesSize(const SearchCriteria& criteria, std::uint32_t bytes);
 
 /// Whether an entry is found by all that needs no look into it: for a file all but its text, for a folder
 /// everything. A folder is found by its name alone, when nothing else is asked for.
-bool MatchesOutside(const SearchCriteria& criteria, const WIN32_FIND_DATAW& entry);
+bool MatchesOutside(const SearchCriteria& criteria, const WIN32_FIND_DATAW& findData);

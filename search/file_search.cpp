@@ -11,7 +11,7 @@ void RunFileSearch() {
     InitCommonControlsEx(&controls);
     const bool panelShown = (GetSipFlags() & SIPF_ON) != 0;
     // Too large for the phone's stack.
-    const INT_PTR searched = std::make_unique<SearchDialog>()->Run(appState.mainWindow);
+    const INT_PTR searched = std::make_unique<FileSearch>()->Run(appState.mainWindow);
     if (!panelShown)
         ce::SipShowIM(SIPF_OFF);
     if (searched > 0)

@@ -18,7 +18,7 @@ void FoldCase(std::span<wchar_t> text) {
     CharUpperBuffW(text.data(), static_cast<DWORD>(text.size()));
 }
 
-bool NameMatches(std::wstring_view name, std::wstring_view pattern) {
+bool nameMatches(std::wstring_view name, std::wstring_view pattern) {
     while (!pattern.empty()) {
         if (pattern.front() == L'*') {
             pattern.remove_prefix(1);

@@ -29,9 +29,9 @@ constexpr int sizeBoxes[] = {IDC_SEARCH_SIZE_MODE, IDC_SEARCH_KILOBYTES};
 
 } // namespace
 
-SearchDialog::SearchDialog() : DialogFrame(look) {}
+FileSearch::FileSearch() : DialogFrame(look) {}
 
-HWND SearchDialog::OnInit() {
+HWND FileSearch::OnInit() {
     FillLists();
     ShowLocation(appState.fileList.CurrentFolder());
     SetDlgItemTextW(Window(), IDC_SEARCH_KILOBYTES, L"0");
@@ -43,7 +43,7 @@ HWND SearchDialog::OnInit() {
     return Control(IDC_SEARCH_NAME);
 }
 
-void SearchDialog::OnCommand(int id, int notification) {
+void FileSearch::OnCommand(int id, int notification) {
     switch (id) {
     case IDM_SEARCH_OK:
     case IDOK:
@@ -68,7 +68,7 @@ void SearchDialog::OnCommand(int id, int notification) {
     }
 }
 
-INT_PTR SearchDialog::OnMessage(UINT message, WPARAM, LPARAM) {
+INT_PTR FileSearch::OnMessage(UINT message, WPARAM, LPARAM) {
     switch (message) {
     case UM_SEARCH:
         return BeginSearch(), TRUE;
@@ -79,7 +79,7 @@ INT_PTR SearchDialog::OnMessage(UINT message, WPARAM, LPARAM) {
     }
 }
 
-void SearchDialog::FillLists() {
+void FileSearch::FillLists() {
     const auto add = [&](int list, const wchar_t* text) {
         SendMessageW(Control(list), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
     };
@@ -89,25 +89,25 @@ void SearchDialog::FillLists() {
         add(IDC_SEARCH_SIZE_MODE, text);
 }
 
-void SearchDialog::ShowLocation(const Path& folder) {
+void FileSearch::ShowLocation(const Path& folder) {
     const bool isFolder = !folder.IsEmpty() && !folder.IsSearchFolder();
     SetDlgItemTextW(Window(), IDC_SEARCH_LOCATION, isFolder ? folder.Text() : DeviceDisplayName());
 }
 
-void SearchDialog::FollowDateBox() {
+void FileSearch::FollowDateBox() {
     for (const int box : dateBoxes)
         EnableWindow(Control(box), IsChecked(IDC_SEARCH_DATE));
     const bool between = SelectionOf(IDC_SEARCH_DATE_MODE) == betweenEntry;
     ShowWindow(Control(IDC_SEARCH_LAST_DAY), between ? SW_SHOW : SW_HIDE);
 }
 
-void SearchDialog::FollowSizeBox() {
+void FileSearch::FollowSizeBox() {
     for (const int box : sizeBoxes)
         EnableWindow(Control(box), IsChecked(IDC_SEARCH_SIZE));
 }
 
-void SearchDialog::OnExplorer() {
-    FolderChoice choice;
+void FileSearch::OnExplorer() {
+    FolderChooserRequest choice;
     choice.folder = ReadLocation();
     if (ChooseFolder(L"File Search", choice, Window())) {
         ShowLocation(choice.folder);
@@ -117,7 +117,7 @@ void SearchDialog::OnExplorer() {
         appState.fileList.GoToFolder(appState.fileList.CurrentFolder().View(), treeRescan);
 }
 
-void SearchDialog::BeginSearch() {
+void FileSearch::BeginSearch() {
     ce::SipShowIM(SIPF_OFF);
     wait_.emplace();
     appState.fileList.searchResults.Clear();
@@ -127,14 +127,14 @@ void SearchDialog::BeginSearch() {
     SearchOn(firstStep);
 }
 
-void SearchDialog::SearchOn(DWORD milliseconds) {
+void FileSearch::SearchOn(DWORD milliseconds) {
     if (run_ && !run_->RunFor(milliseconds)) {
         run_.reset();
         End(1);
     }
 }
 
-void SearchDialog::ReadCriteria(SearchCriteria& criteria) const {
+void FileSearch::ReadCriteria(SearchCriteria& criteria) const {
     const auto read = [&](int id, auto& text) {
         return GetDlgItemTextW(Window(), id, text.data(), static_cast<int>(text.size()));
     };
@@ -155,22 +155,22 @@ void SearchDialog::ReadCriteria(SearchCriteria& criteria) const {
     criteria.sizeKB = static_cast<std::int32_t>(_wtol(number.data()));
 }
 
-Path SearchDialog::ReadLocation() const {
+Path FileSearch::ReadLocation() const {
     std::array<wchar_t, pathCapacity + 1> text{}; // one more than a path can have tells what is too long
     GetDlgItemTextW(Window(), IDC_SEARCH_LOCATION, text.data(), static_cast<int>(text.size()));
     return LocationOf(text.data());
 }
 
-DayKey SearchDialog::ReadDay(int picker) const {
+DayKey FileSearch::ReadDay(int picker) const {
     SYSTEMTIME day{};
     SendMessageW(Control(picker), DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&day));
     return DayOf(day);
 }
 
-bool SearchDialog::IsChecked(int box) const {
+bool FileSearch::IsChecked(int box) const {
     return SendMessageW(Control(box), BM_GETCHECK, 0, 0) == BST_CHECKED;
 }
 
-int SearchDialog::SelectionOf(int list) const {
+int FileSearch::SelectionOf(int list) const {
     return static_cast<int>(SendMessageW(Control(list), CB_GETCURSEL, 0, 0));
 }

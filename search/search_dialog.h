@@ -8,11 +8,11 @@
 #include "search/criteria.h"
 #include "search/walk.h"
 
-class SearchDialog : public DialogFrame {
+class FileSearch : public DialogFrame {
   public:
     /// The search runs from within the dialog, once it is hidden; the dialog ends with 1 after it, with 0
     /// when there was none.
-    SearchDialog();
+    FileSearch();
 
   private:
     HWND OnInit() override;

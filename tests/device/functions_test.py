@@ -117,11 +117,11 @@ class Callee:
     def NameToReselect(self, path, previous):
         return self.part("NameToReselect", *self.text(path), *self.text(previous))
 
-    def NameMatches(self, name, pattern):
+    def nameMatches(self, name, pattern):
         name, pattern = self.text(name), self.text(pattern)
         for length, place in (name, pattern):
             self.call("FoldCase", place, length)
-        return [self.call("NameMatches", *name, *pattern) & 1]
+        return [self.call("nameMatches", *name, *pattern) & 1]
 
     def _compare(self, function, attributes, ticks, size, name, *rest):
         entries = (attributes, ticks, size, name), rest[:4]

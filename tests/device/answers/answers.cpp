@@ -133,10 +133,10 @@ void Matches() {
     for (unsigned length = Below(7); pattern.size() < length;)
         pattern += wild[Below(static_cast<unsigned>(wild.size()))];
     std::wstring name = AsciiName();
-    Put("NameMatches"), Put(name), Put(pattern);
+    Put("nameMatches"), Put(name), Put(pattern);
     FoldCase(name);
     FoldCase(pattern);
-    Put(NameMatches(name, pattern)), EndLine();
+    Put(nameMatches(name, pattern)), EndLine();
 }
 
 WIN32_FIND_DATAW Entry() {

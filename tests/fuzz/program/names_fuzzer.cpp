@@ -48,14 +48,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Input input(data, size);
     const std::wstring few = input.TextOf(L"AB?.", 40);
     const std::wstring asked = input.TextOf(L"AB?*", 20);
-    Expect(NameMatches(few, asked) == PlainlyMatches(few, asked));
+    Expect(nameMatches(few, asked) == PlainlyMatches(few, asked));
     std::wstring name = input.Text(300);
     std::wstring pattern = input.Text(40);
     const std::wstring folder = input.Text(270);
     FoldCase(name);
     FoldCase(pattern);
-    Expect(NameMatches(name, pattern) == PlainlyMatches(name, pattern));
-    Expect(NameMatches(name, L"*"));
+    Expect(nameMatches(name, pattern) == PlainlyMatches(name, pattern));
+    Expect(nameMatches(name, L"*"));
 
     const std::wstring_view stored = StoredName(name);
     Expect(name.starts_with(stored));

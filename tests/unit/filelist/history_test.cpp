@@ -17,7 +17,7 @@ TEST(History, IsEmptyAtFirst) {
 
 TEST(History, BeginsWithTheFirstFolder) {
     History history;
-    history.Record(L"");
+    history.RecordHistory(L"");
     EXPECT_STREQ(history.Current(), L"");
     EXPECT_FALSE(history.HasBack());
     EXPECT_FALSE(history.HasForward());
@@ -25,16 +25,16 @@ TEST(History, BeginsWithTheFirstFolder) {
 
 TEST(History, GoesBackAndForwardAndDropsWhatCameAfter) {
     History history;
-    history.Record(L"\\Aa");
-    history.Record(L"\\Aa\\Bb");
-    history.Record(L"\\Aa\\Bb\\Cc");
+    history.RecordHistory(L"\\Aa");
+    history.RecordHistory(L"\\Aa\\Bb");
+    history.RecordHistory(L"\\Aa\\Bb\\Cc");
     EXPECT_STREQ(history.StepBack(), L"\\Aa\\Bb");
     EXPECT_STREQ(history.StepBack(), L"\\Aa");
     EXPECT_EQ(history.StepBack(), nullptr);
     EXPECT_STREQ(history.Current(), L"\\Aa");
     EXPECT_STREQ(history.StepForward(), L"\\Aa\\Bb");
     EXPECT_TRUE(history.HasForward());
-    history.Record(L"\\Dd");
+    history.RecordHistory(L"\\Dd");
     EXPECT_FALSE(history.HasForward());
     EXPECT_STREQ(history.Current(), L"\\Dd");
     EXPECT_STREQ(history.StepBack(), L"\\Aa\\Bb");
@@ -44,22 +44,22 @@ TEST(History, GoesBackAndForwardAndDropsWhatCameAfter) {
 
 TEST(History, KeepsItsWayWhenTheCurrentFolderIsShownAgain) {
     History history;
-    history.Record(L"\\Aa");
-    history.Record(L"\\Bb");
+    history.RecordHistory(L"\\Aa");
+    history.RecordHistory(L"\\Bb");
     history.StepBack();
-    history.Record(L"\\Aa");
+    history.RecordHistory(L"\\Aa");
     EXPECT_TRUE(history.HasForward()) << "a step back lists its folder, which is no new one";
-    history.Record(L"\\aa");
+    history.RecordHistory(L"\\aa");
     EXPECT_FALSE(history.HasForward()) << "another spelling is another folder";
     EXPECT_STREQ(history.StepBack(), L"\\Aa");
 }
 
 TEST(History, DropsTheRestFromItsFirstFolderToo) {
     History history;
-    history.Record(L"\\Aa");
-    history.Record(L"\\Bb");
+    history.RecordHistory(L"\\Aa");
+    history.RecordHistory(L"\\Bb");
     history.StepBack();
-    history.Record(L"\\Cc");
+    history.RecordHistory(L"\\Cc");
     EXPECT_STREQ(history.Current(), L"\\Cc");
     EXPECT_STREQ(history.StepBack(), L"\\Aa");
     EXPECT_FALSE(history.HasBack());
@@ -68,7 +68,7 @@ TEST(History, DropsTheRestFromItsFirstFolderToo) {
 TEST(History, KeepsItsOwnTexts) {
     History history;
     std::wstring folder = L"\\Aa";
-    history.Record(folder);
+    history.RecordHistory(folder);
     folder = L"\\Zz";
     EXPECT_STREQ(history.Current(), L"\\Aa");
 }
@@ -77,11 +77,11 @@ TEST(History, HasNoLimit) {
     constexpr int folders = 200000;
     History history;
     for (int number = 0; number < folders; ++number)
-        history.Record(L"\\" + std::to_wstring(number));
+        history.RecordHistory(L"\\" + std::to_wstring(number));
     for (int number = folders - 2; number >= 0; --number)
         ASSERT_TRUE(history.StepBack());
     EXPECT_STREQ(history.Current(), L"\\0");
-    history.Record(L"\\new");
+    history.RecordHistory(L"\\new");
     EXPECT_FALSE(history.HasForward()) << "the long rest is gone";
 }
 

@@ -32,7 +32,7 @@ class Favorites : public testing::Test {
     void Build() {
         Path folder;
         ASSERT_TRUE(folder.Assign(home.wstring()));
-        favorites.Build(menu.Get(), folder);
+        favorites.buildFavoritesMenu(menu.Get(), folder);
     }
     /// The entries: "-" for a separator, what is in a popup behind its text in brackets.
     static Texts TextsOf(HMENU menu) {
@@ -128,7 +128,7 @@ TEST_F(Favorites, ClearingLeavesTheMenusOwnEntries) {
     MakeFile(L"One.lnk");
     MakeFile(L"Sub/Deeper/Two.lnk");
     Build();
-    favorites.Clear(menu.Get());
+    favorites.clearFavoritesMenu(menu.Get());
     EXPECT_EQ(TextsOf(menu.Get()), (Texts{L"Add", L"Organize"}));
     EXPECT_EQ(favorites.Count(), 0);
     Build();

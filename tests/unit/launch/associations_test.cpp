@@ -41,7 +41,7 @@ class Associations : public testing::Test {
         return value ? value->AsText() : L"(none)";
     }
     ProgramList Enumerate(const wchar_t* extension = L".txt") {
-        return EnumeratePrograms(root_.Get(), extension, L"\\Windows");
+        return enumeratePrograms(root_.Get(), extension, L"\\Windows");
     }
     std::vector<std::wstring> Found(const wchar_t* extension = L".txt") {
         std::vector<std::wstring> found;
@@ -101,17 +101,17 @@ TEST_F(Associations, HostileValuesAreSkipped) {
 TEST_F(Associations, AreWrittenAndFoundAgain) {
     MakeProgram();
     EXPECT_TRUE(
-        WriteAssociation(root_.Get(), ComposeAssociation({.program = L"\\Windows\\tool.exe"}, L"\\Windows")));
+        writeAssociation(root_.Get(), ComposeAssociation({.program = L"\\Windows\\tool.exe"}, L"\\Windows")));
     EXPECT_EQ(Stored(L"tool"), L"tool");
     EXPECT_EQ(Stored(L"tool\\Shell\\Open\\Command"), L"tool.exe \"%1\"");
     EXPECT_EQ(Stored(L"tool\\DefaultIcon"), L"tool.exe,0");
     EXPECT_EQ(Found(), (Texts{L"tool|tool|\\Windows\\tool.exe|\"%1\""}));
-    EXPECT_TRUE(SetExtensionClass(root_.Get(), L".xyz", L"tool"));
+    EXPECT_TRUE(setExtensionClass(root_.Get(), L".xyz", L"tool"));
     EXPECT_EQ(Stored(L".xyz"), L"tool");
 }
 
 TEST_F(Associations, WhatCannotBeWrittenIsReported) {
     const HKEY none = reinterpret_cast<HKEY>(1);
-    EXPECT_FALSE(WriteAssociation(none, ComposeAssociation({.program = L"\\tool.exe"}, L"\\Windows")));
-    EXPECT_FALSE(SetExtensionClass(none, L".xyz", L"tool"));
+    EXPECT_FALSE(writeAssociation(none, ComposeAssociation({.program = L"\\tool.exe"}, L"\\Windows")));
+    EXPECT_FALSE(setExtensionClass(none, L".xyz", L"tool"));
 }

@@ -42,7 +42,7 @@ class PreferredProgramsTest : public testing::Test {
         DWORD written = 0;
         WriteFile(file.Get(), content.data(), static_cast<DWORD>(content.size()), &written, nullptr);
     }
-    void Build() { programs_.Build(folder, menus_); }
+    void Build() { programs_.buildPreferredMenu(folder, menus_); }
 
     /// The entries behind the six of its own, "-" for a separator.
     Texts Entries(std::size_t which) const {
@@ -107,8 +107,8 @@ TEST_F(PreferredProgramsTest, BecomeEntriesOfBothMenus) {
 TEST_F(PreferredProgramsTest, NoneLeaveTheMenusAlone) {
     Build();
     EXPECT_EQ(Entries(0), Texts{});
-    programs_.Build(L"\\Temp\\missing", menus_);
-    programs_.Build(std::wstring(259, L'x'), menus_);
+    programs_.buildPreferredMenu(L"\\Temp\\missing", menus_);
+    programs_.buildPreferredMenu(std::wstring(259, L'x'), menus_);
     EXPECT_EQ(Entries(1), Texts{});
 }
 

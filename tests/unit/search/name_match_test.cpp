@@ -12,7 +12,7 @@ std::wstring Folded(std::wstring text) {
 }
 
 bool Found(const std::wstring& name, const std::wstring& pattern) {
-    return NameMatches(Folded(name), Folded(pattern));
+    return nameMatches(Folded(name), Folded(pattern));
 }
 
 } // namespace
