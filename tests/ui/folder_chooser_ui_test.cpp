@@ -107,7 +107,8 @@ TEST_F(FolderChooserUi, WhatWasSelectedIsMovedWhateverTheListShowsMeanwhile) {
     FinishJob();
     EXPECT_EQ(device.Content(L"\\a.txt"), "a");
     EXPECT_TRUE(device.IsFolder(L"\\To\\Inner"));
-    EXPECT_EQ(program.List().Names(), Texts{L"Sub"});
+    EXPECT_EQ(device.NamesIn(L"\\From"), Texts{L"Sub"});
+    EXPECT_EQ(program.List().Names(), Texts{L"Inner"}); // of the folder asked for last
 }
 
 TEST_F(FolderChooserUi, TheUpLevelEntryIsPassedOver) {
