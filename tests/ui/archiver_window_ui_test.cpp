@@ -73,7 +73,7 @@ class ArchiverWindowUi : public AnswersUi {
         WaitFor("for its middle",
                 [&] { return GetForegroundWindow() == progress.Window() && FilesDone(progress) >= files; });
         const double begun = Now();
-        PressLeftSoftKey();
+        Dialog(progress).Command(IDM_JOB_CANCEL); // as the soft key does, but not by way of a busy screen
         while (!program.HasMessageBox() && Now() - begun < givesUp)
             Sleep(1);
         return Now() - begun;

@@ -14,7 +14,8 @@ class HangingDiskUi : public TransferUi {
         Dialog progress = program.WaitForDialog(title);
         progress.Command(IDM_JOB_CANCEL);
         const DWORD cancelled = GetTickCount();
-        EXPECT_EQ(progress.Item(IDC_JOB_STATUS).Text(), L"Canceling...");
+        EXPECT_TRUE(
+            HoldsWithin(1500, [&] { return progress.Item(IDC_JOB_STATUS).Text() == L"Canceling..."; }));
         WaitFor(
             "for the job to end", [&] { return !program.HasDialog(); }, 15000);
         return GetTickCount() - cancelled;
