@@ -163,6 +163,7 @@ TEST_F(PropertiesUi, OfAFolderAndItsContents) {
 }
 
 TEST_F(PropertiesUi, RenamesAFolderInListAndTree) {
+    ShowTree();
     device.Folder(L"\\Temp\\p\\old");
     Dialog dialog = Open(L"\\Temp\\p", {L"old"});
     dialog.Item(IDC_ENTRY_NAME).SetText(L"new");
