@@ -34,10 +34,10 @@ class SingleSteps final : public ce::TreeSteps, private CopyWatch {
     struct Level {
         FindHandle find;
         std::unique_ptr<WIN32_FIND_DATAW> next; // what it tells next
-        bool hasNext;
-        bool isCard;
-        std::size_t sourceLength; // of the paths
-        std::size_t targetLength;
+        bool hasNext = false;
+        bool isCard = false;
+        std::size_t sourceLength = 0; // of the paths
+        std::size_t targetLength = 0;
     };
 
     bool KeepGoing() override { return watch_->KeepGoing(); }
@@ -130,7 +130,11 @@ ce::StepResult SingleSteps::Enter(bool isCard) {
         return ce::StepResult::Done;
     if (existed && PlaceOfFolder(target_.View()).IsWithin(PlaceOfFolder(source_.View())))
         return ce::StepResult::Failed; // a link has led back
-    Level level{{}, std::make_unique<WIN32_FIND_DATAW>(), false, isCard, source_.Length(), target_.Length()};
+    Level level;
+    level.next = std::make_unique<WIN32_FIND_DATAW>();
+    level.isCard = isCard;
+    level.sourceLength = source_.Length();
+    level.targetLength = target_.Length();
     if (!source_.Append(L"\\*.*"))
         return ce::StepResult::Failed;
     level.find.Reset(ce::FindFirstFileW(source_.Text(), level.next.get()));
