@@ -161,7 +161,7 @@ TEST_F(ArchiverWindowUi, CancelEndsExtractingAtOnce) {
 }
 
 TEST_F(ArchiverWindowUi, CancelEndsTheExtractionOfALargeFileAtOnce) {
-    RunOnHost("cd Docs; yes 'a line that packs well' | head -c 600000000 | zip -q1 large.zip -");
+    RunOnHost("cd Docs; yes 'a line that packs well' | head -c 2000000000 | zip -q1 large.zip -");
     StartIn(L"\\Docs");
     ExpectInTime([&] {
         RunOnHost("rm -rf Docs/large");
